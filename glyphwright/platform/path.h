@@ -1,0 +1,113 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include <glyphwright/platform/geometry.h>
+
+namespace glyphwright {
+
+/// What one path element does; the comment gives the number of points it carries.
+enum class PathVerb : std::uint8_t {
+  move,   // 1: the point
+  line,   // 1: the end
+  quad,   // 2: control, end
+  cubic,  // 3: control 1, control 2, end
+  close,  // 0
+};
+
+/// The number of points that an element of this kind carries.
+constexpr std::size_t pointCount(PathVerb verb) {
+  constexpr std::uint8_t counts[] = {1, 1, 2, 3, 0};
+  return counts[static_cast<std::size_t>(verb)];
+}
+
+/// Corners of a rectangle, as bits.
+enum class UIRectCorner : std::uint32_t {
+  none = 0,
+  topLeft = 1,
+  topRight = 2,
+  bottomLeft = 4,
+  bottomRight = 8,
+  allCorners = 0xFFFFFFFF,
+};
+constexpr UIRectCorner operator|(UIRectCorner a, UIRectCorner b) {
+  return static_cast<UIRectCorner>(static_cast<std::uint32_t>(a) | static_cast<std::uint32_t>(b));
+}
+constexpr bool contains(UIRectCorner set, UIRectCorner corner) {
+  return (static_cast<std::uint32_t>(set) & static_cast<std::uint32_t>(corner)) != 0;
+}
+
+/// Pure geometry: a list of move, line, quad, cubic and close elements in points, y down. A value;
+/// copies are independent. Non-finite points are stored as given; painting such a path paints
+/// nothing.
+///
+/// A line, curve or close without a current point is ignored. A line or curve after a close starts
+/// a new subpath at the closed one's first point, with an explicit move; a second close in a row
+/// does nothing.
+class CGPath {
+ public:
+  void moveToPoint(CGPoint point);
+  void addLineToPoint(CGPoint point);
+  void addQuadCurveToPoint(CGPoint point, CGPoint control);
+  void addCurveToPoint(CGPoint point, CGPoint control1, CGPoint control2);
+  void closeSubpath();
+
+  /// Adds a circular arc. Angles are radians, 0 at +x, π/2 at +y; `clockwise` runs with increasing
+  /// angle (clockwise on screen). With a current point a line joins it to the arc's first point,
+  /// otherwise the arc starts with a move. A sweep beyond a full turn is one full turn; a sweep or
+  /// radius of zero adds the joining move or line only; non-finite angles or radius add nothing.
+  void addArc(CGPoint center, CGFloat radius, CGFloat startAngle, CGFloat endAngle, bool clockwise);
+  /// A move to the first point and lines to the others, each through `transform`.
+  void addLines(std::span<const CGPoint> between,
+                const CGAffineTransform& transform = CGAffineTransformIdentity);
+  /// Clockwise on screen from the upper left corner, closed.
+  void addRect(const CGRect& rect);
+  /// Four cubics clockwise on screen from the right-hand middle, closed.
+  void addEllipseInRect(const CGRect& rect);
+  /// Clockwise on screen; corners in `corners` get quarter ellipses of `radii`, each clamped to
+  /// half the side (negative or NaN reads as 0), the others are square.
+  void addRoundedRect(const CGRect& rect, UIRectCorner corners, CGSize radii);
+  /// Appends the other path's elements after this one's, without a joining line. `other` may be
+  /// this path itself.
+  void addPath(const CGPath& other);
+
+  /// Maps every point through `transform`.
+  void applyTransform(const CGAffineTransform& transform);
+  /// Each subpath run backwards on its own, in the same order, closed where it was closed.
+  CGPath reversed() const;
+
+  /// True until the first element.
+  bool isEmpty() const { return verbs_.empty(); }
+  /// The point where the next segment starts; (0, 0) without one.
+  CGPoint currentPoint() const { return current_; }
+  /// The box around all points, control points included; a move that no segment follows does not
+  /// count. The null rectangle when nothing counts.
+  CGRect boundingBox() const;
+  /// False when any coordinate is NaN or infinite.
+  bool isFinite() const;
+
+  std::span<const PathVerb> verbs() const { return verbs_; }
+  std::span<const CGPoint> points() const { return points_; }
+
+  /// Room for this many elements and points without another allocation.
+  void reserve(std::size_t verbs, std::size_t points);
+
+  friend bool operator==(const CGPath& a, const CGPath& b) {
+    return a.verbs_ == b.verbs_ && a.points_ == b.points_;
+  }
+
+ private:
+  bool beginSegment();
+
+  std::vector<PathVerb> verbs_;
+  std::vector<CGPoint> points_;
+  CGPoint current_;
+  CGPoint subpathStart_;
+};
+
+using CGMutablePath = CGPath;
+
+}  // namespace glyphwright

@@ -6,6 +6,7 @@
 #include <span>
 
 #include <glyphwright/platform/path.h>
+#include <glyphwright/platform/stroke_style.h>
 
 namespace glyphwright {
 
@@ -20,9 +21,6 @@ class UIImage;
 class VNTLGradientShapeLayer;
 enum class VNTLIconType : std::int64_t;
 struct IconAttributes;
-
-enum class CGLineCap : std::uint8_t { butt = 0, round = 1, square = 2 };
-enum class CGLineJoin : std::uint8_t { miter = 0, round = 1, bevel = 2 };
 
 /// A path together with how it is to be painted: the fill rule and the stroke attributes. A value;
 /// copies are independent. Coordinates are points, y down.

@@ -16,14 +16,20 @@ struct Step {
   CGPoint control2;
 };
 
-constexpr Step move(CGFloat x, CGFloat y) { return {PathVerb::move, {x, y}, {}, {}}; }
-constexpr Step line(CGFloat x, CGFloat y) { return {PathVerb::line, {x, y}, {}, {}}; }
+constexpr Step move(CGFloat x, CGFloat y) {
+  return {PathVerb::move, {x, y}, {}, {}};
+}
+constexpr Step line(CGFloat x, CGFloat y) {
+  return {PathVerb::line, {x, y}, {}, {}};
+}
 /// A cubic to (x, y): the end first, then the two control points.
 constexpr Step curve(CGFloat x, CGFloat y, CGFloat control1X, CGFloat control1Y, CGFloat control2X,
                      CGFloat control2Y) {
   return {PathVerb::cubic, {x, y}, {control1X, control1Y}, {control2X, control2Y}};
 }
-constexpr Step close() { return {PathVerb::close, {}, {}, {}}; }
+constexpr Step close() {
+  return {PathVerb::close, {}, {}, {}};
+}
 
 /// A new path drawn by `steps`, non-zero rule, default stroke attributes.
 UIBezierPath outline(std::span<const Step> steps);

@@ -70,7 +70,8 @@ CGRect CGRectApplyAffineTransform(const CGRect& rect, const CGAffineTransform& t
   const CGFloat x1 = CGRectGetMaxX(rect);
   const CGFloat y1 = CGRectGetMaxY(rect);
   CGRect box = CGRectNull;
-  for (const CGPoint corner : {CGPoint{x0, y0}, CGPoint{x1, y0}, CGPoint{x1, y1}, CGPoint{x0, y1}}) {
+  for (const CGPoint corner :
+       {CGPoint{x0, y0}, CGPoint{x1, y0}, CGPoint{x1, y1}, CGPoint{x0, y1}}) {
     box = CGRectUnion(box, {CGPointApplyAffineTransform(corner, transform), CGSize{}});
   }
   return box;

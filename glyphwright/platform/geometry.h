@@ -54,8 +54,12 @@ constexpr CGFloat CGRectGetMaxX(const CGRect& r) {
 constexpr CGFloat CGRectGetMaxY(const CGRect& r) {
   return r.size.height < 0 ? r.origin.y : r.origin.y + r.size.height;
 }
-constexpr CGFloat CGRectGetMidX(const CGRect& r) { return r.origin.x + r.size.width * 0.5; }
-constexpr CGFloat CGRectGetMidY(const CGRect& r) { return r.origin.y + r.size.height * 0.5; }
+constexpr CGFloat CGRectGetMidX(const CGRect& r) {
+  return r.origin.x + r.size.width * 0.5;
+}
+constexpr CGFloat CGRectGetMidY(const CGRect& r) {
+  return r.origin.y + r.size.height * 0.5;
+}
 constexpr CGFloat CGRectGetWidth(const CGRect& r) {
   return r.size.width < 0 ? -r.size.width : r.size.width;
 }

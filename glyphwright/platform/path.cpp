@@ -237,13 +237,18 @@ CGPath CGPath::reversed() const {
     result.moveToPoint(points_[at]);
     for (std::size_t segment = end; segment-- > firstSegment;) {
       switch (verbs_[segment]) {
-        case PathVerb::line: result.addLineToPoint(points_[at - 1]); break;
-        case PathVerb::quad: result.addQuadCurveToPoint(points_[at - 2], points_[at - 1]); break;
+        case PathVerb::line:
+          result.addLineToPoint(points_[at - 1]);
+          break;
+        case PathVerb::quad:
+          result.addQuadCurveToPoint(points_[at - 2], points_[at - 1]);
+          break;
         case PathVerb::cubic:
           result.addCurveToPoint(points_[at - 3], points_[at - 1], points_[at - 2]);
           break;
         case PathVerb::move:
-        case PathVerb::close: break;
+        case PathVerb::close:
+          break;
       }
       at -= pointCount(verbs_[segment]);
     }
@@ -286,9 +291,8 @@ CGRect CGPath::boundingBox() const {
 }
 
 bool CGPath::isFinite() const {
-  return std::all_of(points_.begin(), points_.end(), [](const CGPoint& p) {
-    return std::isfinite(p.x) && std::isfinite(p.y);
-  });
+  return std::all_of(points_.begin(), points_.end(),
+                     [](const CGPoint& p) { return std::isfinite(p.x) && std::isfinite(p.y); });
 }
 
 }  // namespace glyphwright

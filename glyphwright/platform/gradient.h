@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include <glyphwright/platform/color.h>
+
+namespace glyphwright {
+
+/// Named spaces a gradient may be asked in; all three are the same space here.
+enum class CGColorSpace : std::uint8_t { genericRGB, deviceRGB, sRGB };
+constexpr CGColorSpace CGColorSpaceCreateDeviceRGB() {
+  return CGColorSpace::deviceRGB;
+}
+
+/// Which sides of a gradient its end colours run on over, as bits.
+enum class CGGradientDrawingOptions : std::uint32_t {
+  none = 0,
+  drawsBeforeStartLocation = 1,
+  drawsAfterEndLocation = 2,
+  drawsBeforeAndAfter = 3,
+};
+constexpr bool contains(CGGradientDrawingOptions set, CGGradientDrawingOptions option) {
+  return (static_cast<std::uint32_t>(set) & static_cast<std::uint32_t>(option)) != 0;
+}
+
+/// Colours at locations from 0 to 1 along a line, interpolated on encoded components that are not
+/// premultiplied. Immutable; equal locations make a hard edge.
+class CGGradient {
+ public:
+  struct Stop {
+    CGFloat location;  // 0…1, never below the one before
+    CGColor color;     // components clamped to 0…1
+  };
+
+  /// Locations clamped to 0…1 (NaN is 0) and stably sorted.
+  explicit CGGradient(std::vector<Stop> stops);
+
+  std::span<const Stop> stops() const { return stops_; }
+
+ private:
+  std::vector<Stop> stops_;
+};
+
+/// `CGGradientCreateWithColors`: without locations the colours are spread evenly from 0 to 1.
+/// Nothing for no colours or fewer locations than colours; surplus locations are ignored; one
+/// colour is a solid.
+std::optional<CGGradient> CGGradientCreateWithColors(
+    std::optional<CGColorSpace> space, std::span<const CGColor> colors,
+    std::optional<std::span<const CGFloat>> locations);
+
+}  // namespace glyphwright

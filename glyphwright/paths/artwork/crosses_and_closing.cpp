@@ -66,6 +66,115 @@ UIBezierPath UIBezierPath::gamepadNopeXPath() {
   return outline(steps);
 }
 
+UIBezierPath UIBezierPath::nopeIconStamp() {
+  static constexpr Step stamp[] = {
+      // disc
+      move(42.4, 0.64),
+      curve(84.16, 42.4, 65.46, 0.64, 84.16, 19.34),
+      curve(42.4, 84.16, 84.16, 65.46, 65.46, 84.16),
+      curve(0.64, 42.4, 19.34, 84.16, 0.64, 65.46),
+      curve(42.4, 0.64, 0.64, 19.34, 19.34, 0.64),
+      close(),
+      // N
+      move(14.4, 27.6),
+      line(14.4, 57.2),
+      curve(15.6, 58.4, 14.4, 57.86, 14.94, 58.4),
+      line(20.2, 58.4),
+      curve(21.4, 57.2, 20.86, 58.4, 21.4, 57.86),
+      line(21.4, 41),
+      line(29.77, 57.74),
+      curve(30.84, 58.4, 29.97, 58.14, 30.39, 58.4),
+      line(37.2, 58.4),
+      curve(38.4, 57.2, 37.86, 58.4, 38.4, 57.86),
+      line(38.4, 27.6),
+      curve(37.2, 26.4, 38.4, 26.94, 37.86, 26.4),
+      line(32.6, 26.4),
+      curve(31.4, 27.6, 31.94, 26.4, 31.4, 26.94),
+      line(31.4, 43.8),
+      line(23.03, 27.06),
+      curve(21.96, 26.4, 22.83, 26.66, 22.41, 26.4),
+      line(15.6, 26.4),
+      curve(14.4, 27.6, 14.94, 26.4, 14.4, 26.94),
+      close(),
+      // outside of the O
+      move(57.15, 25.76),
+      curve(43.9, 42.4, 49.2, 25.76, 43.9, 32.42),
+      curve(57.15, 59.04, 43.9, 52.38, 49.2, 59.04),
+      curve(70.4, 42.4, 65.1, 59.04, 70.4, 52.38),
+      curve(57.15, 25.76, 70.4, 32.42, 65.1, 25.76),
+      close(),
+  };
+  static constexpr Step counterOfTheO[] = {
+      move(57.15, 32.3),
+      curve(63.4, 42.4, 60.78, 32.3, 63.4, 36.54),
+      curve(57.15, 52.5, 63.4, 48.26, 60.78, 52.5),
+      curve(50.9, 42.4, 53.53, 52.5, 50.9, 48.26),
+      curve(57.15, 32.3, 50.9, 36.54, 53.53, 32.3),
+      close(),
+  };
+  UIBezierPath path = outline(stamp);
+  path.appendPath(outline(counterOfTheO));
+  path.setUsesEvenOddFillRule(true);
+  return path;
+}
+
+UIBezierPath UIBezierPath::webViewCloseIcon() {
+  static constexpr Step steps[] = {
+      move(14.92, 0),   line(15.9, 1),    line(8.95, 7.8), line(15.9, 14.6), line(14.92, 15.6),
+      line(7.95, 8.78), line(0.98, 15.6), line(0, 14.6),   line(6.95, 7.8),  line(0, 1),
+      line(0.98, 0),    line(7.95, 6.82), line(14.92, 0),  close(),
+  };
+  return outline(steps);
+}
+
+UIBezierPath UIBezierPath::clearLocationIconPath() {
+  static constexpr Step steps[] = {
+      // pin
+      move(9, 0),
+      curve(18, 9, 13.97, 0, 18, 4.03),
+      curve(9.57, 23.71, 18, 13.3, 12.86, 19.18),
+      curve(9, 24, 9.43, 23.89, 9.22, 24),
+      curve(8.43, 23.71, 8.78, 24, 8.57, 23.89),
+      curve(0, 9, 5.14, 19.18, 0, 13.3),
+      curve(9, 0, 0, 4.03, 4.03, 0),
+      close(),
+      // cross, counter-wound
+      move(11.29, 5.29),
+      line(9, 7.59),
+      line(6.71, 5.29),
+      curve(6, 5, 6.52, 5.11, 6.27, 5),
+      curve(5, 6, 5.45, 5, 5, 5.45),
+      curve(5.29, 6.71, 5, 6.27, 5.11, 6.52),
+      line(7.59, 9),
+      line(5.29, 11.29),
+      curve(5, 12, 5.11, 11.48, 5, 11.73),
+      curve(6, 13, 5, 12.55, 5.45, 13),
+      curve(6.71, 12.71, 6.27, 13, 6.52, 12.89),
+      line(9, 10.41),
+      line(11.29, 12.71),
+      curve(12, 13, 11.48, 12.89, 11.73, 13),
+      curve(13, 12, 12.55, 13, 13, 12.55),
+      curve(12.71, 11.29, 13, 11.73, 12.89, 11.48),
+      line(10.41, 9),
+      line(12.71, 6.71),
+      curve(13, 6, 12.89, 6.52, 13, 6.27),
+      curve(12, 5, 13, 5.45, 12.55, 5),
+      curve(11.29, 5.29, 11.73, 5, 11.48, 5.11),
+      close(),
+  };
+  return evenOddOutline(steps);
+}
+
+// The arms run into the corners of the box and are clipped by it.
+UIBezierPath UIBezierPath::upsellX() {
+  static constexpr Step steps[] = {
+      move(0, 0),    line(1.84, 0),   line(8, 6.16), line(14.16, 0),  line(16, 0),   line(16, 1.84),
+      line(9.84, 8), line(16, 14.16), line(16, 16),  line(14.16, 16), line(8, 9.84), line(1.84, 16),
+      line(0, 16),   line(0, 14.16),  line(6.16, 8), line(0, 1.84),   line(0, 0),    close(),
+  };
+  return evenOddOutline(steps);
+}
+
 // Two bare strokes: shows only when stroked.
 UIBezierPath UIBezierPath::chatActionBarCloseIcon() {
   UIBezierPath path;
@@ -74,6 +183,47 @@ UIBezierPath UIBezierPath::chatActionBarCloseIcon() {
   path.moveToPoint({12, 0});
   path.addLineToPoint({0, 12});
   path.setLineWidth(2);
+  path.setLineCapStyle(CGLineCap::round);
+  path.setLineJoinStyle(CGLineJoin::round);
+  return path;
+}
+
+// Reads filled, stroked or both: the cross is thick enough for the stroke to eat from it.
+UIBezierPath UIBezierPath::liveOpsMoodraPromptCloseButton() {
+  static constexpr Step steps[] = {
+      // disc
+      move(12, 0),
+      curve(24, 12, 18.63, 0, 24, 5.37),
+      curve(12, 24, 24, 18.63, 18.63, 24),
+      curve(0, 12, 5.37, 24, 0, 18.63),
+      curve(12, 0, 0, 5.37, 5.37, 0),
+      close(),
+      // cross, counter-wound
+      move(14.44, 7.44),
+      line(12, 9.88),
+      line(9.56, 7.44),
+      curve(8.5, 7, 9.28, 7.16, 8.9, 7),
+      curve(7, 8.5, 7.67, 7, 7, 7.67),
+      curve(7.44, 9.56, 7, 8.9, 7.16, 9.28),
+      line(9.88, 12),
+      line(7.44, 14.44),
+      curve(7, 15.5, 7.16, 14.72, 7, 15.1),
+      curve(8.5, 17, 7, 16.33, 7.67, 17),
+      curve(9.56, 16.56, 8.9, 17, 9.28, 16.84),
+      line(12, 14.12),
+      line(14.44, 16.56),
+      curve(15.5, 17, 14.72, 16.84, 15.1, 17),
+      curve(17, 15.5, 16.33, 17, 17, 16.33),
+      curve(16.56, 14.44, 17, 15.1, 16.84, 14.72),
+      line(14.12, 12),
+      line(16.56, 9.56),
+      curve(17, 8.5, 16.84, 9.28, 17, 8.9),
+      curve(15.5, 7, 17, 7.67, 16.33, 7),
+      curve(14.44, 7.44, 15.1, 7, 14.72, 7.16),
+      close(),
+  };
+  UIBezierPath path = outline(steps);
+  path.setLineWidth(1);
   path.setLineCapStyle(CGLineCap::round);
   path.setLineJoinStyle(CGLineJoin::round);
   return path;

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include <glyphwright/platform/path.h>
+#include <glyphwright/platform/raster/pixel_rect.h>
+
+namespace glyphwright::raster {
+
+/// Vertical positions count in 1/1024 pixel, and full coverage of a pixel is 1024 units, so that
+/// the height of an edge inside a row is its coverage and sums over a row come out exactly.
+inline constexpr int kUnitsPerPixel = 1024;
+inline constexpr int kUnitShift = 10;
+
+/// A straight edge inside a region: x in pixels from the region's left, y in units from its top.
+/// Never level (y0 ≠ y1); x within 0…width, y within 0…height.
+struct Edge {
+  float x0;
+  float x1;
+  std::int32_t y0;
+  std::int32_t y1;
+};
+
+/// The edges of one shape, relative to the pixels it may touch.
+struct EdgeList {
+  PixelRect region;
+  std::vector<Edge> edges;
+  /// How often a contour changes between running down and running up, over all contours: no pixel
+  /// is wound round more often than half of this.
+  int verticalRuns = 0;
+};
+
+/// Contours of straight lines in device pixels, each closed by an implicit edge to its start.
+struct Polygons {
+  struct Point {
+    double x;
+    double y;
+  };
+  std::vector<Point> points;
+  std::vector<std::size_t> ends;  // one past the last point of each contour
+
+  void clear() {
+    points.clear();
+    ends.clear();
+  }
+  void endContour() {
+    if (points.size() > (ends.empty() ? 0 : ends.back())) ends.push_back(points.size());
+  }
+};
+
+/// The box around a path's points under `toDevice`, control points included; NaN or infinite
+/// points give a box that touches no pixel. `devicePoints` receives the mapped points.
+DeviceBox mapPoints(const CGPath& path, const CGAffineTransform& toDevice,
+                    std::vector<CGPoint>& devicePoints);
+
+/// Flattens a path whose points have been mapped to device pixels; open subpaths are closed. A
+/// curve becomes as many chords as keep it within `tolerance` pixels, and the chords' inner points
+/// are moved out so that the area under the curve is kept.
+void edgesOfPath(const CGPath& path, const std::vector<CGPoint>& devicePoints,
+                 const PixelRect& region, double tolerance, EdgeList& out);
+
+void edgesOfPolygons(const Polygons& polygons, const PixelRect& region, EdgeList& out);
+
+/// The flattening tolerance of fills, in pixels.
+inline constexpr double kFillTolerance = 0.03;
+
+}  // namespace glyphwright::raster

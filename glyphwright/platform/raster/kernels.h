@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace glyphwright::raster {
+
+enum class FillRule : std::uint8_t { nonZero, evenOdd };
+
+/// Coverage and other fractions travel as 15-bit fixed point; this is one.
+inline constexpr int kOne = 32767;
+
+/// The product of two 15-bit fractions, or of a fraction and any 16-bit value, rounded.
+constexpr int scaled(int value, int fraction) { return (value * fraction + 0x4000) >> 15; }
+
+/// Colour channels travel in 1/64 of a level of 255 until their one rounding to 8 bits.
+inline constexpr int kChannelOne = 255 * 64;
+constexpr std::uint8_t toByte(int channel64) {
+  return static_cast<std::uint8_t>((channel64 + 32) >> 6);
+}
+
+/// A premultiplied colour: red, green, blue in 1/64 levels and alpha likewise, with alpha again as
+/// a fraction.
+struct SolidColor {
+  std::int16_t channels[4] = {0, 0, 0, 0};
+  std::int16_t alpha = 0;
+
+  bool isOpaque() const { return alpha == kOne; }
+  bool isClear() const { return alpha == 0; }
+};
+
+/// The loops that touch pixels. One table for each instruction set, all equal to the scalar one
+/// bit for bit; kernels_scalar.cpp is the text that explains them.
+struct Kernels {
+  /// Sums `count` cells (a multiple of kBlock) from `carry` on, folds the winding by the rule into
+  /// coverage, sets the cells back to zero and gives the sum.
+  int (*sumNarrow)(std::int16_t* cells, std::size_t count, int carry, FillRule rule,
+                   std::uint16_t* coverage);
+  int (*sumWide)(std::int32_t* cells, std::size_t count, int carry, FillRule rule,
+                 std::uint16_t* coverage);
+  /// Pixels := colour × coverage, whatever was there.
+  void (*writeSolid)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
+                     const SolidColor& color);
+  /// Pixels := colour × coverage over the pixels.
+  void (*blendSolid)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
+                     const SolidColor& color);
+  /// The same with a premultiplied source pixel for each pixel.
+  void (*writePixels)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
+                      const std::uint8_t* source);
+  void (*blendPixels)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
+                      const std::uint8_t* source);
+  /// coverage := coverage × other, or × one fraction.
+  void (*multiplyCoverage)(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count);
+  void (*scaleCoverage)(std::uint16_t* coverage, int fraction, std::size_t count);
+  /// out[i] := sum of taps[k] × rows[k][i], for a vertical or (with shifted rows) horizontal
+  /// filter. Taps are fractions that sum to at most one.
+  void (*filter)(std::uint16_t* out, const std::uint16_t* const* rows, const std::int16_t* taps,
+                 std::size_t tapCount, std::size_t count);
+};
+
+/// The fastest table for this machine.
+const Kernels& kernels();
+const Kernels& scalarKernels();
+
+}  // namespace glyphwright::raster

@@ -80,4 +80,235 @@ UIBezierPath UIBezierPath::dropDownArrowIcon() {
   return outline(steps);
 }
 
+UIBezierPath UIBezierPath::globalTutorialUpArrowPath() {
+  static constexpr Step steps[] = {
+      // head and stem
+      move(2, 36),
+      curve(0, 34, 0.9, 36, 0, 35.1),
+      curve(0.26, 33.02, 0, 33.66, 0.09, 33.32),
+      line(18.26, 1.02),
+      curve(20, 0, 18.61, 0.39, 19.28, 0),
+      curve(21.74, 1.02, 20.72, 0, 21.39, 0.39),
+      line(39.74, 33.02),
+      curve(40, 34, 39.91, 33.32, 40, 33.66),
+      curve(38, 36, 40, 35.1, 39.1, 36),
+      line(28, 36),
+      line(28, 48.5),
+      curve(26.5, 50, 28, 49.33, 27.33, 50),
+      line(13.5, 50),
+      curve(12, 48.5, 12.67, 50, 12, 49.33),
+      line(12, 36),
+      line(2, 36),
+      close(),
+      // two blocks, each shorter than the last
+      move(12, 56.5),
+      curve(13.5, 55, 12, 55.67, 12.67, 55),
+      line(26.5, 55),
+      curve(28, 56.5, 27.33, 55, 28, 55.67),
+      line(28, 64.5),
+      curve(26.5, 66, 28, 65.33, 27.33, 66),
+      line(13.5, 66),
+      curve(12, 64.5, 12.67, 66, 12, 65.33),
+      line(12, 56.5),
+      close(),
+      move(12, 72.5),
+      curve(13.5, 71, 12, 71.67, 12.67, 71),
+      line(26.5, 71),
+      curve(28, 72.5, 27.33, 71, 28, 71.67),
+      line(28, 78.5),
+      curve(26.5, 80, 28, 79.33, 27.33, 80),
+      line(13.5, 80),
+      curve(12, 78.5, 12.67, 80, 12, 79.33),
+      line(12, 72.5),
+      close(),
+  };
+  return outline(steps);
+}
+
+// A stroke look: the open head has full round ends, the stem widens into it over small fillets.
+UIBezierPath UIBezierPath::arrowPath() {
+  static constexpr Step steps[] = {
+      move(5.87, 0.3),
+      curve(7.63, 0.3, 6.35, -0.19, 7.15, -0.19),
+      line(13.3, 5.97),
+      curve(13.3, 7.73, 13.79, 6.45, 13.79, 7.25),
+      curve(11.53, 7.73, 12.81, 8.22, 12.02, 8.22),
+      line(8.18, 4.38),
+      curve(8, 4.45, 8.06, 4.26, 8, 4.29),
+      line(8, 15.88),
+      curve(7.1, 16.78, 8, 16.38, 7.6, 16.78),
+      line(6.4, 16.78),
+      curve(5.5, 15.88, 5.9, 16.78, 5.5, 16.38),
+      line(5.5, 4.45),
+      curve(5.32, 4.38, 5.5, 4.29, 5.44, 4.26),
+      line(1.97, 7.73),
+      curve(0.2, 7.73, 1.48, 8.22, 0.69, 8.22),
+      curve(0.2, 5.97, -0.29, 7.25, -0.29, 6.45),
+      line(5.87, 0.3),
+      close(),
+  };
+  return evenOddOutline(steps);
+}
+
+UIBezierPath UIBezierPath::arrowUpOutPath() {
+  static constexpr Step steps[] = {
+      // frame, open at its upper right corner
+      move(3, 2),
+      line(9, 2),
+      curve(10, 3, 9.55, 2, 10, 2.45),
+      curve(9, 4, 10, 3.55, 9.55, 4),
+      line(3, 4),
+      curve(2, 5, 2.45, 4, 2, 4.45),
+      line(2, 17),
+      curve(3, 18, 2, 17.55, 2.45, 18),
+      line(15, 18),
+      curve(16, 17, 15.55, 18, 16, 17.55),
+      line(16, 11),
+      curve(17, 10, 16, 10.45, 16.45, 10),
+      curve(18, 11, 17.55, 10, 18, 10.45),
+      line(18, 17),
+      curve(15, 20, 18, 18.66, 16.66, 20),
+      line(3, 20),
+      curve(0, 17, 1.34, 20, 0, 18.66),
+      line(0, 5),
+      curve(3, 2, 0, 3.34, 1.34, 2),
+      close(),
+      // arrow
+      move(13, 0),
+      line(19, 0),
+      curve(20, 1, 19.55, 0, 20, 0.45),
+      line(20, 7),
+      curve(19, 8, 20, 7.55, 19.55, 8),
+      curve(18, 7, 18.45, 8, 18, 7.55),
+      line(18, 3.41),
+      line(9.31, 12.11),
+      curve(8.6, 12.4, 9.12, 12.29, 8.87, 12.4),
+      curve(7.6, 11.4, 8.05, 12.4, 7.6, 11.95),
+      curve(7.89, 10.69, 7.6, 11.13, 7.71, 10.88),
+      line(16.59, 2),
+      line(13, 2),
+      curve(12, 1, 12.45, 2, 12, 1.55),
+      curve(13, 0, 12, 0.45, 12.45, 0),
+      close(),
+  };
+  return outline(steps);
+}
+
+UIBezierPath UIBezierPath::undoArrowPath() {
+  static constexpr Step steps[] = {
+      move(7.32, 6.39),
+      curve(7.45, 6.76, 7.4, 6.5, 7.45, 6.63),
+      curve(6.85, 7.36, 7.45, 7.09, 7.18, 7.36),
+      line(0.6, 7.36),
+      curve(0, 6.76, 0.27, 7.36, 0, 7.09),
+      curve(0.01, 6.63, 0, 6.72, 0, 6.67),
+      line(1.4, 0.53),
+      curve(1.98, 0.07, 1.46, 0.26, 1.7, 0.07),
+      curve(2.45, 0.29, 2.17, 0.07, 2.34, 0.15),
+      line(4.14, 2.4),
+      curve(11, 0, 6.09, 0.85, 8.51, 0),
+      curve(22, 11, 17.08, 0, 22, 4.92),
+      curve(11, 22, 22, 17.08, 17.08, 22),
+      curve(2.57, 18.07, 7.75, 22, 4.66, 20.56),
+      curve(2.29, 17.3, 2.39, 17.85, 2.29, 17.58),
+      curve(3.49, 16.1, 2.29, 16.64, 2.83, 16.1),
+      curve(4.41, 16.53, 3.85, 16.1, 4.18, 16.26),
+      curve(11, 19.6, 6.05, 18.48, 8.46, 19.6),
+      curve(19.6, 11, 15.75, 19.6, 19.6, 15.75),
+      curve(11, 2.4, 19.6, 6.25, 15.75, 2.4),
+      curve(5.63, 4.28, 9.05, 2.4, 7.16, 3.06),
+      line(7.32, 6.39),
+      close(),
+  };
+  return outline(steps);
+}
+
+UIBezierPath UIBezierPath::anchorArrowPath() {
+  static constexpr Step steps[] = {
+      // chevron
+      move(10, 7.88),
+      line(17.44, 0.44),
+      curve(18.5, 0, 17.72, 0.16, 18.1, 0),
+      curve(20, 1.5, 19.33, 0, 20, 0.67),
+      curve(19.56, 2.56, 20, 1.9, 19.84, 2.28),
+      line(11.06, 11.06),
+      curve(10, 11.5, 10.78, 11.34, 10.4, 11.5),
+      curve(8.94, 11.06, 9.6, 11.5, 9.22, 11.34),
+      line(0.44, 2.56),
+      curve(0, 1.5, 0.16, 2.28, 0, 1.9),
+      curve(1.5, 0, 0, 0.67, 0.67, 0),
+      curve(2.56, 0.44, 1.9, 0, 2.28, 0.16),
+      line(10, 7.88),
+      close(),
+      // bar
+      move(1.5, 15),
+      line(18.5, 15),
+      curve(20, 16.5, 19.33, 15, 20, 15.67),
+      curve(18.5, 18, 20, 17.33, 19.33, 18),
+      line(1.5, 18),
+      curve(0, 16.5, 0.67, 18, 0, 17.33),
+      curve(1.5, 15, 0, 15.67, 0.67, 15),
+      close(),
+  };
+  return outline(steps);
+}
+
+UIBezierPath UIBezierPath::anchorArrowUpPath() {
+  static constexpr Step steps[] = {
+      // bar
+      move(1.5, 3),
+      curve(0, 1.5, 0.67, 3, 0, 2.33),
+      curve(1.5, 0, 0, 0.67, 0.67, 0),
+      line(18.5, 0),
+      curve(20, 1.5, 19.33, 0, 20, 0.67),
+      curve(18.5, 3, 20, 2.33, 19.33, 3),
+      line(1.5, 3),
+      close(),
+      // chevron
+      move(10, 10.12),
+      line(2.56, 17.56),
+      curve(1.5, 18, 2.28, 17.84, 1.9, 18),
+      curve(0, 16.5, 0.67, 18, 0, 17.33),
+      curve(0.44, 15.44, 0, 16.1, 0.16, 15.72),
+      line(8.94, 6.94),
+      curve(10, 6.5, 9.22, 6.66, 9.6, 6.5),
+      curve(11.06, 6.94, 10.4, 6.5, 10.78, 6.66),
+      line(19.56, 15.44),
+      curve(20, 16.5, 19.84, 15.72, 20, 16.1),
+      curve(18.5, 18, 20, 17.33, 19.33, 18),
+      curve(17.44, 17.56, 18.1, 18, 17.72, 17.84),
+      line(10, 10.12),
+      close(),
+  };
+  return outline(steps);
+}
+
+UIBezierPath UIBezierPath::expandableArrowDownIcon() {
+  static constexpr Step steps[] = {
+      move(10, 7.89),
+      line(17.8, 0.36),
+      curve(18.7, 0, 18.04, 0.13, 18.36, 0),
+      curve(20, 1.3, 19.42, 0, 20, 0.58),
+      curve(19.6, 2.24, 20, 1.65, 19.86, 1.99),
+      line(10.9, 10.64),
+      curve(10, 11, 10.66, 10.87, 10.34, 11),
+      curve(9.1, 10.64, 9.66, 11, 9.34, 10.87),
+      line(0.4, 2.24),
+      curve(0, 1.3, 0.14, 1.99, 0, 1.65),
+      curve(1.3, 0, 0, 0.58, 0.58, 0),
+      curve(2.2, 0.36, 1.64, 0, 1.96, 0.13),
+      line(10, 7.89),
+      close(),
+  };
+  return evenOddOutline(steps);
+}
+
+UIBezierPath UIBezierPath::webViewBackIcon() {
+  static constexpr Step steps[] = {
+      move(0, 10.5),   line(10.67, 0),  line(12, 1.35), line(2.71, 10.5),
+      line(12, 19.65), line(10.67, 21), line(0, 10.5),  close(),
+  };
+  return outline(steps);
+}
+
 }  // namespace glyphwright

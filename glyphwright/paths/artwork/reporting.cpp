@@ -1,0 +1,208 @@
+#include <glyphwright/paths/outline.h>
+
+namespace glyphwright {
+
+using namespace paths;
+
+UIBezierPath UIBezierPath::imNotInterestedIcon() {
+  static constexpr Step steps[] = {
+      // heart above the bar
+      move(10.3, 2.23),
+      curve(12.6, 2, 11.05, 2.08, 11.82, 2),
+      curve(24, 11.2, 17.9, 2, 22.1, 5.7),
+      curve(35.4, 2, 25.9, 5.7, 30.1, 2),
+      curve(48, 15.2, 42.4, 2, 48, 8.4),
+      curve(38.83, 30.76, 48, 19.04, 45.41, 23.2),
+      line(10.3, 2.23),
+      close(),
+      // bar
+      move(4.41, 0.59),
+      line(40.91, 37.09),
+      curve(41.5, 38.5, 41.29, 37.46, 41.5, 37.97),
+      curve(39.5, 40.5, 41.5, 39.6, 40.6, 40.5),
+      curve(38.09, 39.91, 38.97, 40.5, 38.46, 40.29),
+      line(1.59, 3.41),
+      curve(1, 2, 1.21, 3.04, 1, 2.53),
+      curve(3, 0, 1, 0.9, 1.9, 0),
+      curve(4.41, 0.59, 3.53, 0, 4.04, 0.21),
+      close(),
+      // heart below the bar
+      move(32.12, 38.19),
+      curve(25.46, 45.36, 30.12, 40.36, 27.91, 42.74),
+      curve(24, 46, 25.08, 45.76, 24.56, 46),
+      curve(22.54, 45.36, 23.44, 46, 22.92, 45.76),
+      curve(0, 15.2, 5.9, 27.52, 0, 21),
+      curve(2.07, 8.14, 0, 12.69, 0.76, 10.24),
+      line(32.12, 38.19),
+      close(),
+  };
+  return outline(steps);
+}
+
+UIBezierPath UIBezierPath::inappropriateBiographyIcon() {
+  static constexpr Step steps[] = {
+      // page, cut back round the disc
+      move(5, 0),
+      line(33, 0),
+      curve(38, 5, 35.76, 0, 38, 2.24),
+      line(38, 24.49),
+      curve(37, 25.49, 38, 25.04, 37.55, 25.49),
+      curve(36.69, 25.44, 36.9, 25.49, 36.79, 25.47),
+      curve(32, 24.7, 35.18, 24.95, 33.59, 24.7),
+      curve(16.7, 40, 23.55, 24.7, 16.7, 31.55),
+      curve(17.44, 44.69, 16.7, 41.59, 16.95, 43.18),
+      curve(17.49, 45, 17.47, 44.79, 17.49, 44.9),
+      curve(16.49, 46, 17.49, 45.55, 17.04, 46),
+      line(5, 46),
+      curve(0, 41, 2.24, 46, 0, 43.76),
+      line(0, 5),
+      curve(5, 0, 0, 2.24, 2.24, 0),
+      close(),
+      // text, counter-wound
+      move(10, 8.5),
+      curve(8, 10.5, 8.9, 8.5, 8, 9.4),
+      curve(10, 12.5, 8, 11.6, 8.9, 12.5),
+      line(28, 12.5),
+      curve(30, 10.5, 29.1, 12.5, 30, 11.6),
+      curve(28, 8.5, 30, 9.4, 29.1, 8.5),
+      line(10, 8.5),
+      close(),
+      move(10, 17),
+      curve(8, 19, 8.9, 17, 8, 17.9),
+      curve(10, 21, 8, 20.1, 8.9, 21),
+      line(28, 21),
+      curve(30, 19, 29.1, 21, 30, 20.1),
+      curve(28, 17, 30, 17.9, 29.1, 17),
+      line(10, 17),
+      close(),
+      move(10, 25.5),
+      curve(8, 27.5, 8.9, 25.5, 8, 26.4),
+      curve(10, 29.5, 8, 28.6, 8.9, 29.5),
+      line(15.5, 29.5),
+      curve(17.5, 27.5, 16.6, 29.5, 17.5, 28.6),
+      curve(15.5, 25.5, 17.5, 26.4, 16.6, 25.5),
+      line(10, 25.5),
+      close(),
+      // notice disc with ! cut out
+      move(32, 28),
+      curve(44, 40, 38.63, 28, 44, 33.37),
+      curve(32, 52, 44, 46.63, 38.63, 52),
+      curve(20, 40, 25.37, 52, 20, 46.63),
+      curve(32, 28, 20, 33.37, 25.37, 28),
+      close(),
+      move(31.7, 32.3),
+      curve(29.7, 34.3, 30.6, 32.3, 29.7, 33.2),
+      curve(29.71, 34.53, 29.7, 34.38, 29.7, 34.46),
+      line(30.31, 39.6),
+      curve(32, 41.1, 30.41, 40.46, 31.14, 41.1),
+      curve(33.69, 39.6, 32.86, 41.1, 33.59, 40.46),
+      line(34.29, 34.53),
+      curve(34.3, 34.3, 34.3, 34.46, 34.3, 34.38),
+      curve(32.3, 32.3, 34.3, 33.2, 33.4, 32.3),
+      line(31.7, 32.3),
+      close(),
+      move(32, 44.3),
+      curve(30.1, 46.2, 30.95, 44.3, 30.1, 45.15),
+      curve(32, 48.1, 30.1, 47.25, 30.95, 48.1),
+      curve(33.9, 46.2, 33.05, 48.1, 33.9, 47.25),
+      curve(32, 44.3, 33.9, 45.15, 33.05, 44.3),
+      close(),
+  };
+  return outline(steps);
+}
+
+UIBezierPath UIBezierPath::inappropriatePhotosIcon() {
+  static constexpr Step steps[] = {
+      // picture, cut back round the disc
+      move(5, 0),
+      line(41, 0),
+      curve(46, 5, 43.76, 0, 46, 2.24),
+      line(46, 18.49),
+      curve(45, 19.49, 46, 19.04, 45.55, 19.49),
+      curve(44.69, 19.44, 44.9, 19.49, 44.79, 19.47),
+      curve(40, 18.7, 43.18, 18.95, 41.59, 18.7),
+      curve(24.7, 34, 31.55, 18.7, 24.7, 25.55),
+      curve(25.17, 37.75, 24.7, 35.27, 24.86, 36.53),
+      curve(25.2, 38, 25.19, 37.83, 25.2, 37.92),
+      curve(24.2, 39, 25.2, 38.55, 24.75, 39),
+      line(5, 39),
+      curve(0, 34, 2.24, 39, 0, 36.76),
+      line(0, 5),
+      curve(5, 0, 0, 2.24, 2.24, 0),
+      close(),
+      // sun, counter-wound
+      move(12, 8),
+      curve(8, 12, 9.79, 8, 8, 9.79),
+      curve(12, 16, 8, 14.21, 9.79, 16),
+      curve(16, 12, 14.21, 16, 16, 14.21),
+      curve(12, 8, 16, 9.79, 14.21, 8),
+      close(),
+      // mountains, counter-wound
+      move(6.46, 34),
+      line(21.1, 34),
+      curve(31.6, 17.07, 21.1, 26.82, 25.17, 20.26),
+      line(29.66, 14.84),
+      curve(28.61, 14.36, 29.4, 14.53, 29.01, 14.36),
+      curve(27.47, 14.94, 28.16, 14.36, 27.73, 14.58),
+      line(18.5, 27.5),
+      line(14.23, 22.84),
+      curve(13.2, 22.39, 13.96, 22.55, 13.59, 22.39),
+      curve(12.02, 23.03, 12.72, 22.39, 12.28, 22.63),
+      line(5.79, 32.77),
+      curve(5.66, 33.2, 5.71, 32.9, 5.66, 33.05),
+      curve(6.46, 34, 5.66, 33.64, 6.02, 34),
+      close(),
+      // notice disc with ! cut out
+      move(40, 22),
+      curve(52, 34, 46.63, 22, 52, 27.37),
+      curve(40, 46, 52, 40.63, 46.63, 46),
+      curve(28, 34, 33.37, 46, 28, 40.63),
+      curve(40, 22, 28, 27.37, 33.37, 22),
+      close(),
+      move(39.7, 26.3),
+      curve(37.7, 28.3, 38.6, 26.3, 37.7, 27.2),
+      curve(37.71, 28.53, 37.7, 28.38, 37.7, 28.46),
+      line(38.31, 33.6),
+      curve(40, 35.1, 38.41, 34.46, 39.14, 35.1),
+      curve(41.69, 33.6, 40.86, 35.1, 41.59, 34.46),
+      line(42.29, 28.53),
+      curve(42.3, 28.3, 42.3, 28.46, 42.3, 28.38),
+      curve(40.3, 26.3, 42.3, 27.2, 41.4, 26.3),
+      line(39.7, 26.3),
+      close(),
+      move(40, 38.3),
+      curve(38.1, 40.2, 38.95, 38.3, 38.1, 39.15),
+      curve(40, 42.1, 38.1, 41.25, 38.95, 42.1),
+      curve(41.9, 40.2, 41.05, 42.1, 41.9, 41.25),
+      curve(40, 38.3, 41.9, 39.15, 41.05, 38.3),
+      close(),
+  };
+  return outline(steps);
+}
+
+// Slim and crisp: sharp tip, ends cut upright.
+UIBezierPath UIBezierPath::reportingDownArrowIcon() {
+  static constexpr Step steps[] = {
+      move(0, 0), line(7, 5.68), line(14, 0), line(14, 2.32),
+      line(7, 8), line(0, 2.32), line(0, 0),  close(),
+  };
+  return evenOddOutline(steps);
+}
+
+UIBezierPath UIBezierPath::reportingUpArrowIcon() {
+  static constexpr Step steps[] = {
+      move(0, 8),  line(0, 5.68), line(7, 0), line(14, 5.68),
+      line(14, 8), line(7, 2.32), line(0, 8), close(),
+  };
+  return evenOddOutline(steps);
+}
+
+UIBezierPath UIBezierPath::reportingRightArrowIcon() {
+  static constexpr Step steps[] = {
+      move(0, 0),  line(2.32, 0), line(8, 7), line(2.32, 14),
+      line(0, 14), line(5.68, 7), line(0, 0), close(),
+  };
+  return evenOddOutline(steps);
+}
+
+}  // namespace glyphwright

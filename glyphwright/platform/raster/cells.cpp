@@ -6,7 +6,9 @@ namespace glyphwright::raster {
 namespace {
 
 // Rounds a value that is never negative.
-int rounded(float value) { return static_cast<int>(value + 0.5F); }
+int rounded(float value) {
+  return static_cast<int>(value + 0.5F);
+}
 
 template <typename Cell>
 void add(Cell* cell, int amount) {

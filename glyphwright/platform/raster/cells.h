@@ -39,9 +39,7 @@ struct CellBand {
 template <typename Cell>
 void accumulate(std::span<const Edge> edges, const CellBand<Cell>& band);
 
-extern template void accumulate<std::int16_t>(std::span<const Edge>,
-                                              const CellBand<std::int16_t>&);
-extern template void accumulate<std::int32_t>(std::span<const Edge>,
-                                              const CellBand<std::int32_t>&);
+extern template void accumulate<std::int16_t>(std::span<const Edge>, const CellBand<std::int16_t>&);
+extern template void accumulate<std::int32_t>(std::span<const Edge>, const CellBand<std::int32_t>&);
 
 }  // namespace glyphwright::raster

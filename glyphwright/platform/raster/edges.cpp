@@ -153,8 +153,7 @@ void addCubic(EdgeWriter& writer, CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3
   const double bend = std::sqrt(std::max(ux * ux + uy * uy, vx * vx + vy * vy));
   const int chords = chordCount(bend, tolerance);
   const double h = 1.0 / chords;
-  const Cubic q{vx - ux, vy - uy, 3 * ux, 3 * uy, 3 * (p1.x - p0.x), 3 * (p1.y - p0.y),
-                p0.x,    p0.y};
+  const Cubic q{vx - ux, vy - uy, 3 * ux, 3 * uy, 3 * (p1.x - p0.x), 3 * (p1.y - p0.y), p0.x, p0.y};
   // Chords of a curve lose area to its hollow side. Moving the inner points by −h²·p''/12 gives it
   // back, and folds into the coefficients because p'' is linear in t.
   const double cx = q.cx - q.ax * (h * h / 2);
@@ -236,7 +235,9 @@ void edgesOfPath(const CGPath& path, const std::vector<CGPoint>& devicePoints,
         current = end;
         break;
       }
-      case PathVerb::close: writer.closeContour(); break;
+      case PathVerb::close:
+        writer.closeContour();
+        break;
     }
     next += pointCount(verb);
   }

@@ -11,7 +11,9 @@ enum class FillRule : std::uint8_t { nonZero, evenOdd };
 inline constexpr int kOne = 32767;
 
 /// The product of two 15-bit fractions, or of a fraction and any 16-bit value, rounded.
-constexpr int scaled(int value, int fraction) { return (value * fraction + 0x4000) >> 15; }
+constexpr int scaled(int value, int fraction) {
+  return (value * fraction + 0x4000) >> 15;
+}
 
 /// Colour channels travel in 1/64 of a level of 255 until their one rounding to 8 bits.
 inline constexpr int kChannelOne = 255 * 64;

@@ -15,7 +15,9 @@ namespace {
 __m256i load(const void* from) {
   return _mm256_loadu_si256(static_cast<const __m256i*>(from));
 }
-void store(void* to, __m256i value) { _mm256_storeu_si256(static_cast<__m256i*>(to), value); }
+void store(void* to, __m256i value) {
+  _mm256_storeu_si256(static_cast<__m256i*>(to), value);
+}
 
 // A 16-bit constant of eight bytes (one pixel of channels) in every 64-bit lane.
 __m256i everyPixel(const std::int16_t* channels) {
@@ -64,9 +66,8 @@ int sumNarrowBy(std::int16_t* cells, std::size_t count, int carry, std::uint16_t
 
 int sumNarrow(std::int16_t* cells, std::size_t count, int carry, FillRule rule,
               std::uint16_t* coverage) {
-  return rule == FillRule::nonZero
-             ? sumNarrowBy<FillRule::nonZero>(cells, count, carry, coverage)
-             : sumNarrowBy<FillRule::evenOdd>(cells, count, carry, coverage);
+  return rule == FillRule::nonZero ? sumNarrowBy<FillRule::nonZero>(cells, count, carry, coverage)
+                                   : sumNarrowBy<FillRule::evenOdd>(cells, count, carry, coverage);
 }
 
 int sumWide(std::int32_t* cells, std::size_t count, int carry, FillRule rule,
@@ -227,6 +228,8 @@ constexpr Kernels kAvx2{sumNarrow,   sumWide,          writeSolid,    blendSolid
 
 }  // namespace
 
-const Kernels& avx2Kernels() { return kAvx2; }
+const Kernels& avx2Kernels() {
+  return kAvx2;
+}
 
 }  // namespace glyphwright::raster

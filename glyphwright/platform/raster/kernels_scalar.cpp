@@ -23,7 +23,8 @@ std::uint16_t foldWinding(int sum, FillRule rule) {
 template <typename Cell>
 int sum(Cell* cells, std::size_t count, int carry, FillRule rule, std::uint16_t* coverage) {
   for (std::size_t i = 0; i < count; ++i) {
-    carry += cells[i];
+    // The sums wrap like the cells do; within the winding limit the true sum never does.
+    carry = static_cast<Cell>(carry + cells[i]);
     cells[i] = 0;
     coverage[i] = foldWinding(carry, rule);
   }
@@ -38,7 +39,9 @@ void writeSolid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t c
 }
 
 // What is left of a pixel under something of this alpha.
-int remainder(int alpha) { return kOne - alpha; }
+int remainder(int alpha) {
+  return kOne - alpha;
+}
 
 void blendSolid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                 const SolidColor& color) {
@@ -96,6 +99,8 @@ constexpr Kernels kScalar{sum<std::int16_t>, sum<std::int32_t>, writeSolid,
 
 }  // namespace
 
-const Kernels& scalarKernels() { return kScalar; }
+const Kernels& scalarKernels() {
+  return kScalar;
+}
 
 }  // namespace glyphwright::raster

@@ -1,0 +1,176 @@
+#include <glyphwright/platform/raster/canvas.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace glyphwright::raster {
+
+SolidColor solidColor(double red, double green, double blue, double alpha) {
+  const auto unit = [](double v) { return v > 0 ? std::min(v, 1.0) : 0.0; };
+  const double a = unit(alpha);
+  const auto channel = [&](double v) {
+    return static_cast<std::int16_t>(unit(v) * a * kChannelOne + 0.5);
+  };
+  SolidColor color;
+  color.channels[0] = channel(red);
+  color.channels[1] = channel(green);
+  color.channels[2] = channel(blue);
+  color.channels[3] = channel(1);
+  color.alpha = static_cast<std::int16_t>(a * kOne + 0.5);
+  return color;
+}
+
+void fillPixels(std::uint8_t* rgba, std::size_t count, const SolidColor& color) {
+  std::uint8_t pixel[4];
+  for (int c = 0; c < 4; ++c) pixel[c] = toByte(color.channels[c]);
+  std::uint32_t word = 0;
+  std::memcpy(&word, pixel, sizeof(word));
+  if (word == 0) {
+    std::memset(rgba, 0, count * 4);
+    return;
+  }
+  for (std::size_t i = 0; i < count; ++i) std::memcpy(rgba + i * 4, &word, sizeof(word));
+}
+
+Canvas::Canvas(const PixelRect& bounds, const SolidColor& ground)
+    : bounds_(bounds),
+      rowBytes_(static_cast<std::size_t>(bounds.width()) * 4),
+      pixels_(std::make_shared_for_overwrite<std::uint8_t[]>(
+          rowBytes_ * static_cast<std::size_t>(bounds.height()))),
+      ground_(ground) {}
+
+void Canvas::setGround(const SolidColor& ground) {
+  if (shared_) detach();
+  ground_ = ground;
+  pristine_ = true;
+}
+
+void Canvas::layGround(std::uint8_t* rgba, std::size_t count) const {
+  fillPixels(rgba, count, ground_);
+}
+
+void Canvas::layRows(int from, int to) {
+  if (from < to) {
+    layGround(rowAt(from), static_cast<std::size_t>(to - from) * (rowBytes_ / 4));
+  }
+}
+
+void Canvas::materialize() {
+  if (shared_) detach();
+  if (!pristine_) return;
+  layRows(bounds_.y0, bounds_.y1);
+  pristine_ = false;
+}
+
+void Canvas::detach() {
+  const std::size_t bytes = rowBytes_ * static_cast<std::size_t>(bounds_.height());
+  auto copy = std::make_shared_for_overwrite<std::uint8_t[]>(bytes);
+  std::memcpy(copy.get(), pixels_.get(), bytes);
+  pixels_ = std::move(copy);
+  shared_ = false;
+}
+
+std::shared_ptr<const std::uint8_t[]> Canvas::share() {
+  if (pristine_) materialize();
+  shared_ = true;
+  return pixels_;
+}
+
+Canvas::Painter::Painter(Canvas& canvas, const PixelRect& region, const Paint& paint,
+                         const Mask* clip, Scratch& scratch)
+    : canvas_(canvas), region_(region), paint_(paint), clip_(clip), scratch_(scratch) {
+  if (canvas.shared_) canvas.detach();
+  laysGround_ = canvas.pristine_;
+  writes_ = laysGround_ && canvas.ground_.isClear();
+  if (laysGround_) canvas.layRows(canvas.bounds_.y0, region.y0);
+  canvas.pristine_ = false;
+  const auto width = static_cast<std::size_t>(region.width());
+  if (scratch.clippedCoverage.size() < width) scratch.clippedCoverage.resize(width);
+  if (paint.source != nullptr && scratch.sourceRow.size() < width * 4) {
+    scratch.sourceRow.resize(width * 4);
+  }
+}
+
+void Canvas::Painter::finish() {
+  if (laysGround_) canvas_.layRows(region_.y1, canvas_.bounds_.y1);
+}
+
+void Canvas::Painter::row(const CoverageRow& row) {
+  std::uint8_t* line = canvas_.rowAt(row.y);
+  std::uint8_t* rgba = line + static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0) * 4;
+  if (laysGround_) {
+    if (writes_) {
+      canvas_.layGround(line, static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0));
+      canvas_.layGround(rgba + static_cast<std::size_t>(region_.width()) * 4,
+                        static_cast<std::size_t>(canvas_.bounds_.x1 - region_.x1));
+    } else {
+      canvas_.layGround(line, canvas_.rowBytes_ / 4);
+    }
+  }
+  for (const CoverageSpan& s : row.spans) span(rgba, s, row.coverage, row.y);
+}
+
+void Canvas::Painter::span(std::uint8_t* rgba, const CoverageSpan& s, const std::uint16_t* coverage,
+                           int y) {
+  const auto count = static_cast<std::size_t>(s.x1 - s.x0);
+  std::uint8_t* to = rgba + static_cast<std::size_t>(s.x0) * 4;
+  if (s.constant == 0) {
+    if (writes_) std::memset(to, 0, count * 4);
+    return;
+  }
+  const std::uint16_t* levels = coverage + s.x0;
+  bool full = s.constant == kOne;
+  std::uint16_t* own = scratch_.clippedCoverage.data();
+  if (clip_ != nullptr) {
+    const std::uint16_t* clipRow = clip_->row(y) + (region_.x0 + s.x0 - clip_->bounds.x0);
+    if (full) {
+      levels = clipRow;
+    } else {
+      if (s.constant == CoverageSpan::kVaries) {
+        std::copy_n(levels, count, own);
+      } else {
+        std::fill_n(own, count, static_cast<std::uint16_t>(s.constant));
+      }
+      kernels().multiplyCoverage(own, clipRow, count);
+      levels = own;
+    }
+    full = false;
+  } else if (s.constant != CoverageSpan::kVaries &&
+             !(full && paint_.source == nullptr && paint_.color.isOpaque())) {
+    std::fill_n(own, count, static_cast<std::uint16_t>(s.constant));
+    levels = own;
+  }
+
+  if (paint_.source == nullptr) {
+    if (full && (paint_.color.isOpaque() || writes_)) {
+      fillPixels(to, count, paint_.color);
+    } else {
+      solid(to, levels, count);
+    }
+    return;
+  }
+  const bool copies = full && paint_.sourceAlpha == kOne && writes_;
+  std::uint8_t* source = copies ? to : scratch_.sourceRow.data();
+  paint_.source->pixels(region_.x0 + s.x0, y, count, source);
+  if (copies) return;
+  if (paint_.sourceAlpha != kOne) {
+    if (levels != own) std::copy_n(levels, count, own);
+    kernels().scaleCoverage(own, paint_.sourceAlpha, count);
+    levels = own;
+  }
+  if (writes_) {
+    kernels().writePixels(to, levels, count, source);
+  } else {
+    kernels().blendPixels(to, levels, count, source);
+  }
+}
+
+void Canvas::Painter::solid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count) {
+  if (writes_) {
+    kernels().writeSolid(rgba, coverage, count, paint_.color);
+  } else {
+    kernels().blendSolid(rgba, coverage, count, paint_.color);
+  }
+}
+
+}  // namespace glyphwright::raster

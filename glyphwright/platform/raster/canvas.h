@@ -1,0 +1,116 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include <glyphwright/platform/raster/coverage.h>
+#include <glyphwright/platform/raster/pixel_rect.h>
+
+namespace glyphwright::raster {
+
+/// Coverage of an area, as 15-bit fractions, row by row.
+struct Mask {
+  PixelRect bounds;
+  std::vector<std::uint16_t> values;
+
+  explicit Mask(const PixelRect& area)
+      : bounds(area),
+        values(area.isEmpty() ? 0
+                              : static_cast<std::size_t>(area.width()) *
+                                    static_cast<std::size_t>(area.height())) {}
+  std::uint16_t* row(int y) {
+    return values.data() +
+           static_cast<std::size_t>(y - bounds.y0) * static_cast<std::size_t>(bounds.width());
+  }
+  const std::uint16_t* row(int y) const {
+    return values.data() +
+           static_cast<std::size_t>(y - bounds.y0) * static_cast<std::size_t>(bounds.width());
+  }
+};
+
+/// A source of premultiplied pixels for any place on the device.
+class PixelSource {
+ public:
+  /// Fills `rgba` with the pixels from (x, y) to (x + count, y).
+  virtual void pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const = 0;
+
+ protected:
+  ~PixelSource() = default;
+};
+
+/// What a shape is painted with: one colour, or pixels of a source times an alpha.
+struct Paint {
+  SolidColor color;
+  const PixelSource* source = nullptr;
+  std::int16_t sourceAlpha = kOne;  // a fraction
+
+  bool isClear() const { return source == nullptr ? color.isClear() : sourceAlpha == 0; }
+};
+
+/// A bitmap that is written late: while nothing has been painted it is a ground of one colour, and
+/// the first painting lays the ground and itself in one pass over memory.
+class Canvas {
+ public:
+  /// `bounds` are device pixels; they need not start at the origin. Throws std::bad_alloc.
+  Canvas(const PixelRect& bounds, const SolidColor& ground);
+
+  const PixelRect& bounds() const { return bounds_; }
+  /// Lays the whole canvas in one opaque or clear colour; nothing is written yet.
+  void setGround(const SolidColor& ground);
+  bool isPristine() const { return pristine_; }
+  const SolidColor& ground() const { return ground_; }
+
+  /// Paints rows of coverage. `clip` may be null; it must cover the region's rows and columns.
+  /// Rows come top to bottom; every row of `region`, which lies inside the bounds, is given once.
+  class Painter : public RowSink {
+   public:
+    Painter(Canvas& canvas, const PixelRect& region, const Paint& paint, const Mask* clip,
+            Scratch& scratch);
+    void row(const CoverageRow& row) override;
+    /// Lays the ground in the rows below the region.
+    void finish();
+
+   private:
+    void span(std::uint8_t* rgba, const CoverageSpan& span, const std::uint16_t* coverage, int y);
+    void solid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count);
+
+    Canvas& canvas_;
+    PixelRect region_;
+    const Paint& paint_;
+    const Mask* clip_;
+    Scratch& scratch_;
+    bool laysGround_;
+    bool writes_;  // over a clear ground nothing needs blending
+  };
+
+  /// Writes the ground where nothing else did; after this, pixels are real.
+  void materialize();
+  /// The pixel at (bounds().x0, y).
+  std::uint8_t* rowAt(int y) {
+    return pixels_.get() + static_cast<std::size_t>(y - bounds_.y0) * rowBytes_;
+  }
+  /// The finished pixels, shared: drawing on afterwards copies them first.
+  std::shared_ptr<const std::uint8_t[]> share();
+
+ private:
+  void detach();
+  void layGround(std::uint8_t* rgba, std::size_t count) const;
+  void layRows(int from, int to);
+
+  PixelRect bounds_;
+  std::size_t rowBytes_;
+  std::shared_ptr<std::uint8_t[]> pixels_;
+  SolidColor ground_;
+  bool pristine_ = true;
+  bool shared_ = false;
+};
+
+/// Sets `count` pixels to one premultiplied colour.
+void fillPixels(std::uint8_t* rgba, std::size_t count, const SolidColor& color);
+
+/// A premultiplied colour from components (clamped to 0…1) times an alpha.
+SolidColor solidColor(double red, double green, double blue, double alpha);
+
+}  // namespace glyphwright::raster

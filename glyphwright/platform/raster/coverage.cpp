@@ -1,0 +1,175 @@
+#include <glyphwright/platform/raster/coverage.h>
+
+#include <algorithm>
+#include <bit>
+
+namespace glyphwright::raster {
+namespace {
+
+// A region this small is kept in the nearest cache as a whole.
+constexpr std::size_t kDenseCells = 128 * 144;
+constexpr int kBandRows = 32;
+
+template <typename Cell>
+struct Sweeper {
+  const EdgeList& edges;
+  FillRule rule;
+  Scratch& scratch;
+  RowSink& sink;
+
+  int width = edges.region.width();
+  int height = edges.region.height();
+  std::size_t stride = cellStride(width);
+
+  std::vector<Cell>& cells() {
+    if constexpr (sizeof(Cell) == 2) {
+      return scratch.narrowCells;
+    } else {
+      return scratch.wideCells;
+    }
+  }
+
+  static int sum(Cell* from, std::size_t count, int carry, FillRule by, std::uint16_t* out) {
+    if constexpr (sizeof(Cell) == 2) {
+      return kernels().sumNarrow(from, count, carry, by, out);
+    } else {
+      return kernels().sumWide(from, count, carry, by, out);
+    }
+  }
+
+  CellBand<Cell> band(int rows) {
+    if (cells().size() < stride * static_cast<std::size_t>(rows)) {
+      cells().resize(stride * static_cast<std::size_t>(rows));
+    }
+    if (scratch.coverage.size() < stride) scratch.coverage.resize(stride);
+    return {cells().data(), stride, nullptr, 0, 0, rows};
+  }
+
+  void dense() {
+    const CellBand<Cell> all = band(height);
+    accumulate<Cell>(edges.edges, all);
+    const CoverageSpan span{0, width, CoverageSpan::kVaries};
+    std::uint16_t* coverage = scratch.coverage.data();
+    for (int row = 0; row < height; ++row) {
+      sum(all.cells + static_cast<std::size_t>(row) * stride, stride, 0, rule, coverage);
+      sink.row({edges.region.y0 + row, {&span, 1}, coverage});
+    }
+  }
+
+  // Orders the edges by the band in which they start.
+  void sortByBand(int bands) {
+    auto& starts = scratch.bandStarts;
+    starts.assign(static_cast<std::size_t>(bands) + 1, 0);
+    const auto bandOf = [](const Edge& e) {
+      return static_cast<std::size_t>(std::min(e.y0, e.y1) / (kBandRows * kUnitsPerPixel));
+    };
+    for (const Edge& e : edges.edges) ++starts[bandOf(e) + 1];
+    for (std::size_t b = 1; b < starts.size(); ++b) starts[b] += starts[b - 1];
+    scratch.sortedEdges.resize(edges.edges.size());
+    for (const Edge& e : edges.edges) scratch.sortedEdges[starts[bandOf(e)]++] = e;
+    // Each start has moved to its band's end, which is the next band's start.
+  }
+
+  void banded() {
+    const int bands = (height + kBandRows - 1) / kBandRows;
+    sortByBand(bands);
+    CellBand<Cell> current = band(kBandRows);
+    current.maskWords = (stride / kBlock + 63) / 64;
+    scratch.touched.assign(current.maskWords * kBandRows, 0);
+    current.touched = scratch.touched.data();
+    auto& active = scratch.activeEdges;
+    active.clear();
+    std::uint32_t next = 0;
+    for (int b = 0; b < bands; ++b) {
+      current.firstRow = b * kBandRows;
+      current.rows = std::min(kBandRows, height - current.firstRow);
+      for (; next < scratch.bandStarts[static_cast<std::size_t>(b)]; ++next) {
+        active.push_back(scratch.sortedEdges[next]);
+      }
+      accumulate<Cell>(active, current);
+      for (int row = 0; row < current.rows; ++row) emitRow(current, row);
+      const int bandEnd = (current.firstRow + kBandRows) * kUnitsPerPixel;
+      std::erase_if(active, [&](const Edge& e) { return std::max(e.y0, e.y1) <= bandEnd; });
+    }
+  }
+
+  void emitRow(const CellBand<Cell>& current, int row) {
+    Cell* from = current.cells + static_cast<std::size_t>(row) * stride;
+    std::uint64_t* mask = current.touched + static_cast<std::size_t>(row) * current.maskWords;
+    const int blocks = static_cast<int>(stride) / kBlock;
+    spans.clear();
+    int carry = 0;
+    int block = 0;
+    while (block < blocks) {
+      const int touchedFrom = nextBlock(mask, block, blocks, false);
+      if (touchedFrom > block) {
+        addSpan(block, touchedFrom, levelOf(carry));
+      }
+      const int touchedTo = nextBlock(mask, touchedFrom, blocks, true);
+      if (touchedTo > touchedFrom) {
+        const auto at = static_cast<std::size_t>(touchedFrom) * kBlock;
+        carry = sum(from + at, static_cast<std::size_t>(touchedTo - touchedFrom) * kBlock, carry,
+                    rule, scratch.coverage.data() + at);
+        addSpan(touchedFrom, touchedTo, CoverageSpan::kVaries);
+      }
+      block = touchedTo;
+    }
+    std::fill_n(mask, current.maskWords, 0);
+    sink.row({edges.region.y0 + current.firstRow + row, spans, scratch.coverage.data()});
+  }
+
+  // The coverage that a running sum stands for.
+  int levelOf(int carry) const {
+    Cell none = 0;
+    std::uint16_t level = 0;
+    if constexpr (sizeof(Cell) == 2) {
+      scalarKernels().sumNarrow(&none, 1, carry, rule, &level);
+    } else {
+      scalarKernels().sumWide(&none, 1, carry, rule, &level);
+    }
+    return level;
+  }
+
+  void addSpan(int fromBlock, int toBlock, int constant) {
+    const int x0 = fromBlock * kBlock;
+    const int x1 = std::min(toBlock * kBlock, width);
+    if (x0 < x1) spans.push_back({x0, x1, constant});
+  }
+
+  // The first block from `from` on whose bit differs from `set`.
+  static int nextBlock(const std::uint64_t* mask, int from, int blocks, bool set) {
+    while (from < blocks) {
+      std::uint64_t word = mask[from >> 6];
+      if (set) word = ~word;
+      word >>= from & 63;
+      if (word != 0) return std::min(from + std::countr_zero(word), blocks);
+      from = (from | 63) + 1;
+    }
+    return blocks;
+  }
+
+  std::vector<CoverageSpan> spans = {};
+};
+
+template <typename Cell>
+void sweepWith(const EdgeList& edges, FillRule rule, Scratch& scratch, RowSink& sink) {
+  Sweeper<Cell> sweeper{edges, rule, scratch, sink};
+  if (sweeper.stride * static_cast<std::size_t>(sweeper.height) <= kDenseCells) {
+    sweeper.dense();
+  } else {
+    sweeper.banded();
+  }
+}
+
+}  // namespace
+
+void sweep(const EdgeList& edges, FillRule rule, Scratch& scratch, RowSink& sink) {
+  if (edges.region.isEmpty()) return;
+  if (edges.verticalRuns / 2 <= kNarrowWindingLimit) {
+    sweepWith<std::int16_t>(edges, rule, scratch, sink);
+  } else {
+    sweepWith<std::int32_t>(edges, rule, scratch, sink);
+  }
+}
+
+}  // namespace glyphwright::raster

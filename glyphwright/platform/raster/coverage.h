@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include <glyphwright/platform/raster/cells.h>
+#include <glyphwright/platform/raster/edges.h>
+#include <glyphwright/platform/raster/kernels.h>
+#include <glyphwright/platform/raster/scratch.h>
+
+namespace glyphwright::raster {
+
+/// A stretch of one row, x relative to the region's left.
+struct CoverageSpan {
+  int x0;
+  int x1;
+  /// The coverage of every pixel in it, or kVaries when it stands in the row's coverage array.
+  int constant;
+
+  static constexpr int kVaries = -1;
+};
+
+/// One row of a shape: spans that follow each other from 0 to the region's width.
+struct CoverageRow {
+  int y;  // in device pixels
+  std::span<const CoverageSpan> spans;
+  const std::uint16_t* coverage;  // indexed by x relative to the region's left
+};
+
+/// Receives the rows of a shape from top to bottom, every row of the region once.
+class RowSink {
+ public:
+  virtual void row(const CoverageRow& row) = 0;
+
+ protected:
+  ~RowSink() = default;
+};
+
+/// Turns edges into exact-area coverage by the rule and hands it on row by row. Small shapes are
+/// summed whole; large ones in bands of rows, skipping the blocks that no edge touches.
+void sweep(const EdgeList& edges, FillRule rule, Scratch& scratch, RowSink& sink);
+
+}  // namespace glyphwright::raster

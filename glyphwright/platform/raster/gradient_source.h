@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include <glyphwright/platform/geometry.h>
+#include <glyphwright/platform/gradient.h>
+#include <glyphwright/platform/raster/canvas.h>
+
+namespace glyphwright::raster {
+
+/// The colours of a gradient at evenly spaced places, premultiplied and rounded once.
+class GradientRamp {
+ public:
+  /// `devicePixels` is the gradient's length on the device; the ramp is twice as fine, within
+  /// 32…4096 entries, so that a hard edge lies within a quarter pixel.
+  GradientRamp(const CGGradient& gradient, double devicePixels);
+
+  std::uint32_t size() const { return static_cast<std::uint32_t>(entries_.size()); }
+  /// The entry of a location in units of entries, clamped to the ends. NaN gives the first.
+  std::uint32_t at(double entry) const {
+    if (!(entry > 0)) return entries_.front();
+    return entry >= static_cast<double>(entries_.size())
+               ? entries_.back()
+               : entries_[static_cast<std::size_t>(entry)];
+  }
+  const std::uint32_t* data() const { return entries_.data(); }
+
+ private:
+  std::vector<std::uint32_t> entries_;  // four bytes each, in memory order
+};
+
+/// Bands across a line; `start` and `end` in user space, which `toDevice` maps to pixels.
+class LinearGradientSource final : public PixelSource {
+ public:
+  LinearGradientSource(const CGGradient& gradient, CGPoint start, CGPoint end,
+                       CGGradientDrawingOptions options, const CGAffineTransform& toDevice);
+  /// False when the points or the transform give no direction; then nothing is to be painted.
+  bool isDrawable() const { return drawable_; }
+  void pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const override;
+
+ private:
+  GradientRamp ramp_;
+  bool drawable_ = false;
+  bool before_ = false;
+  bool after_ = false;
+  // The ramp entry at a pixel's centre is base + x·perColumn + y·perRow.
+  double base_ = 0;
+  double perColumn_ = 0;
+  double perRow_ = 0;
+};
+
+/// Circles about `center`, the last colour at `radius` and beyond.
+class RadialGradientSource final : public PixelSource {
+ public:
+  RadialGradientSource(const CGGradient& gradient, CGPoint center, CGFloat radius,
+                       const CGAffineTransform& toDevice);
+  bool isDrawable() const { return drawable_; }
+  void pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const override;
+
+ private:
+  GradientRamp ramp_;
+  CGAffineTransform toUnit_;  // device pixels to a space where the radius is the ramp's size
+  bool drawable_ = false;
+};
+
+/// Rays from `center`, the first colour at `angle` and on clockwise.
+class ConicGradientSource final : public PixelSource {
+ public:
+  ConicGradientSource(const CGGradient& gradient, CGPoint center, CGFloat angle,
+                      const CGAffineTransform& toDevice);
+  bool isDrawable() const { return drawable_; }
+  void pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const override;
+
+ private:
+  GradientRamp ramp_;
+  CGAffineTransform toCentered_;
+  double angle_;
+  bool drawable_ = false;
+};
+
+}  // namespace glyphwright::raster

@@ -1,0 +1,26 @@
+#include <glyphwright/platform/raster/scratch.h>
+
+namespace glyphwright::raster {
+namespace {
+
+template <typename T>
+std::size_t bytes(const std::vector<T>& v) {
+  return v.capacity() * sizeof(T);
+}
+
+}  // namespace
+
+void Scratch::trim() {
+  const std::size_t kept = bytes(devicePoints) + bytes(edges.edges) + bytes(polygons.points) +
+                           bytes(sortedEdges) + bytes(activeEdges) + bytes(narrowCells) +
+                           bytes(wideCells) + bytes(touched) + bytes(coverage) +
+                           bytes(clippedCoverage) + bytes(sourceRow);
+  if (kept > kKeptBytes) *this = Scratch{};
+}
+
+Scratch& threadScratch() {
+  thread_local Scratch scratch;
+  return scratch;
+}
+
+}  // namespace glyphwright::raster

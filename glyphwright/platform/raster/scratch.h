@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include <glyphwright/platform/raster/edges.h>
+
+namespace glyphwright::raster {
+
+/// Working memory of one thread, kept between drawings so that small ones need no allocation. It
+/// holds nothing of what was drawn: every use overwrites it, and cells are zero between uses.
+struct Scratch {
+  std::vector<CGPoint> devicePoints;
+  EdgeList edges;
+  Polygons polygons;
+  std::vector<Edge> sortedEdges;
+  std::vector<Edge> activeEdges;
+  std::vector<std::uint32_t> bandStarts;
+  std::vector<std::int16_t> narrowCells;
+  std::vector<std::int32_t> wideCells;
+  std::vector<std::uint64_t> touched;
+  std::vector<std::uint16_t> coverage;
+  std::vector<std::uint16_t> clippedCoverage;
+  std::vector<std::uint8_t> sourceRow;
+
+  /// Gives memory back when a large drawing has left more than `kKeptBytes`.
+  void trim();
+  static constexpr std::size_t kKeptBytes = std::size_t{4} << 20;
+};
+
+/// This thread's scratch.
+Scratch& threadScratch();
+
+}  // namespace glyphwright::raster

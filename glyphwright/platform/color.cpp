@@ -1,0 +1,31 @@
+#include <glyphwright/platform/color.h>
+
+#include <cmath>
+
+#include <glyphwright/platform/context.h>
+
+namespace glyphwright {
+
+bool UIColor::getRed(CGFloat* red, CGFloat* green, CGFloat* blue, CGFloat* alpha) const {
+  if (!std::isfinite(red_) || !std::isfinite(green_) || !std::isfinite(blue_)) return false;
+  if (red) *red = red_;
+  if (green) *green = green_;
+  if (blue) *blue = blue_;
+  if (alpha) *alpha = alpha_;
+  return true;
+}
+
+void UIColor::set() const {
+  setFill();
+  setStroke();
+}
+
+void UIColor::setFill() const {
+  CGContextSetFillColor(UIGraphicsGetCurrentContext(), *this);
+}
+
+void UIColor::setStroke() const {
+  CGContextSetStrokeColor(UIGraphicsGetCurrentContext(), *this);
+}
+
+}  // namespace glyphwright

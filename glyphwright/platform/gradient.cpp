@@ -1,0 +1,42 @@
+#include <glyphwright/platform/gradient.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace glyphwright {
+namespace {
+
+// NaN counts as 0.
+CGFloat unit(CGFloat value) {
+  return value > 0 ? std::min(value, 1.0) : 0;
+}
+
+}  // namespace
+
+CGGradient::CGGradient(std::vector<Stop> stops) : stops_(std::move(stops)) {
+  for (Stop& stop : stops_) {
+    stop.location = unit(stop.location);
+    const UIColor& color = stop.color;
+    stop.color = UIColor(unit(color.red()), unit(color.green()), unit(color.blue()), color.alpha());
+  }
+  const auto before = [](const Stop& a, const Stop& b) { return a.location < b.location; };
+  // Stable: of two stops at one location the one that was given later wins from there on.
+  if (!std::is_sorted(stops_.begin(), stops_.end(), before)) {
+    std::stable_sort(stops_.begin(), stops_.end(), before);
+  }
+}
+
+std::optional<CGGradient> CGGradientCreateWithColors(
+    std::optional<CGColorSpace> /*space*/, std::span<const CGColor> colors,
+    std::optional<std::span<const CGFloat>> locations) {
+  if (colors.empty() || (locations && locations->size() < colors.size())) return std::nullopt;
+  std::vector<CGGradient::Stop> stops;
+  stops.reserve(colors.size());
+  const CGFloat last = static_cast<CGFloat>(std::max<std::size_t>(colors.size() - 1, 1));
+  for (std::size_t i = 0; i < colors.size(); ++i) {
+    stops.push_back({locations ? (*locations)[i] : static_cast<CGFloat>(i) / last, colors[i]});
+  }
+  return CGGradient(std::move(stops));
+}
+
+}  // namespace glyphwright

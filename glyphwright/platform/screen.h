@@ -1,0 +1,13 @@
+#pragma once
+
+#include <glyphwright/platform/geometry.h>
+
+/// The main screen as the platform knows it: only its scale.
+namespace glyphwright::screen {
+
+/// Pixels per point, 2 unless it was set. May be read and set from any thread.
+CGFloat scale();
+/// A scale that is not above 0 or not finite is ignored.
+void setScale(CGFloat scale);
+
+}  // namespace glyphwright::screen

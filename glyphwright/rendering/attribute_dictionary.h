@@ -1,0 +1,100 @@
+#pragma once
+
+#include <initializer_list>
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include <glyphwright/platform/color.h>
+#include <glyphwright/platform/geometry.h>
+#include <glyphwright/platform/shadow.h>
+#include <glyphwright/platform/value.h>
+
+namespace glyphwright {
+
+/// A key of an attribute dictionary: a string with a type of its own. The characters are not
+/// copied and have to outlive the key.
+class VNTLGlyphwright {
+ public:
+  explicit constexpr VNTLGlyphwright(std::string_view rawValue) : rawValue_(rawValue) {}
+  constexpr std::string_view rawValue() const { return rawValue_; }
+
+  friend constexpr bool operator==(const VNTLGlyphwright&, const VNTLGlyphwright&) = default;
+
+ private:
+  std::string_view rawValue_;
+};
+
+/// A boxed size: of the image, in points. Absent, it reads as (0, 0).
+inline constexpr VNTLGlyphwright VNTLGlyphwrightSize{"size"};
+/// A colour: the flat fill. Absent, the context's own (black).
+inline constexpr VNTLGlyphwright VNTLGlyphwrightFillColor{"fillColor"};
+/// A colour: fills the whole image first; with alpha 1 the image is opaque.
+inline constexpr VNTLGlyphwright VNTLGlyphwrightBackgroundColor{"backgroundColor"};
+/// A colour: of the outline. Absent, the context's own (black).
+inline constexpr VNTLGlyphwright VNTLGlyphwrightStrokeColor{"strokeColor"};
+/// A number: the outline's width in points. Absent, 0: a line one pixel wide.
+inline constexpr VNTLGlyphwright VNTLGlyphwrightStrokeWidth{"strokeWidth"};
+/// A number, read as an integer: the width of the border ring in points; below 1 there is none.
+inline constexpr VNTLGlyphwright VNTLGlyphwrightBorderWidth{"borderWidth"};
+/// A colour: of the border ring. Absent, white.
+inline constexpr VNTLGlyphwright VNTLGlyphwrightBorderColor{"borderColor"};
+/// A shadow: cast outside by the finished image.
+inline constexpr VNTLGlyphwright VNTLGlyphwrightDropShadow{"dropShadow"};
+/// A shadow: drawn inside the shape.
+inline constexpr VNTLGlyphwright VNTLGlyphwrightInsetShadow{"insetShadow"};
+/// A list of colours: the gradient that replaces the flat fill. An empty list fills nothing.
+inline constexpr VNTLGlyphwright VNTLGlyphwrightGradientColors{"gradientColors"};
+/// A list of numbers: the colours' stops, 0 to 1. Absent, all 0 but the last, which is 1.
+inline constexpr VNTLGlyphwright VNTLGlyphwrightGradientLocations{"gradientLocations"};
+/// A boxed point in unit coordinates: where the gradient starts. Absent, (0.5, 0).
+inline constexpr VNTLGlyphwright VNTLGlyphwrightGradientStartPoint{"gradientStartPoint"};
+/// A boxed point in unit coordinates: where the gradient ends. Absent, (0.5, 1).
+inline constexpr VNTLGlyphwright VNTLGlyphwrightGradientEndPoint{"gradientEndPoint"};
+
+/// A value of an attribute dictionary. CGSize, CGPoint and arithmetic values box themselves.
+using AttributeValue = std::variant<NSNumber, NSValue, UIColor, std::shared_ptr<NSShadow>,
+                                    std::vector<UIColor>, std::vector<NSNumber>>;
+
+/// The keyed form of an icon's attributes:
+///
+///     AttributeDictionary{{VNTLGlyphwrightSize, CGSize{40, 40}},
+///                         {VNTLGlyphwrightFillColor, UIColor::whiteColor()},
+///                         {VNTLGlyphwrightStrokeWidth, 2}}
+///
+/// Keys that no renderer knows are kept and ignored. A value of another kind than its key expects
+/// reads as absent.
+class AttributeDictionary {
+ public:
+  AttributeDictionary() = default;
+  /// Of equal keys the last one counts.
+  AttributeDictionary(
+      std::initializer_list<std::pair<VNTLGlyphwright, AttributeValue>> keysAndValues);
+
+  void setValue(VNTLGlyphwright key, AttributeValue value);
+  void removeValue(VNTLGlyphwright key);
+  /// Null when the key is absent.
+  const AttributeValue* value(VNTLGlyphwright key) const;
+  std::size_t count() const { return values_.size(); }
+
+  // Reading by kind: empty or null when the key is absent or holds another kind
+
+  const UIColor* color(VNTLGlyphwright key) const;
+  std::optional<CGSize> size(VNTLGlyphwright key) const;
+  std::optional<CGPoint> point(VNTLGlyphwright key) const;
+  const NSNumber* number(VNTLGlyphwright key) const;
+  const NSShadow* shadow(VNTLGlyphwright key) const;
+  const std::vector<UIColor>* colors(VNTLGlyphwright key) const;
+  const std::vector<NSNumber>* numbers(VNTLGlyphwright key) const;
+
+ private:
+  std::map<std::string, AttributeValue, std::less<>> values_;
+};
+
+}  // namespace glyphwright

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <glyphwright/bezier_path.h>
+#include <glyphwright/platform/context.h>
+#include <glyphwright/platform/image.h>
+#include <glyphwright/platform/shadow.h>
+
+namespace glyphwright::rendering {
+
+/// Darkens the inside of the path along its edges. The context's state is left as it was.
+void drawInsetShadow(CGContextRef context, const UIBezierPath& path, const NSShadow& shadow);
+
+/// The image redrawn with the shadow in its own size, at the screen scale. No room is added: what
+/// falls outside is cut off.
+UIImage redrawWithShadow(const UIImage& image, CGSize offset, CGFloat blur,
+                         const std::optional<UIColor>& color);
+
+/// Whether a shadow with these values shows at all.
+bool castsShadow(CGSize offset, CGFloat blur, const std::optional<UIColor>& color);
+
+}  // namespace glyphwright::rendering

@@ -1,0 +1,283 @@
+// The drawings themselves: what each must be, and the rules that all of them follow.
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <fstream>
+#include <map>
+#include <optional>
+#include <set>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <glyphwright/bezier_path.h>
+#include <glyphwright/paths/method_names.h>
+#include <glyphwright/paths/registry.h>
+
+#include "tools/outline_check.h"
+
+namespace glyphwright {
+namespace {
+
+using outline_check::Contour;
+using outline_check::Report;
+
+struct Row {
+  std::string name;
+  bool evenOdd = false;
+  std::optional<std::array<double, 4>> frame;        // min x, min y, max x, max y
+  std::array<std::optional<std::size_t>, 3> counts;  // contours, curves, lines
+};
+
+std::vector<Row> readTable() {
+  std::ifstream in(GLYPHWRIGHT_FROZEN_DIR "/artwork_frames.txt");
+  std::vector<Row> rows;
+  for (std::string line; std::getline(in, line);) {
+    if (line.empty() || line[0] == '#') continue;
+    std::istringstream fields(line);
+    Row row;
+    std::string rule;
+    fields >> row.name >> rule;
+    row.evenOdd = rule == "even-odd";
+    std::array<std::string, 4> frame;
+    for (std::string& field : frame) fields >> field;
+    if (frame[0] != "-") {
+      row.frame.emplace();
+      std::transform(frame.begin(), frame.end(), row.frame->begin(),
+                     [](const std::string& text) { return std::stod(text); });
+    }
+    for (auto& count : row.counts) {
+      std::string field;
+      fields >> field;
+      if (field != "-") count = std::stoul(field);
+    }
+    rows.push_back(std::move(row));
+  }
+  return rows;
+}
+
+UIBezierPath draw(std::string_view name) {
+  const ClassMethod method = findClassMethod(name);
+  if (method == nullptr) {
+    ADD_FAILURE() << name << " has no drawing";
+    return {};
+  }
+  return method();
+}
+
+UIBezierPath turned(UIBezierPath path, CGFloat angle) {
+  path.applyTransform(CGAffineTransformMakeRotation(angle));
+  return path;
+}
+
+std::vector<CGPoint> pointsOf(const UIBezierPath& path) {
+  const auto points = path.cgPath().points();
+  return {points.begin(), points.end()};
+}
+
+/// Mirrored left to right (or top to foot), every point of one is a point of the other.
+void expectMirrored(std::string_view first, std::string_view second, bool upright) {
+  const UIBezierPath a = draw(first);
+  std::vector<CGPoint> expected = pointsOf(a);
+  const CGRect box = a.bounds();
+  for (CGPoint& p : expected) {
+    if (upright) {
+      p.y = CGRectGetMinY(box) + CGRectGetMaxY(box) - p.y;
+    } else {
+      p.x = CGRectGetMinX(box) + CGRectGetMaxX(box) - p.x;
+    }
+  }
+  std::vector<CGPoint> actual = pointsOf(draw(second));
+  for (const CGPoint p : expected) {
+    EXPECT_TRUE(std::any_of(
+        actual.begin(), actual.end(),
+        [p](CGPoint q) { return std::abs(p.x - q.x) < 1e-9 && std::abs(p.y - q.y) < 1e-9; }))
+        << second << " lacks (" << p.x << ", " << p.y << ")";
+  }
+}
+
+TEST(Artwork, TheTableNamesEveryIconOnce) {
+  std::set<std::string> names;
+  for (const Row& row : readTable()) EXPECT_TRUE(names.insert(row.name).second) << row.name;
+  EXPECT_EQ(names.size(), 183U);
+  EXPECT_EQ(names, std::set<std::string>(std::begin(iconMethodNames), std::end(iconMethodNames)));
+}
+
+TEST(Artwork, FramesRulesAndFixedCounts) {
+  for (const Row& row : readTable()) {
+    SCOPED_TRACE(row.name);
+    const UIBezierPath path = draw(row.name);
+    if (path.isEmpty()) continue;
+    EXPECT_EQ(path.usesEvenOddFillRule(), row.evenOdd);
+    const CGRect box = path.bounds();
+    if (row.frame) {
+      // The turned ones miss the multiples of a quarter turn by a float's last place.
+      EXPECT_NEAR(CGRectGetMinX(box), (*row.frame)[0], 1e-5);
+      EXPECT_NEAR(CGRectGetMinY(box), (*row.frame)[1], 1e-5);
+      EXPECT_NEAR(CGRectGetMaxX(box), (*row.frame)[2], 1e-5);
+      EXPECT_NEAR(CGRectGetMaxY(box), (*row.frame)[3], 1e-5);
+    }
+    const Report report = outline_check::check(path.cgPath());
+    EXPECT_EQ(report.contours.size(), row.counts[0].value_or(report.contours.size()));
+    EXPECT_EQ(report.curves, row.counts[1].value_or(report.curves));
+    EXPECT_EQ(report.lines, row.counts[2].value_or(report.lines));
+  }
+}
+
+TEST(Artwork, OnlyStrokedIconsCarryStrokeAttributes) {
+  struct Style {
+    CGFloat width;
+    CGLineCap cap;
+    CGLineJoin join;
+  };
+  const std::map<std::string_view, Style> styles = {
+      {"shareIcon", {1, CGLineCap::round, CGLineJoin::round}},
+      {"ctaPlusIcon", {1, CGLineCap::round, CGLineJoin::round}},
+      {"liveOpsMoodraPromptCloseButton", {1, CGLineCap::round, CGLineJoin::round}},
+      {"jobIconPath", {1, CGLineCap::butt, CGLineJoin::round}},
+      {"chatActionBarCloseIcon", {2, CGLineCap::round, CGLineJoin::round}},
+  };
+  for (const std::string_view name : iconMethodNames) {
+    const auto found = styles.find(name);
+    const Style expected =
+        found == styles.end() ? Style{1, CGLineCap::butt, CGLineJoin::miter} : found->second;
+    const UIBezierPath path = draw(name);
+    EXPECT_EQ(path.lineWidth(), expected.width) << name;
+    EXPECT_EQ(path.lineCapStyle(), expected.cap) << name;
+    EXPECT_EQ(path.lineJoinStyle(), expected.join) << name;
+    EXPECT_EQ(path.miterLimit(), 10) << name;
+  }
+}
+
+TEST(Artwork, DerivedIconsAreTheirSources) {
+  struct Derivation {
+    std::string_view name;
+    std::string_view source;
+    CGFloat angle;
+  };
+  const Derivation derivations[] = {
+      {"starPath", "pointyStarPath", 0},
+      {"stellonStarPath", "pointyStarPath", 0},
+      {"stellonStarOnlyPath", "pointyStarPath", 0},
+      {"disclosureArrowPath", "rightArrowStemPath", 0},
+      {"leftArrowStemPath", "rightArrowStemPath", 3.141592502593994},
+      {"navigationArrowRightPath", "navigationArrowLeftPath", 3.141592502593994},
+      {"navigationArrowDownPath", "navigationArrowLeftPath", -1.570796251296997},
+      {"angledAirplanePath", "airplanePath", 0.7853981633974483},
+  };
+  for (const Derivation& derivation : derivations) {
+    UIBezierPath expected = draw(derivation.source);
+    if (derivation.angle != 0) expected = turned(std::move(expected), derivation.angle);
+    EXPECT_EQ(draw(derivation.name).cgPath(), expected.cgPath()) << derivation.name;
+  }
+}
+
+TEST(Artwork, SiblingsShareTheirNumbers) {
+  expectMirrored("swipeRight", "swipeLeft", false);
+  expectMirrored("reportingDownArrowIcon", "reportingUpArrowIcon", true);
+
+  // The badge is laid over its own outline.
+  const CGPath badge = draw("peopleBadge").cgPath();
+  const CGPath plain = draw("badgeOutline").cgPath();
+  ASSERT_GE(badge.verbs().size(), plain.verbs().size());
+  EXPECT_TRUE(std::equal(plain.points().begin(), plain.points().end(), badge.points().begin()));
+
+  // Dots that are laid into the middle of another icon.
+  const auto expectInside = [](std::string_view dot, std::string_view around) {
+    const Report outer = outline_check::check(draw(around).cgPath());
+    const CGRect box = draw(dot).bounds();
+    const CGPoint middle = {CGRectGetMidX(box), CGRectGetMidY(box)};
+    int turns = 0;
+    for (const Contour& c : outer.contours) turns += outline_check::windingNumber(c, middle);
+    EXPECT_EQ(turns, 0) << dot << " lies on ink of " << around;
+  };
+  expectInside("placesIconMidCircle", "placesIcon");
+  expectInside("drawLocationInsideOutline", "drawLocationOutline");
+}
+
+TEST(Artwork, TheLogoThatIsGivenPointByPoint) {
+  constexpr CGPoint expected[] = {
+      {18, 9.05},    {18, 4.05},     {13.97, 0},    {9, 0},        {4.03, 0},     {0, 4.05},
+      {0, 9.05},     {0, 13.57},     {3.29, 17.32}, {7.59, 18},    {7.59, 11.67}, {5.31, 11.67},
+      {5.31, 9.05},  {7.59, 9.05},   {7.59, 7.06},  {7.59, 4.79},  {8.94, 3.54},  {10.99, 3.54},
+      {11.98, 3.54}, {13.01, 3.71},  {13.01, 3.71}, {13.01, 5.94}, {11.87, 5.94}, {10.75, 5.94},
+      {10.41, 6.64}, {10.41, 7.35},  {10.41, 9.05}, {12.9, 9.05},  {12.5, 11.67}, {10.41, 11.67},
+      {10.41, 18},   {14.71, 17.32}, {18, 13.57},   {18, 9.05},
+  };
+  const std::vector<CGPoint> actual = pointsOf(draw("facebookLogo"));
+  EXPECT_TRUE(std::equal(actual.begin(), actual.end(), std::begin(expected), std::end(expected)));
+}
+
+/// What an icon may do against the rules, because its drawing is fixed or meant so. The number is
+/// the allowance; one that is not used up is a fault as well, so that the list stays true.
+struct Exceptions {
+  std::map<std::string_view, std::size_t> openContours = {{"chatActionBarCloseIcon", 2},
+                                                          {"homeCircleIcon", 1}};
+  std::map<std::string_view, std::size_t> meetings = {{"chatActionBarCloseIcon", 1}};
+  std::map<std::string_view, std::size_t> wrongWindings = {{"facebookLogo", 1},
+                                                           {"dropDownArrowIcon", 1}};
+  // A rectangle leaves its last side to the close.
+  std::map<std::string_view, std::size_t> impliedReturns = {{"jobIconPath", 1}};
+  // Thin on purpose, for large use only.
+  std::set<std::string_view> narrowGaps = {"retroMatchThinOutline"};
+  // A pill's corners leave nothing of its upright sides.
+  std::map<std::string_view, std::size_t> emptyEdges = {{"roundedButtonBackground", 2}};
+  // Turned by constants.
+  std::set<std::string_view> offGrid = {"leftArrowStemPath", "navigationArrowRightPath",
+                                        "navigationArrowDownPath", "angledAirplanePath"};
+  // The extents on record are those of control points, or each corner has one curve only.
+  std::set<std::string_view> controlsOutside = {"pointyStarPath",  "starPath",
+                                                "stellonStarPath", "stellonStarOnlyPath",
+                                                "arrowPath",       "angledAirplanePath"};
+  std::set<std::string_view> strokedOnly = {"chatActionBarCloseIcon"};
+};
+
+std::size_t allowance(const std::map<std::string_view, std::size_t>& table, std::string_view name) {
+  const auto found = table.find(name);
+  return found == table.end() ? 0 : found->second;
+}
+
+TEST(Artwork, EveryOutlineFollowsTheRulesOfDrawing) {
+  const Exceptions except;
+  for (const std::string_view name : iconMethodNames) {
+    SCOPED_TRACE(name);
+    const UIBezierPath path = draw(name);
+    if (path.isEmpty()) continue;
+    const Report report = outline_check::check(path.cgPath());
+    EXPECT_EQ(report.openContours(), allowance(except.openContours, name));
+    EXPECT_EQ(report.impliedReturns(), allowance(except.impliedReturns, name));
+    EXPECT_EQ(report.meetings.size(), allowance(except.meetings, name))
+        << "contours meet near " << (report.meetings.empty() ? 0 : report.meetings[0].point.x)
+        << ", " << (report.meetings.empty() ? 0 : report.meetings[0].point.y);
+    EXPECT_EQ(report.emptyEdges, allowance(except.emptyEdges, name));
+    if (!except.strokedOnly.contains(name)) {
+      EXPECT_EQ(report.wrongWindings(), allowance(except.wrongWindings, name));
+      EXPECT_TRUE(report.looksTheSameUnderBothRules());
+    }
+    EXPECT_EQ(report.offGridCoordinates > 0, except.offGrid.contains(name))
+        << report.offGridCoordinates << " coordinates with more than two decimals";
+    // Narrower walls and gaps close up at 24 pixels; a hairline may take a little more.
+    if (report.minimumGap && report.meetings.empty()) {
+      EXPECT_EQ(*report.minimumGap < 1.47, except.narrowGaps.contains(name))
+          << "gap " << *report.minimumGap << " u";
+    }
+    const double outside = std::max(report.frame.size.width - report.ink.size.width,
+                                    report.frame.size.height - report.ink.size.height);
+    EXPECT_EQ(outside > 0.011, except.controlsOutside.contains(name))
+        << "control points " << outside << " outside the ink";
+  }
+}
+
+TEST(Artwork, EachCallDrawsAnew) {
+  UIBezierPath first = draw("checkmarkPath");
+  const UIBezierPath second = draw("checkmarkPath");
+  first.applyTransform(CGAffineTransformMakeScale(2, 2));
+  EXPECT_EQ(second.cgPath(), draw("checkmarkPath").cgPath());
+}
+
+}  // namespace
+}  // namespace glyphwright

@@ -104,4 +104,20 @@ double hypot(double x, double y) {
   return large * std::sqrt(u * u + v * v);
 }
 
+double expNegative(double x) {
+  if (std::isnan(x)) return kNaN;
+  if (x >= 0) return 1;
+  if (x < -700) return 0;
+  // Halve until the series is short, then square back.
+  int halvings = 0;
+  while (x < -0.25) {
+    x *= 0.5;
+    ++halvings;
+  }
+  double sum = 1;
+  for (int n = 14; n >= 1; --n) sum = 1 + x * sum / n;
+  for (; halvings > 0; --halvings) sum *= sum;
+  return sum;
+}
+
 }  // namespace glyphwright::math

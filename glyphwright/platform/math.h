@@ -16,4 +16,7 @@ double atan2(double y, double x);
 /// √(x² + y²) without overflow; infinity when either is infinite, NaN when one is NaN.
 double hypot(double x, double y);
 
+/// e to the power of `x` for x ≤ 0; 0 below −700, 1 above 0, NaN for NaN.
+double expNegative(double x);
+
 }  // namespace glyphwright::math

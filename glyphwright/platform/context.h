@@ -39,7 +39,8 @@ void CGContextSetStrokeColor(CGContextRef context, const CGColor& color);
 void CGContextSetAlpha(CGContextRef context, CGFloat alpha);
 /// Shadow of every later drawing: offset and blur in points of the base space (+y down, untouched
 /// by the CTM), sigma = blur / 2. No colour, a clear colour, or no offset and no blur: none. A
-/// negative or non-finite blur counts as 0, a non-finite offset turns the shadow off.
+/// negative or non-finite blur counts as 0, one beyond kMaxBlurPixels on the device as that; a
+/// non-finite offset turns the shadow off.
 void CGContextSetShadowWithColor(CGContextRef context, CGSize offset, CGFloat blur,
                                  const std::optional<CGColor>& color);
 
@@ -103,5 +104,6 @@ CGContextRef UIGraphicsGetCurrentContext();
 
 inline constexpr CGFloat kMaxPixelSide = 16384;
 inline constexpr CGFloat kMaxPixels = 67108864;
+inline constexpr CGFloat kMaxBlurPixels = 1024;
 
 }  // namespace glyphwright

@@ -16,9 +16,6 @@ struct CGContext;
 namespace VantelKit {
 struct Border;
 }
-namespace raster {
-struct Bitmap;
-}
 
 enum class CGBlendMode : std::uint8_t { normal };
 
@@ -27,20 +24,22 @@ enum class CGBlendMode : std::uint8_t { normal };
 class CGImage {
  public:
   CGImage() = default;
-  explicit CGImage(std::shared_ptr<const raster::Bitmap> bitmap) : bitmap_(std::move(bitmap)) {}
+  CGImage(std::size_t pixelWidth, std::size_t pixelHeight,
+          std::shared_ptr<const std::uint8_t[]> rgba)
+      : pixels_(std::move(rgba)), width_(pixelWidth), height_(pixelHeight) {}
   /// Pixels copied from `rgba`, which must hold width × height × 4 bytes; otherwise no pixels.
   CGImage(std::size_t pixelWidth, std::size_t pixelHeight, std::span<const std::uint8_t> rgba);
 
-  std::size_t pixelWidth() const;
-  std::size_t pixelHeight() const;
+  std::size_t pixelWidth() const { return width_; }
+  std::size_t pixelHeight() const { return height_; }
   /// pixelWidth × pixelHeight × 4 bytes; empty when there are none.
-  std::span<const std::uint8_t> rgba() const;
-  explicit operator bool() const { return bitmap_ != nullptr; }
-
-  const raster::Bitmap* bitmap() const { return bitmap_.get(); }
+  std::span<const std::uint8_t> rgba() const { return {pixels_.get(), width_ * height_ * 4}; }
+  explicit operator bool() const { return pixels_ != nullptr; }
 
  private:
-  std::shared_ptr<const raster::Bitmap> bitmap_;
+  std::shared_ptr<const std::uint8_t[]> pixels_;
+  std::size_t width_ = 0;
+  std::size_t height_ = 0;
 };
 
 /// An image: pixels with a size in points and a scale in pixels per point. A value; copies share

@@ -180,24 +180,61 @@ void addCubic(EdgeWriter& writer, CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3
 
 }  // namespace
 
+namespace {
+
+// Beyond this many pixels only the direction counts; keeping products of coordinates finite.
+constexpr double kFarthest = 1e9;
+
+// Grows a box point by point.
+class BoxBuilder {
+ public:
+  void add(double x, double y) {
+    box_.minX = std::min(box_.minX, x);
+    box_.minY = std::min(box_.minY, y);
+    box_.maxX = std::max(box_.maxX, x);
+    box_.maxY = std::max(box_.maxY, y);
+    poison_ += x * 0 + y * 0;  // stays 0 unless a coordinate is NaN or infinite
+  }
+  bool isPoisoned() const { return poison_ != 0; }
+  bool isFar() const {
+    return box_.minX < -kFarthest || box_.minY < -kFarthest || box_.maxX > kFarthest ||
+           box_.maxY > kFarthest;
+  }
+  DeviceBox box() const {
+    if (!isPoisoned()) return box_;
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    return {nan, nan, nan, nan};
+  }
+
+ private:
+  static constexpr double infinity = std::numeric_limits<double>::infinity();
+  DeviceBox box_{infinity, infinity, -infinity, -infinity};
+  double poison_ = 0;
+};
+
+}  // namespace
+
 DeviceBox mapPoints(const CGPath& path, const CGAffineTransform& toDevice,
                     std::vector<CGPoint>& devicePoints) {
   const std::span<const CGPoint> points = path.points();
   devicePoints.resize(points.size());
-  constexpr double infinity = std::numeric_limits<double>::infinity();
-  DeviceBox box{infinity, infinity, -infinity, -infinity};
-  double poison = 0;
+  BoxBuilder builder;
   for (std::size_t i = 0; i < points.size(); ++i) {
-    const CGPoint p = CGPointApplyAffineTransform(points[i], toDevice);
-    devicePoints[i] = p;
-    box.minX = std::min(box.minX, p.x);
-    box.minY = std::min(box.minY, p.y);
-    box.maxX = std::max(box.maxX, p.x);
-    box.maxY = std::max(box.maxY, p.y);
-    poison += p.x * 0 + p.y * 0;  // stays 0 unless a coordinate is NaN or infinite
+    devicePoints[i] = CGPointApplyAffineTransform(points[i], toDevice);
+    builder.add(devicePoints[i].x, devicePoints[i].y);
   }
-  if (poison != 0) box.minX = std::numeric_limits<double>::quiet_NaN();
-  return box;
+  if (builder.isFar() && !builder.isPoisoned()) {
+    for (CGPoint& p : devicePoints) {
+      p = {std::clamp(p.x, -kFarthest, kFarthest), std::clamp(p.y, -kFarthest, kFarthest)};
+    }
+  }
+  return builder.box();
+}
+
+DeviceBox boxOf(const Polygons& polygons) {
+  BoxBuilder builder;
+  for (const Polygons::Point& p : polygons.points) builder.add(p.x, p.y);
+  return builder.box();
 }
 
 void edgesOfPath(const CGPath& path, const std::vector<CGPoint>& devicePoints,

@@ -55,6 +55,9 @@ struct Polygons {
 DeviceBox mapPoints(const CGPath& path, const CGAffineTransform& toDevice,
                     std::vector<CGPoint>& devicePoints);
 
+/// The box around all points; one that touches no pixel when a coordinate is NaN.
+DeviceBox boxOf(const Polygons& polygons);
+
 /// Flattens a path whose points have been mapped to device pixels; open subpaths are closed. A
 /// curve becomes as many chords as keep it within `tolerance` pixels, and the chords' inner points
 /// are moved out so that the area under the curve is kept.

@@ -1,0 +1,255 @@
+#include <glyphwright/platform/graphics_context.h>
+
+#include <algorithm>
+
+#include <glyphwright/platform/raster/blur.h>
+
+namespace glyphwright {
+
+using raster::Canvas;
+using raster::CoverageRow;
+using raster::CoverageSpan;
+using raster::Mask;
+using raster::Paint;
+using raster::PixelRect;
+using raster::Scratch;
+
+namespace {
+
+// Keeps rows of coverage as a mask, times an outer one where given.
+class MaskWriter final : public raster::RowSink {
+ public:
+  MaskWriter(Mask& mask, const Mask* outer) : mask_(mask), outer_(outer) {}
+
+  void row(const CoverageRow& row) override {
+    std::uint16_t* to = mask_.row(row.y);
+    for (const CoverageSpan& span : row.spans) {
+      if (span.constant == CoverageSpan::kVaries) {
+        std::copy(row.coverage + span.x0, row.coverage + span.x1, to + span.x0);
+      } else {
+        std::fill(to + span.x0, to + span.x1, static_cast<std::uint16_t>(span.constant));
+      }
+    }
+    if (outer_ != nullptr) {
+      const auto width = static_cast<std::size_t>(mask_.bounds.width());
+      raster::kernels().multiplyCoverage(
+          to, outer_->row(row.y) + (mask_.bounds.x0 - outer_->bounds.x0), width);
+    }
+  }
+
+ private:
+  Mask& mask_;
+  const Mask* outer_;
+};
+
+void emitMask(const Mask& mask, const PixelRect& region, raster::RowSink& sink) {
+  const CoverageSpan span{0, region.width(), CoverageSpan::kVaries};
+  for (int y = region.y0; y < region.y1; ++y) {
+    sink.row({y, {&span, 1}, mask.row(y) + (region.x0 - mask.bounds.x0)});
+  }
+}
+
+void emitFull(const PixelRect& region, raster::RowSink& sink) {
+  const CoverageSpan span{0, region.width(), raster::kOne};
+  for (int y = region.y0; y < region.y1; ++y) sink.row({y, {&span, 1}, nullptr});
+}
+
+// The alpha of a paint's pixels as coverage.
+Mask alphaMask(const PixelRect& area, const raster::PixelSource& source) {
+  Mask mask(area);
+  std::vector<std::uint8_t> pixels(static_cast<std::size_t>(area.width()) * 4);
+  for (int y = area.y0; y < area.y1; ++y) {
+    source.pixels(area.x0, y, static_cast<std::size_t>(area.width()), pixels.data());
+    std::uint16_t* to = mask.row(y);
+    for (std::size_t i = 3; i < pixels.size(); i += 4) {
+      *to++ = static_cast<std::uint16_t>((pixels[i] << 7) + (pixels[i] >> 1));
+    }
+  }
+  return mask;
+}
+
+class CanvasSource final : public raster::PixelSource {
+ public:
+  explicit CanvasSource(Canvas& canvas) : canvas_(canvas) {}
+  void pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const override {
+    const std::uint8_t* from =
+        canvas_.rowAt(y) + static_cast<std::size_t>(x - canvas_.bounds().x0) * 4;
+    std::copy_n(from, count * 4, rgba);
+  }
+
+ private:
+  Canvas& canvas_;
+};
+
+class PathShape final : public CGContext::Shape {
+ public:
+  PathShape(const CGPath& devicePath, raster::FillRule fillRule, Scratch& scratch)
+      : path_(devicePath) {
+    box = raster::mapPoints(devicePath, CGAffineTransformIdentity, scratch.devicePoints);
+    rule = fillRule;
+  }
+  void edges(const PixelRect& region, Scratch& scratch) const override {
+    raster::edgesOfPath(path_, scratch.devicePoints, region, raster::kFillTolerance, scratch.edges);
+  }
+
+ private:
+  const CGPath& path_;
+};
+
+}  // namespace
+
+const Mask& ClipNode::mask(Scratch& scratch) const {
+  if (mask_ == nullptr) {
+    const Mask* outer = parent_ == nullptr ? nullptr : &parent_->mask(scratch);
+    mask_ = std::make_unique<Mask>(bounds_);
+    const PathShape shape(path_, rule_, scratch);
+    shape.edges(bounds_, scratch);
+    MaskWriter writer(*mask_, outer);
+    raster::sweep(scratch.edges, rule_, scratch, writer);
+  }
+  return *mask_;
+}
+
+CGContext::CGContext(const PixelRect& pixelBounds, CGSize pointSize, CGFloat pixelsPerPoint,
+                     bool isOpaque)
+    : bounds(pixelBounds), size(pointSize), scale(pixelsPerPoint), opaque(isOpaque) {
+  state.ctm = CGAffineTransformMakeScale(scale, scale);
+  state.clip.bounds = bounds;
+  if (isDrawable()) {
+    base_.emplace(bounds, raster::solidColor(0, 0, 0, opaque ? 1 : 0));
+  }
+}
+
+Canvas& CGContext::canvas() {
+  if (groups.empty()) return *base_;
+  Group& group = groups.back();
+  if (!group.canvas) group.canvas.emplace(group.bounds, raster::solidColor(0, 0, 0, 0));
+  return *group.canvas;
+}
+
+PixelRect CGContext::casterArea() const {
+  const int reach = raster::blurReach(state.shadow->blurPixels);
+  const PixelRect& clip = state.clip.bounds;
+  const PixelRect moved{clip.x0 - state.shadow->dx, clip.y0 - state.shadow->dy,
+                        clip.x1 - state.shadow->dx, clip.y1 - state.shadow->dy};
+  return grown(moved, reach, reach, reach, reach);
+}
+
+void CGContext::castShadow(const Mask& caster, double casterAlpha) {
+  const ShadowState& shadow = *state.shadow;
+  const int reach = raster::blurReach(shadow.blurPixels);
+  const PixelRect moved{caster.bounds.x0 + shadow.dx, caster.bounds.y0 + shadow.dy,
+                        caster.bounds.x1 + shadow.dx, caster.bounds.y1 + shadow.dy};
+  const PixelRect area = intersection(grown(moved, reach, reach, reach, reach), state.clip.bounds);
+  if (area.isEmpty()) return;
+  const Mask blurredMask = raster::blurred(caster, shadow.blurPixels, shadow.dx, shadow.dy, area);
+  Paint paint;
+  paint.color = raster::solidColor(shadow.color.red(), shadow.color.green(), shadow.color.blue(),
+                                   shadow.color.alpha() * casterAlpha);
+  if (paint.isClear()) return;
+  Scratch& scratch = raster::threadScratch();
+  const Mask* clip = state.clip.node == nullptr ? nullptr : &state.clip.node->mask(scratch);
+  Canvas::Painter painter(canvas(), area, paint, clip, scratch);
+  emitMask(blurredMask, area, painter);
+  painter.finish();
+}
+
+void CGContext::prepareClip() const {
+  if (state.clip.node != nullptr) state.clip.node->mask(raster::threadScratch());
+}
+
+void CGContext::paintShape(const Shape& shape, const Paint& paint) {
+  Scratch& scratch = raster::threadScratch();
+  const PixelRect region = pixelsTouched(shape.box, state.clip.bounds);
+  if (state.shadow && paint.source == nullptr) {
+    const PixelRect casting = pixelsTouched(shape.box, casterArea());
+    if (!casting.isEmpty()) {
+      Mask caster(casting);
+      shape.edges(casting, scratch);
+      MaskWriter writer(caster, nullptr);
+      raster::sweep(scratch.edges, shape.rule, scratch, writer);
+      castShadow(caster, static_cast<double>(paint.color.alpha) / raster::kOne);
+      if (!region.isEmpty() && casting.covers(region)) {
+        const Mask* clip = state.clip.node == nullptr ? nullptr : &state.clip.node->mask(scratch);
+        Canvas::Painter painter(canvas(), region, paint, clip, scratch);
+        emitMask(caster, region, painter);
+        painter.finish();
+        return;
+      }
+    }
+  }
+  if (region.isEmpty()) return;
+  const Mask* clip = state.clip.node == nullptr ? nullptr : &state.clip.node->mask(scratch);
+  shape.edges(region, scratch);
+  Canvas::Painter painter(canvas(), region, paint, clip, scratch);
+  raster::sweep(scratch.edges, shape.rule, scratch, painter);
+  painter.finish();
+}
+
+void CGContext::paintArea(const PixelRect& area, const Paint& paint, bool castsShadow) {
+  Scratch& scratch = raster::threadScratch();
+  if (castsShadow && state.shadow && paint.source != nullptr) {
+    const PixelRect casting = intersection(area, casterArea());
+    if (!casting.isEmpty()) {
+      castShadow(alphaMask(casting, *paint.source),
+                 static_cast<double>(paint.sourceAlpha) / raster::kOne);
+    }
+  }
+  const PixelRect region = intersection(area, state.clip.bounds);
+  if (region.isEmpty()) return;
+  const ClipNode* node = state.clip.node.get();
+  if (node != nullptr && node->isSingle() && region.covers(node->bounds())) {
+    // Painting through one clip is filling the clip's own path.
+    const PathShape shape(node->path(), node->rule(), scratch);
+    const PixelRect touched = pixelsTouched(shape.box, region);
+    if (touched.isEmpty()) return;
+    shape.edges(touched, scratch);
+    Canvas::Painter painter(canvas(), touched, paint, nullptr, scratch);
+    raster::sweep(scratch.edges, shape.rule, scratch, painter);
+    painter.finish();
+    return;
+  }
+  const Mask* clip = node == nullptr ? nullptr : &node->mask(scratch);
+  Canvas::Painter painter(canvas(), region, paint, clip, scratch);
+  emitFull(region, painter);
+  painter.finish();
+}
+
+void CGContext::clipTo(CGPath devicePath, raster::FillRule rule) {
+  Clip& clip = state.clip;
+  const PathShape shape(devicePath, rule, raster::threadScratch());
+  clip.bounds = pixelsTouched(shape.box, clip.bounds);
+  if (clip.bounds.isEmpty()) {
+    clip = {};
+    return;
+  }
+  clip.node = std::make_shared<const ClipNode>(std::move(devicePath), rule, clip.bounds, clip.node);
+}
+
+void CGContext::clipTo(const PixelRect& area) {
+  state.clip.bounds = intersection(state.clip.bounds, area);
+  if (state.clip.bounds.isEmpty()) state.clip = {};
+}
+
+void CGContext::beginGroup() {
+  groups.push_back({std::nullopt, state.clip.bounds, state, saved.size()});
+  state.alpha = 1;
+  state.shadow.reset();
+}
+
+void CGContext::endGroup() {
+  if (groups.empty()) return;
+  Group group = std::move(groups.back());
+  groups.pop_back();
+  saved.resize(group.savedDepth);
+  state = std::move(group.outer);
+  if (!group.canvas) return;
+  group.canvas->materialize();
+  const CanvasSource source(*group.canvas);
+  Paint paint;
+  paint.source = &source;
+  paint.sourceAlpha = static_cast<std::int16_t>(state.alpha * raster::kOne + 0.5);
+  paintArea(group.bounds, paint, true);
+}
+
+}  // namespace glyphwright

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include <glyphwright/platform/context.h>
+#include <glyphwright/platform/graphics_state.h>
+
+namespace glyphwright {
+
+/// The object behind a CGContextRef.
+struct CGContext {
+  /// `pixelBounds` empty: drawing is ignored.
+  CGContext(const raster::PixelRect& pixelBounds, CGSize size, CGFloat scale, bool opaque);
+
+  bool isDrawable() const { return !bounds.isEmpty(); }
+  /// Where drawing goes now: the innermost open group, or the bitmap.
+  raster::Canvas& canvas();
+  raster::Canvas& baseCanvas() { return *base_; }
+
+  /// Something with edges, whose points stand in the thread's scratch.
+  struct Shape {
+    /// Writes the edges inside a region into the scratch.
+    virtual void edges(const raster::PixelRect& region, raster::Scratch& scratch) const = 0;
+    raster::DeviceBox box;
+    raster::FillRule rule = raster::FillRule::nonZero;
+
+   protected:
+    ~Shape() = default;
+  };
+  /// Makes the clip's mask where there is one. Comes before a shape's points are gathered, since
+  /// both use the thread's scratch.
+  void prepareClip() const;
+  /// Paints a shape with the shadow and through the clip of the current state.
+  void paintShape(const Shape& shape, const raster::Paint& paint);
+  /// Paints a source over a rectangle of whole pixels.
+  void paintArea(const raster::PixelRect& area, const raster::Paint& paint, bool castsShadow);
+  void clipTo(CGPath devicePath, raster::FillRule rule);
+  void clipTo(const raster::PixelRect& area);
+
+  /// A transparency layer: its pixels, made when something is painted, and the state to go back to.
+  struct Group {
+    std::optional<raster::Canvas> canvas;
+    raster::PixelRect bounds;
+    GraphicsState outer;
+    std::size_t savedDepth;
+  };
+  void beginGroup();
+  void endGroup();
+
+  raster::PixelRect bounds;
+  CGSize size;
+  CGFloat scale;
+  bool opaque;
+  GraphicsState state;
+  std::vector<GraphicsState> saved;
+  std::vector<Group> groups;
+  CGPath pendingPath;  // in device pixels
+
+ private:
+  void castShadow(const raster::Mask& caster, double casterAlpha);
+  raster::PixelRect casterArea() const;
+
+  std::optional<raster::Canvas> base_;
+};
+
+}  // namespace glyphwright

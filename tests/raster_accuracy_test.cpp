@@ -1,0 +1,239 @@
+// How near the pictures come to exact area, in levels of 255, at the sizes icons are shown.
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <string_view>
+
+#include <gtest/gtest.h>
+
+#include <glyphwright/bezier_path.h>
+#include <glyphwright/paths/method_names.h>
+#include <glyphwright/paths/registry.h>
+#include <glyphwright/platform/context.h>
+#include <glyphwright/platform/image.h>
+
+#include "reference/plane.h"
+
+namespace glyphwright {
+namespace {
+
+using reference::Plane;
+
+/// Differences in levels over the pixels on the edge (neither empty nor full in the reference).
+struct Errors {
+  double worst = 0;
+  double sum = 0;
+  double signedSum = 0;
+  std::size_t edgePixels = 0;
+  double worstElsewhere = 0;
+
+  void add(const Plane& expected, const UIImage& image) {
+    const auto rgba = image.cgImage().rgba();
+    for (std::size_t i = 0; i < expected.values.size(); ++i) {
+      const double difference = rgba[4 * i + 3] - 255 * expected.values[i];
+      const bool onEdge = expected.values[i] > 1e-9 && expected.values[i] < 1 - 1e-9;
+      if (onEdge) {
+        worst = std::max(worst, std::abs(difference));
+        sum += std::abs(difference);
+        signedSum += difference;
+        ++edgePixels;
+      } else {
+        worstElsewhere = std::max(worstElsewhere, std::abs(difference));
+      }
+    }
+  }
+  double mean() const { return sum / static_cast<double>(edgePixels); }
+  double bias() const { return signedSum / static_cast<double>(edgePixels); }
+};
+
+/// An image of `side` × `side` pixels at scale 1 that `paint` draws into.
+template <typename Paint>
+UIImage drawn(std::size_t side, Paint paint) {
+  const auto points = static_cast<CGFloat>(side);
+  UIGraphicsBeginImageContextWithOptions({points, points}, false, 1);
+  UIColor::blackColor().set();
+  paint();
+  const auto image = UIGraphicsGetImageFromCurrentImageContext();
+  UIGraphicsEndImageContext();
+  return image.value_or(UIImage());
+}
+
+/// The path with its longer side spread over `side` pixels, a third of a pixel off the grid so that
+/// no edge is lucky.
+UIBezierPath fitted(UIBezierPath path, std::size_t side) {
+  const CGRect box = path.bounds();
+  const CGFloat factor =
+      (static_cast<CGFloat>(side) - 1) / std::max(box.size.width, box.size.height);
+  path.applyTransform(CGAffineTransformMakeTranslation(-box.origin.x, -box.origin.y));
+  path.applyTransform(CGAffineTransformMakeScale(factor, factor));
+  path.applyTransform(CGAffineTransformMakeTranslation(1.0 / 3, 0.43));
+  return path;
+}
+
+bool isStraight(const UIBezierPath& path) {
+  const auto verbs = path.cgPath().verbs();
+  return std::none_of(verbs.begin(), verbs.end(), [](PathVerb verb) {
+    return verb == PathVerb::quad || verb == PathVerb::cubic;
+  });
+}
+
+UIBezierPath polygon(std::size_t corners, std::size_t step, CGFloat radius, CGPoint center) {
+  UIBezierPath path;
+  for (std::size_t i = 0; i < corners; ++i) {
+    const double turn = 2 * 3.14159265358979 * static_cast<double>(i * step % corners) /
+                            static_cast<double>(corners) +
+                        0.1;
+    const CGPoint point = {center.x + radius * std::cos(turn), center.y + radius * std::sin(turn)};
+    i == 0 ? path.moveToPoint(point) : path.addLineToPoint(point);
+  }
+  path.closePath();
+  return path;
+}
+
+constexpr std::size_t kSides[] = {24, 48, 96, 192};
+
+TEST(RasterAccuracy, StraightEdgesAreExactToOneLevel) {
+  const auto expectExact = [](UIBezierPath path, std::size_t side, std::string_view name) {
+    for (const bool evenOdd : {false, true}) {
+      path.setUsesEvenOddFillRule(evenOdd);
+      const UIImage image = drawn(side, [&] { path.fill(); });
+      ASSERT_TRUE(image.hasPixels());
+      Errors errors;
+      errors.add(reference::coverage(path.cgPath(), evenOdd, side, side), image);
+      EXPECT_LE(errors.worst, 1.01) << name << " at " << side;
+      EXPECT_LE(errors.worstElsewhere, 0.5) << name << " at " << side;
+      EXPECT_NEAR(errors.bias(), 0, 0.1) << name << " at " << side;
+    }
+  };
+  std::size_t icons = 0;
+  for (const std::size_t side : kSides) {
+    for (const std::string_view name : iconMethodNames) {
+      const UIBezierPath path = findClassMethod(name)();
+      if (!isStraight(path) || name == "chatActionBarCloseIcon") continue;
+      expectExact(fitted(path, side), side, name);
+      ++icons;
+    }
+    const auto length = static_cast<CGFloat>(side);
+    expectExact(polygon(3, 1, length * 0.49, {length / 2, length / 2}), side, "triangle");
+    expectExact(polygon(17, 1, length * 0.49, {length / 2, length / 2}), side, "17 corners");
+    // Hanging out over every side of the canvas.
+    expectExact(polygon(5, 1, length * 0.8, {length / 2, length / 2}), side, "cut off");
+  }
+  EXPECT_GE(icons, 5 * std::size(kSides));
+}
+
+// A star that crosses itself turns twice about its middle: full under one rule, empty under the
+// other. Where two of its edges share a pixel the sum of areas is not the area of the sum; those
+// few pixels may be off.
+TEST(RasterAccuracy, SelfCrossingShapesFollowTheirRule) {
+  UIBezierPath star = polygon(5, 2, 90, {96, 96});
+  for (const bool evenOdd : {false, true}) {
+    star.setUsesEvenOddFillRule(evenOdd);
+    Errors errors;
+    const UIImage image = drawn(192, [&] { star.fill(); });
+    errors.add(reference::coverage(star.cgPath(), evenOdd, 192, 192), image);
+    EXPECT_LE(errors.worstElsewhere, 0.5);
+    EXPECT_LE(errors.mean(), 1.0);
+    EXPECT_EQ(image.cgImage().rgba()[(96 * 192 + 96) * 4 + 3], evenOdd ? 0 : 255);
+  }
+}
+
+TEST(RasterAccuracy, CurvesStayWithinSixLevelsWithoutBias) {
+  for (const std::size_t side : kSides) {
+    Errors all;
+    for (const std::string_view name : iconMethodNames) {
+      const UIBezierPath path = fitted(findClassMethod(name)(), side);
+      if (isStraight(path)) continue;
+      const UIImage image = drawn(side, [&] { path.fill(); });
+      ASSERT_TRUE(image.hasPixels());
+      const Plane expected =
+          reference::coverage(path.cgPath(), path.usesEvenOddFillRule(), side, side);
+      Errors errors;
+      errors.add(expected, image);
+      all.add(expected, image);
+      EXPECT_LE(errors.worst, 6) << name << " at " << side;
+      EXPECT_LE(errors.mean(), 0.8) << name << " at " << side;
+      EXPECT_LE(errors.worstElsewhere, 1) << name << " at " << side;
+    }
+    EXPECT_LE(all.mean(), 0.8) << side;
+    EXPECT_NEAR(all.bias(), 0, 0.1) << side;
+  }
+}
+
+TEST(RasterAccuracy, RoundStrokesCoverTheirNeighbourhood) {
+  for (const std::string_view name : {"heartPath", "starPath", "boltPath", "flamePath"}) {
+    for (const CGFloat width : {1.0, 2.5, 7.0}) {
+      UIBezierPath path = fitted(findClassMethod(name)(), 80);
+      path.applyTransform(CGAffineTransformMakeTranslation(8, 8));
+      path.setLineWidth(width);
+      path.setLineCapStyle(CGLineCap::round);
+      path.setLineJoinStyle(CGLineJoin::round);
+      const UIImage image = drawn(96, [&] { path.stroke(); });
+      ASSERT_TRUE(image.hasPixels());
+      Errors errors;
+      errors.add(reference::neighbourhood(path.cgPath(), width / 2, 96, 96), image);
+      // The reference itself counts 256 samples a pixel; pixels where both sides of a thin line
+      // or two arms of a corner meet are the coarsest.
+      EXPECT_LE(errors.mean(), 2) << name << ", width " << width;
+      EXPECT_NEAR(errors.bias(), 0, 0.6) << name << ", width " << width;
+      EXPECT_LE(errors.worstElsewhere, 6) << name << ", width " << width;
+    }
+  }
+}
+
+// The caster stands one canvas to the left, out of sight: what is seen is the shadow alone.
+TEST(RasterAccuracy, ShadowsAreGaussian) {
+  constexpr std::size_t kSide = 96;
+  for (const CGFloat scale : {1.0, 2.0}) {
+    for (const CGFloat blur : {1.0, 2.0, 3.5, 6.0, 8.0, 15.0}) {
+      UIBezierPath heart = fitted(findClassMethod("heartPath")(), 56);
+      heart.applyTransform(CGAffineTransformMakeTranslation(20, 20));
+      const Plane shape = reference::coverage(heart.cgPath(), false, kSide, kSide);
+      const Plane expected = reference::gaussian(shape, blur / 2);
+
+      heart.applyTransform(CGAffineTransformMakeTranslation(-static_cast<CGFloat>(kSide), 0));
+      heart.applyTransform(CGAffineTransformMakeScale(1 / scale, 1 / scale));
+      const CGFloat points = static_cast<CGFloat>(kSide) / scale;
+      UIGraphicsBeginImageContextWithOptions({points, points}, false, scale);
+      CGContextSetShadowWithColor(UIGraphicsGetCurrentContext(), {points, 0}, blur / scale,
+                                  UIColor::blackColor());
+      heart.fill();
+      const UIImage image = UIGraphicsGetImageFromCurrentImageContext().value_or(UIImage());
+      UIGraphicsEndImageContext();
+      ASSERT_TRUE(image.hasPixels());
+      Errors errors;
+      errors.add(expected, image);
+      EXPECT_LE(std::max(errors.worst, errors.worstElsewhere), 2) << "blur " << blur << " px";
+      EXPECT_NEAR(errors.bias(), 0, 0.5) << "blur " << blur << " px";
+    }
+  }
+}
+
+TEST(Reference, IsRightWhereTheAnswerIsKnown) {
+  CGPath path;
+  path.addRect({1.25, 2.5, 4, 2});
+  const Plane plane = reference::coverage(path, false, 8, 8);
+  EXPECT_NEAR(plane.at(1, 2), 0.75 * 0.5, 1e-12);
+  EXPECT_NEAR(plane.at(3, 3), 1, 1e-12);
+  EXPECT_NEAR(plane.at(5, 4), 0.25 * 0.5, 1e-12);
+  EXPECT_EQ(plane.at(6, 3), 0);
+
+  CGPath disc;
+  disc.addEllipseInRect({1, 1, 30, 30});
+  double area = 0;
+  for (const double value : reference::coverage(disc, true, 32, 32).values) area += value;
+  // Four cubics make a circle 0.02 % too large on average.
+  EXPECT_NEAR(area, 3.14159265 * 15 * 15 * 1.0002, 0.1);
+
+  Plane dot(9, 9);
+  dot.at(4, 4) = 1;
+  const Plane blurred = reference::gaussian(dot, 2);
+  EXPECT_NEAR(blurred.at(6, 4) / blurred.at(4, 4), std::exp(-0.5), 1e-12);
+  double sum = 0;
+  for (const double value : blurred.values) sum += value;
+  EXPECT_NEAR(sum, 1, 1e-12);
+}
+
+}  // namespace
+}  // namespace glyphwright

@@ -93,7 +93,7 @@ Scope::~Scope() {
   raster::threadScratch().trim();
 }
 
-bool Scope::isDrawable() const {
+bool Scope::drawable() const {
   return context_->isDrawable();
 }
 

@@ -1,0 +1,178 @@
+#include <glyphwright/layers/gradient_shape_layer.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include <glyphwright/platform/layers/presentation.h>
+
+namespace glyphwright {
+namespace {
+
+using InnerLayers = std::vector<std::shared_ptr<CALayer>>;
+
+constexpr std::array<std::string_view, 6> kForwardedKeyPaths = {
+    "bounds", "startPoint", "endPoint", "locations", "colors", "path"};
+
+bool isForwarded(const CAAnimation* animation) {
+  const auto* property = dynamic_cast<const CAPropertyAnimation*>(animation);
+  if (!property || !property->keyPath()) return false;
+  return std::ranges::find(kForwardedKeyPaths, *property->keyPath()) != kForwardedKeyPaths.end();
+}
+
+}  // namespace
+
+VNTLGradientShapeLayer::VNTLGradientShapeLayer() {
+  setupLayers();
+}
+
+VNTLGradientShapeLayer::VNTLGradientShapeLayer(PresentationPass& pass, CALayer& layer)
+    : CALayer(pass, layer) {
+  copyCustomProperties(pass, layer);
+}
+
+std::shared_ptr<VNTLGradientShapeLayer> VNTLGradientShapeLayer::initWithLayer(CALayer& layer) {
+  PresentationPass pass;
+  return std::make_shared<VNTLGradientShapeLayer>(pass, layer);
+}
+
+std::shared_ptr<CALayer> VNTLGradientShapeLayer::newWithLayer(PresentationPass& pass,
+                                                              CALayer& layer) const {
+  return std::make_shared<VNTLGradientShapeLayer>(pass, layer);
+}
+
+void VNTLGradientShapeLayer::copyCustomPropertiesFromLayer(CALayer& layer) {
+  PresentationPass pass;
+  copyCustomProperties(pass, layer);
+}
+
+void VNTLGradientShapeLayer::copyCustomProperties(PresentationPass& pass, CALayer& layer) {
+  auto* source = dynamic_cast<VNTLGradientShapeLayer*>(&layer);
+  if (!source) return;
+  maskLayer_ = pass.presentationOf(source->maskLayer());
+  gradientLayer_ = pass.presentationOf(source->gradientLayer());
+  // The outline is shared, not presented: asking for it here would make one.
+  strokeLayer_ = source->strokeLayer_;
+  gradientSubLayers_ = InnerLayers{maskLayer_, gradientLayer_};
+}
+
+void VNTLGradientShapeLayer::setupLayers() {
+  const std::shared_ptr<CAShapeLayer> mask = maskLayer();
+  gradientSubLayers_ = InnerLayers{mask, gradientLayer()};
+}
+
+std::shared_ptr<CAShapeLayer> VNTLGradientShapeLayer::maskLayer() {
+  if (!maskLayer_) {
+    maskLayer_ = CAShapeLayer::layer();
+    maskLayer_->setFillColor(UIColor::blackColor());
+  }
+  return maskLayer_;
+}
+
+std::shared_ptr<CAGradientLayer> VNTLGradientShapeLayer::gradientLayer() {
+  if (!gradientLayer_) {
+    gradientLayer_ = CAGradientLayer::layer();
+    gradientLayer_->setMask(maskLayer());
+    addSublayer(gradientLayer_);
+  }
+  return gradientLayer_;
+}
+
+std::shared_ptr<CAShapeLayer> VNTLGradientShapeLayer::strokeLayer() {
+  if (!strokeLayer_) {
+    const std::shared_ptr<CAShapeLayer> mask = maskLayer();
+    auto stroke = CAShapeLayer::layer();
+    stroke->setFillColor(UIColor::clearColor());
+    stroke->setPath(mask->path());
+    stroke->setFrame(mask->frame());
+    strokeLayer_ = std::move(stroke);
+    addSublayer(strokeLayer_);
+  }
+  return strokeLayer_;
+}
+
+std::vector<std::shared_ptr<CALayer>> VNTLGradientShapeLayer::animatableSublayers() const {
+  std::vector<std::shared_ptr<CALayer>> layers;
+  if (gradientSubLayers_) layers = *gradientSubLayers_;
+  if (strokeLayer_) layers.push_back(strokeLayer_);
+  std::erase(layers, nullptr);
+  return layers;
+}
+
+template <typename Action>
+void VNTLGradientShapeLayer::forEachInnerLayer(Action action) const {
+  if (forwarding_) return;
+  struct Forwarding {
+    explicit Forwarding(bool& inProgress) : flag(inProgress) { flag = true; }
+    ~Forwarding() { flag = false; }
+    bool& flag;
+  } forwarding(forwarding_);
+  for (const auto& layer : animatableSublayers()) action(*layer);
+}
+
+void VNTLGradientShapeLayer::setPath(std::optional<CGPath> path) {
+  if (strokeLayer_) strokeLayer_->setPath(path);
+  maskLayer()->setPath(std::move(path));
+}
+
+void VNTLGradientShapeLayer::setColors(std::optional<std::vector<CGColor>> colors) {
+  gradientLayer()->setColors(std::move(colors));
+}
+
+void VNTLGradientShapeLayer::setLocations(std::optional<std::vector<CGFloat>> locations) {
+  gradientLayer()->setLocations(std::move(locations));
+}
+
+void VNTLGradientShapeLayer::setBounds(const CGRect& bounds) {
+  CALayer::setBounds(bounds);
+  forEachInnerLayer([&](CALayer& layer) { layer.setFrame(bounds); });
+}
+
+void VNTLGradientShapeLayer::setFrame(const CGRect& frame) {
+  CALayer::setFrame(frame);
+  forEachInnerLayer([&](CALayer& layer) {
+    layer.setBounds({0, 0, CGRectGetWidth(frame), CGRectGetHeight(frame)});
+  });
+}
+
+void VNTLGradientShapeLayer::addAnimation(const std::shared_ptr<CAAnimation>& animation,
+                                          const std::optional<std::string>& forKey) {
+  CALayer::addAnimation(animation, forKey);
+  if (!isForwarded(animation.get())) return;
+  forEachInnerLayer([&](CALayer& layer) { layer.addAnimation(animation, forKey); });
+}
+
+std::shared_ptr<const CAAnimation> VNTLGradientShapeLayer::animationForKey(
+    std::string_view key) const {
+  std::shared_ptr<const CAAnimation> found = CALayer::animationForKey(key);
+  if (found) return found;
+  forEachInnerLayer([&](const CALayer& layer) {
+    if (!found) found = layer.animationForKey(key);
+  });
+  return found;
+}
+
+void VNTLGradientShapeLayer::removeAllAnimations() {
+  CALayer::removeAllAnimations();
+  forEachInnerLayer([](CALayer& layer) { layer.removeAllAnimations(); });
+}
+
+void VNTLGradientShapeLayer::removeAnimationForKey(std::string_view key) {
+  // The key may be a view into an animation that goes away.
+  const std::string kept(key);
+  CALayer::removeAnimationForKey(kept);
+  forEachInnerLayer([&](CALayer& layer) { layer.removeAnimationForKey(kept); });
+}
+
+std::optional<std::vector<std::string>> VNTLGradientShapeLayer::animationKeys() const {
+  std::vector<std::string> keys;
+  forEachInnerLayer([&](const CALayer& layer) {
+    for (std::string& key : layer.animationKeys().value_or(std::vector<std::string>{})) {
+      if (std::ranges::find(keys, key) == keys.end()) keys.push_back(std::move(key));
+    }
+  });
+  if (const auto own = CALayer::animationKeys()) keys.insert(keys.end(), own->begin(), own->end());
+  return keys;
+}
+
+}  // namespace glyphwright

@@ -1,0 +1,94 @@
+#include <glyphwright/platform/layers/layer_renderer.h>
+
+#include <utility>
+
+#include <glyphwright/platform/layers/shape_layer.h>
+
+namespace glyphwright {
+namespace {
+
+// Multiplies premultiplied pixels by the alpha of others.
+void multiplyByAlpha(std::uint8_t* rgba, const std::uint8_t* mask, std::size_t count) {
+  for (std::size_t i = 0; i < count * 4; i += 4) {
+    const unsigned alpha = mask[i + 3];
+    for (std::size_t c = i; c < i + 4; ++c) {
+      rgba[c] = static_cast<std::uint8_t>((rgba[c] * alpha + 127) / 255);
+    }
+  }
+}
+
+}  // namespace
+
+std::optional<LayerRenderer::MaskClip> LayerRenderer::clipOf(const CALayer& mask) {
+  const Content content = contentOf(mask, 1);
+  if (content.alpha < 1 || content.sublayers > 0 || mask.mask_ || mask.model_.masksToBounds) {
+    return std::nullopt;
+  }
+  MaskClip clip{{}, false};
+  const auto* shape = dynamic_cast<const CAShapeLayer*>(&mask);
+  if (shape && content.parts.isOnly(LayerPart::fill) && shape->fillColor()->alpha() == 1) {
+    clip = {*shape->path(), shape->fillRule() == CAShapeLayerFillRule::evenOdd};
+  } else if (content.parts.isOnly(LayerPart::background) &&
+             mask.model_.backgroundColor->alpha() == 1) {
+    clip.path = mask.boundsPath();
+  } else {
+    return std::nullopt;
+  }
+  const CGAffineTransform placement = placementOf(mask);
+  if (placement != CGAffineTransformIdentity) clip.path.applyTransform(placement);
+  return clip;
+}
+
+void LayerRenderer::renderMasked(const Content& content) {
+  const CALayer& mask = *content.layer.mask_;
+  if (!isShown(mask) || contentOf(mask, 1).isEmpty()) return;
+  const std::optional<MaskClip> clip = clipOf(mask);
+  if (!clip) return renderThroughAlpha(content, mask);
+  CGContextSaveGState(&context_);
+  CGContextClipToPath(&context_, clip->path, clip->evenOdd);
+  // Several operations through one clip would show each other at its edges.
+  if (content.isSingle()) {
+    Content clipped = content;
+    const CGRect box = clip->path.boundingBox();
+    clipped.insideBounds = content.layer.model_.cornerRadius <= 0 &&
+                           CGRectIntersection(box, content.layer.model_.bounds) == box;
+    renderContent(clipped);
+  } else {
+    renderGroup(content);
+  }
+  CGContextRestoreGState(&context_);
+}
+
+// The general case: the content as a group, the mask as another one over the same pixels, and the
+// content's pixels times the mask's alpha.
+void LayerRenderer::renderThroughAlpha(const Content& content, const CALayer& mask) {
+  CGContextSaveGState(&context_);
+  CGContextSetAlpha(&context_, context_.state.alpha * content.alpha);
+  context_.beginGroup();
+  Content opaque = content;
+  opaque.alpha = 1;
+  renderContent(opaque);
+
+  context_.beginGroup();
+  renderInSuperlayer(mask, 1);
+  CGContext::Group drawn = std::move(context_.groups.back());
+  context_.groups.pop_back();
+  context_.saved.resize(drawn.savedDepth);
+  context_.state = std::move(drawn.outer);
+
+  std::optional<raster::Canvas>& canvas = context_.groups.back().canvas;
+  if (!drawn.canvas) {
+    canvas.reset();
+  } else if (canvas) {
+    canvas->materialize();
+    drawn.canvas->materialize();
+    const auto width = static_cast<std::size_t>(canvas->bounds().width());
+    for (int y = canvas->bounds().y0; y < canvas->bounds().y1; ++y) {
+      multiplyByAlpha(canvas->rowAt(y), drawn.canvas->rowAt(y), width);
+    }
+  }
+  context_.endGroup();
+  CGContextRestoreGState(&context_);
+}
+
+}  // namespace glyphwright

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include <glyphwright/platform/layers/layer.h>
+
+namespace glyphwright {
+
+enum class CAShapeLayerFillRule : std::uint8_t { nonZero, evenOdd };
+
+/// A layer that fills and strokes a path in its own coordinates, above its contents. The path is
+/// not cut off at the bounds.
+class CAShapeLayer : public CALayer {
+ public:
+  static std::shared_ptr<CAShapeLayer> layer() { return std::make_shared<CAShapeLayer>(); }
+
+  CAShapeLayer() = default;
+  CAShapeLayer(PresentationPass& pass, CALayer& layer);
+
+  /// Nothing when new: nothing is drawn.
+  const std::optional<CGPath>& path() const { return shape_.path; }
+  void setPath(std::optional<CGPath> path) { shape_.path = std::move(path); }
+  /// Opaque black when new; none fills nothing.
+  const std::optional<CGColor>& fillColor() const { return shape_.fillColor; }
+  void setFillColor(std::optional<CGColor> color) { shape_.fillColor = color; }
+  /// Non-zero when new, whatever rule the path was made for.
+  CAShapeLayerFillRule fillRule() const { return shape_.fillRule; }
+  void setFillRule(CAShapeLayerFillRule rule) { shape_.fillRule = rule; }
+  /// None when new: no stroke.
+  const std::optional<CGColor>& strokeColor() const { return shape_.strokeColor; }
+  void setStrokeColor(std::optional<CGColor> color) { shape_.strokeColor = color; }
+  /// In points, 1 when new; 0 is one device pixel, negative or NaN strokes nothing.
+  CGFloat lineWidth() const { return shape_.style.width; }
+  void setLineWidth(CGFloat width) { shape_.style.width = width; }
+  CGLineCap lineCap() const { return shape_.style.cap; }
+  void setLineCap(CGLineCap cap) { shape_.style.cap = cap; }
+  CGLineJoin lineJoin() const { return shape_.style.join; }
+  void setLineJoin(CGLineJoin join) { shape_.style.join = join; }
+  CGFloat miterLimit() const { return shape_.style.miterLimit; }
+  void setMiterLimit(CGFloat limit) { shape_.style.miterLimit = limit; }
+  /// Where along the whole length of the path the stroke starts and ends, 0 to 1; 0 and 1 when new.
+  /// Clamped when drawn, NaN counts as 0. A start that is not below the end strokes nothing.
+  CGFloat strokeStart() const { return shape_.strokeStart; }
+  void setStrokeStart(CGFloat start) { shape_.strokeStart = start; }
+  CGFloat strokeEnd() const { return shape_.strokeEnd; }
+  void setStrokeEnd(CGFloat end) { shape_.strokeEnd = end; }
+
+  std::shared_ptr<CALayer> newWithLayer(PresentationPass& pass, CALayer& layer) const override;
+
+ protected:
+  LayerParts visibleParts() const override;
+  void drawPart(LayerPart part, CGContextRef context, CGFloat alpha) const override;
+  std::optional<AnimationValue> valueForKey(std::string_view key) const override;
+  void setAnimatedValueForKey(const AnimationValue& value, std::string_view key) override;
+
+ private:
+  struct Shape {
+    std::optional<CGPath> path;
+    std::optional<CGColor> fillColor = CGColor::blackColor();
+    std::optional<CGColor> strokeColor;
+    StrokeStyle style;
+    CGFloat strokeStart = 0;
+    CGFloat strokeEnd = 1;
+    CAShapeLayerFillRule fillRule = CAShapeLayerFillRule::nonZero;
+  };
+  template <typename Fields, typename Visit>
+  static bool visitAnimatable(Fields& shape, std::string_view key, Visit visit);
+
+  Shape shape_;
+};
+
+}  // namespace glyphwright

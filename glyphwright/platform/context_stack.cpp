@@ -93,7 +93,7 @@ Scope::~Scope() {
   raster::threadScratch().trim();
 }
 
-bool Scope::drawable() const {
+bool Scope::isDrawable() const {
   return context_->isDrawable();
 }
 

@@ -20,7 +20,7 @@ class Scope {
 
   /// Never null.
   CGContextRef context() const { return context_.get(); }
-  bool drawable() const;
+  bool isDrawable() const;
   /// What has been drawn so far; an image of the asked size without pixels (negative or NaN sides
   /// read as 0) when it is not drawable.
   UIImage image() const;

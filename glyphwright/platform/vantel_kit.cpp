@@ -56,7 +56,7 @@ UIColor colorFromHex(std::string_view hex) {
 std::optional<UIImage> UIImage::render(CGSize size, std::optional<CGFloat> scale,
                                        const std::function<void(CGContext&)>& actions) {
   contexts::Scope scope(size, false, scale.value_or(screen::scale()), false);
-  if (!scope.drawable()) return std::nullopt;
+  if (!scope.isDrawable()) return std::nullopt;
   if (actions) actions(*scope.context());
   return scope.image();
 }

@@ -131,7 +131,7 @@ void fitAndPaint(CGContextRef context, UIBezierPath& path, Placement placement,
 
 UIImage paintPlain(UIBezierPath& path, Placement placement, const IconPaint& paint) {
   contexts::Scope scope(paint.size, isOpaque(paint.background), screen::scale(), true);
-  if (!scope.drawable()) return scope.image();
+  if (!scope.isDrawable()) return scope.image();
   const CGContextRef context = scope.context();
   if (paint.background && !isClear(paint.background)) {
     CGContextSaveGState(context);
@@ -148,7 +148,7 @@ UIImage paintPlain(UIBezierPath& path, Placement placement, const IconPaint& pai
 UIImage paintWithBorder(UIBezierPath& path, Placement placement, const IconPaint& paint) {
   const CGFloat width = static_cast<CGFloat>(paint.border.width);
   contexts::Scope scope(paint.size, isOpaque(paint.background), screen::scale(), true);
-  if (!scope.drawable()) return scope.image();
+  if (!scope.isDrawable()) return scope.image();
 
   IconPaint outer;
   outer.size = paint.size;

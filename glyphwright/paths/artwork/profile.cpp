@@ -235,7 +235,7 @@ UIBezierPath UIBezierPath::accountUnderReviewIconPath() {
       // shoulders, cut back round the lens
       move(2.5, 55),
       curve(0, 52.52, 1.13, 55, 0, 53.89),
-      curve(0, 51.89, 0, 52.31, 0, 52.1),
+      curve(0.02, 51.89, 0, 52.31, 0, 52.1),
       curve(25, 29.4, 0.54, 37.75, 11.32, 29.4),
       curve(30.49, 29.87, 26.84, 29.4, 28.68, 29.52),
       curve(31.46, 31.04, 31.05, 29.98, 31.46, 30.47),

@@ -150,15 +150,26 @@ void LayerRenderer::renderInSuperlayer(const CALayer& layer, CGFloat alpha) {
   context_.state.ctm = before;
 }
 
-void LayerRenderer::renderGroup(const Content& content) {
+void LayerRenderer::beginGroup(CGFloat alpha) {
   CGContextSaveGState(&context_);
-  CGContextSetAlpha(&context_, context_.state.alpha * content.alpha);
-  CGContextBeginTransparencyLayer(&context_);
+  CGContextSetAlpha(&context_, context_.state.alpha * alpha);
+  context_.beginGroup();
+  // The clip's paths apply to the group as a whole, at its end: applied inside as well, they would
+  // thin their edges twice.
+  context_.state.clip.node = nullptr;
+}
+
+void LayerRenderer::endGroup() {
+  context_.endGroup();
+  CGContextRestoreGState(&context_);
+}
+
+void LayerRenderer::renderGroup(const Content& content) {
+  beginGroup(content.alpha);
   Content opaque = content;
   opaque.alpha = 1;
   renderContent(opaque);
-  CGContextEndTransparencyLayer(&context_);
-  CGContextRestoreGState(&context_);
+  endGroup();
 }
 
 void LayerRenderer::clipToBounds(const CALayer& layer) {

@@ -36,6 +36,8 @@ class LayerRenderer {
   static CGAffineTransform placementOf(const CALayer& layer);
 
   void renderInSuperlayer(const CALayer& layer, CGFloat alpha);
+  void beginGroup(CGFloat alpha);
+  void endGroup();
   void renderGroup(const Content& content);
   void renderContent(const Content& content);
   void renderSublayers(const Content& content);

@@ -62,9 +62,7 @@ void LayerRenderer::renderMasked(const Content& content) {
 // The general case: the content as a group, the mask as another one over the same pixels, and the
 // content's pixels times the mask's alpha.
 void LayerRenderer::renderThroughAlpha(const Content& content, const CALayer& mask) {
-  CGContextSaveGState(&context_);
-  CGContextSetAlpha(&context_, context_.state.alpha * content.alpha);
-  context_.beginGroup();
+  beginGroup(content.alpha);
   Content opaque = content;
   opaque.alpha = 1;
   renderContent(opaque);
@@ -87,8 +85,7 @@ void LayerRenderer::renderThroughAlpha(const Content& content, const CALayer& ma
       multiplyByAlpha(canvas->rowAt(y), drawn.canvas->rowAt(y), width);
     }
   }
-  context_.endGroup();
-  CGContextRestoreGState(&context_);
+  endGroup();
 }
 
 }  // namespace glyphwright

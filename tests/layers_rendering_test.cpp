@@ -1,0 +1,495 @@
+#include <functional>
+#include <limits>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <glyphwright/layers/gradient_shape_layer.h>
+#include <glyphwright/platform/math.h>
+#include <tests/pixels.h>
+
+namespace glyphwright {
+namespace {
+
+using pixels::at;
+using pixels::Rgba;
+
+constexpr UIColor kRed(1, 0, 0, 1);
+constexpr UIColor kGreen(0, 1, 0, 1);
+constexpr UIColor kBlue(0, 0, 1, 1);
+
+UIImage drawn(const std::function<void(CGContextRef)>& draw, CGFloat scale = 2) {
+  UIGraphicsBeginImageContextWithOptions({40, 40}, false, scale);
+  draw(UIGraphicsGetCurrentContext());
+  const UIImage image = UIGraphicsGetImageFromCurrentImageContext().value();
+  UIGraphicsEndImageContext();
+  return image;
+}
+
+UIImage drawn(const CALayer& layer, CGFloat scale = 2) {
+  return drawn([&](CGContextRef context) { layer.renderInContext(context); }, scale);
+}
+
+// A slanted figure with a hole that only the even-odd rule leaves open.
+CGPath figure() {
+  CGPath path;
+  path.moveToPoint({3.3, 5.1});
+  path.addCurveToPoint({35.7, 8.2}, {12, -4}, {30, 20});
+  path.addLineToPoint({30.1, 36.4});
+  path.addQuadCurveToPoint({3.3, 5.1}, {-4, 30});
+  path.closeSubpath();
+  path.addEllipseInRect({14, 12, 12, 9});
+  return path;
+}
+
+std::vector<CGGradient::Stop> stops(CGFloat alpha = 1) {
+  return {{0.1, kRed.colorWithAlphaComponent(alpha)},
+          {0.6, UIColor(0, 1, 0, 0.5 * alpha)},
+          {1, kBlue.colorWithAlphaComponent(alpha)}};
+}
+
+void setGradient(CAGradientLayer& layer) {
+  std::vector<CGColor> colors;
+  std::vector<CGFloat> locations;
+  for (const CGGradient::Stop& stop : stops()) {
+    colors.push_back(stop.color);
+    locations.push_back(stop.location);
+  }
+  layer.setColors(colors);
+  layer.setLocations(locations);
+  layer.setStartPoint({0.25, 0.2});
+  layer.setEndPoint({0.9, 0.7});
+}
+
+// The same operations, by hand and by layers, give the same bits.
+
+TEST(LayerRendering, AShapeIsItsFillAndThenItsStroke) {
+  const auto layer = CAShapeLayer::layer();
+  layer->setPath(figure());
+  EXPECT_GT(pixels::largestDifference(drawn(*layer), drawn(*CALayer::layer())), 0);
+  for (const bool evenOdd : {false, true}) {
+    layer->setFillRule(evenOdd ? CAShapeLayerFillRule::evenOdd : CAShapeLayerFillRule::nonZero);
+    layer->setFillColor(UIColor(0.9, 0.3, 0.1, 0.7));
+    layer->setStrokeColor(kBlue);
+    const StrokeStyle style{2.5, CGLineCap::round, CGLineJoin::bevel, 4};
+    layer->setLineWidth(style.width);
+    layer->setLineCap(style.cap);
+    layer->setLineJoin(style.join);
+    layer->setMiterLimit(style.miterLimit);
+    const UIImage byHand = drawn([&](CGContextRef context) {
+      CGContextSetFillColor(context, *layer->fillColor());
+      CGContextFillPath(context, figure(), evenOdd);
+      CGContextSetStrokeColor(context, kBlue);
+      CGContextStrokePath(context, figure(), style);
+    });
+    pixels::expectSamePixels(drawn(*layer), byHand);
+  }
+}
+
+TEST(LayerRendering, GradientsAreTheContextsOwn) {
+  const CGRect box{4, 2, 30, 20};
+  const CGPoint start{4 + 0.25 * 30, 2 + 0.2 * 20};
+  const CGPoint end{4 + 0.9 * 30, 2 + 0.7 * 20};
+  const auto layer = CAGradientLayer::layer();
+  layer->setBounds(box);
+  setGradient(*layer);
+  const CGGradient gradient(stops());
+  const std::vector<std::pair<std::string, std::function<void(CGContextRef)>>> kinds{
+      {"axial",
+       [&](CGContextRef context) {
+         CGContextDrawLinearGradient(context, gradient, start, end,
+                                     CGGradientDrawingOptions::drawsBeforeAndAfter);
+       }},
+      {"radial",
+       [&](CGContextRef context) {
+         CGContextTranslateCTM(context, start.x, start.y);
+         CGContextScaleCTM(context, end.x - start.x, end.y - start.y);
+         CGContextDrawRadialGradient(context, gradient, {0, 0}, 1);
+       }},
+      {"conic",
+       [&](CGContextRef context) {
+         CGContextDrawConicGradient(context, gradient, start,
+                                    math::atan2(end.y - start.y, end.x - start.x));
+       }},
+  };
+  for (const auto& [type, draw] : kinds) {
+    layer->setType(type);
+    const UIImage byHand = drawn([&](CGContextRef context) {
+      CGContextClipToRect(context, box);
+      draw(context);
+    });
+    pixels::expectSamePixels(drawn(*layer), byHand);
+    EXPECT_EQ(pixels::paintedBox(byHand), (pixels::Box{8, 4, 68, 44})) << type;
+  }
+  layer->setType("spiral");
+  const UIImage unknown = drawn(*layer);
+  layer->setType("axial");
+  pixels::expectSamePixels(unknown, drawn(*layer));
+}
+
+TEST(LayerRendering, AGradientShapeIsAGradientThroughItsPath) {
+  const auto layer = VNTLGradientShapeLayer::layer();
+  layer->setBounds({0, 0, 40, 40});
+  CGPath path;
+  path.addEllipseInRect({3.2, 1.7, 33.1, 35.9});
+  layer->setPath(path);
+  setGradient(*layer->gradientLayer());
+  layer->strokeLayer()->setStrokeColor(kBlue);
+  layer->strokeLayer()->setLineWidth(1.5);
+  for (const CGFloat opacity : {1.0, 0.5}) {
+    layer->gradientLayer()->setOpacity(opacity);
+    const UIImage byHand = drawn([&](CGContextRef context) {
+      CGContextSaveGState(context);
+      CGContextClipToPath(context, path, false);
+      CGContextDrawLinearGradient(context, CGGradient(stops(opacity)), {10, 8}, {36, 28},
+                                  CGGradientDrawingOptions::drawsBeforeAndAfter);
+      CGContextRestoreGState(context);
+      CGContextSetStrokeColor(context, kBlue);
+      CGContextStrokePath(context, path, {1.5});
+    });
+    pixels::expectSamePixels(drawn(*layer), byHand);
+  }
+}
+
+TEST(LayerRendering, SublayersStandWhereTheirGeometryPutsThem) {
+  const auto parent = CALayer::layer();
+  const auto sublayer = CAShapeLayer::layer();
+  parent->addSublayer(sublayer);
+  sublayer->setPath(figure());
+  sublayer->setBounds({4, 6, 20, 10});
+  sublayer->setAnchorPoint({0.25, 1});
+  sublayer->setPosition({15, 22});
+  for (const CGAffineTransform& transform :
+       {CGAffineTransformIdentity, CGAffineTransformMakeRotation(0.5),
+        CGAffineTransformMakeScale(-0.75, 0.5)}) {
+    sublayer->setTransform(transform);
+    const UIImage byHand = drawn([&](CGContextRef context) {
+      CGContextTranslateCTM(context, 15, 22);
+      CGContextConcatCTM(context, transform);
+      CGContextTranslateCTM(context, -(4 + 5), -(6 + 10));
+      CGContextFillPath(context, figure(), false);
+    });
+    EXPECT_LE(pixels::largestDifference(drawn(*parent), byHand), 1);
+  }
+}
+
+TEST(LayerRendering, TheReceiverIsDrawnInItsOwnCoordinates) {
+  const auto layer = CALayer::layer();
+  layer->setBackgroundColor(kRed);
+  layer->setBounds({10, 5, 20, 10});
+  layer->setPosition({300, 300});
+  layer->setAnchorPoint({0, 0});
+  layer->setTransform(CGAffineTransformMakeScale(3, 3));
+  EXPECT_EQ(pixels::paintedBox(drawn(*layer)), (pixels::Box{20, 10, 60, 30}));
+}
+
+TEST(LayerRendering, PartsAreDrawnInTheirOrder) {
+  const auto layer = CAShapeLayer::layer();
+  layer->setBounds({0, 0, 40, 40});
+  layer->setBackgroundColor(UIColor(1, 0, 0, 1));
+  const std::vector<std::uint8_t> white(4, 255);
+  layer->setContents(CGImage(1, 1, white));
+  layer->setContentsGravity(CALayerContentsGravity::center);
+  layer->setContentsScale(1.0 / 30);
+  CGPath path;
+  path.addRect({10, 10, 20, 20});
+  layer->setPath(path);
+  layer->setFillColor(kGreen);
+  layer->setStrokeColor(kBlue);
+  layer->setLineWidth(4);
+  const auto sublayer = CALayer::layer();
+  sublayer->setFrame({16, 0, 8, 40});
+  sublayer->setBackgroundColor(UIColor::blackColor());
+  layer->addSublayer(sublayer);
+  layer->setBorderWidth(3);
+  layer->setBorderColor(UIColor(1, 1, 0, 1));
+  const UIImage image = drawn(*layer, 1);
+  struct Case {
+    std::size_t x, y;
+    Rgba color;
+  };
+  for (const Case& c :
+       {Case{4, 20, pixels::kRed}, Case{6, 20, pixels::kWhite}, Case{8, 20, pixels::kBlue},
+        Case{14, 20, pixels::kGreen}, Case{20, 20, pixels::kBlack},
+        Case{20, 1, Rgba{255, 255, 0, 255}}, Case{0, 39, Rgba{255, 255, 0, 255}}}) {
+    EXPECT_EQ(at(image, c.x, c.y), c.color) << c.x << ' ' << c.y;
+  }
+}
+
+TEST(LayerRendering, SublayersAreDrawnByZAndThenInOrder) {
+  const auto parent = CALayer::layer();
+  const auto add = [&](const UIColor& color, CGFloat z) {
+    const auto layer = CALayer::layer();
+    layer->setBackgroundColor(color);
+    layer->setFrame({0, 0, 10, 10});
+    layer->setZPosition(z);
+    parent->addSublayer(layer);
+    return layer;
+  };
+  const auto red = add(kRed, 0);
+  const auto green = add(kGreen, 0);
+  EXPECT_EQ(at(drawn(*parent), 0, 0), pixels::kGreen);
+  red->setZPosition(1);
+  EXPECT_EQ(at(drawn(*parent), 0, 0), pixels::kRed);
+  const auto blue = add(kBlue, 1);
+  EXPECT_EQ(at(drawn(*parent), 0, 0), pixels::kBlue);
+  blue->setHidden(true);
+  EXPECT_EQ(at(drawn(*parent), 0, 0), pixels::kRed);
+  red->setOpacity(std::numeric_limits<CGFloat>::quiet_NaN());
+  EXPECT_EQ(at(drawn(*parent), 0, 0), pixels::kGreen);
+  parent->setHidden(true);
+  EXPECT_EQ(at(drawn(*parent), 0, 0), pixels::kNone);
+}
+
+TEST(LayerRendering, OpacityIsTheGroups) {
+  const auto parent = CALayer::layer();
+  for (int i = 0; i < 3; ++i) {
+    const auto layer = CALayer::layer();
+    layer->setBackgroundColor(kRed);
+    layer->setFrame({static_cast<CGFloat>(i) * 5, 0, 10, 10});
+    parent->addSublayer(layer);
+  }
+  parent->setOpacity(0.5);
+  EXPECT_EQ(at(drawn(*parent, 1), 1, 1), (Rgba{128, 0, 0, 128}));
+  EXPECT_EQ(at(drawn(*parent, 1), 7, 1), (Rgba{128, 0, 0, 128}));
+  (*parent->sublayers())[1]->setHidden(true);
+  (*parent->sublayers())[2]->setHidden(true);
+  EXPECT_EQ(at(drawn(*parent, 1), 1, 1), (Rgba{128, 0, 0, 128}));
+  // The context's own alpha counts as well.
+  (*parent->sublayers())[1]->setHidden(false);
+  const UIImage image = drawn(
+      [&](CGContextRef context) {
+        CGContextSetAlpha(context, 0.5);
+        parent->renderInContext(context);
+      },
+      1);
+  EXPECT_EQ(at(image, 7, 1), (Rgba{64, 0, 0, 64}));
+}
+
+TEST(LayerRendering, MasksToBoundsCutsContentAndSublayersButNotTheBorder) {
+  const auto layer = CAShapeLayer::layer();
+  layer->setBounds({10, 10, 20, 20});
+  layer->setFillColor(kRed);
+  CGPath path;
+  path.addRect({0, 0, 40, 20});
+  layer->setPath(path);
+  const auto sublayer = CALayer::layer();
+  sublayer->setFrame({0, 25, 40, 40});
+  sublayer->setBackgroundColor(kGreen);
+  layer->addSublayer(sublayer);
+  EXPECT_EQ(pixels::paintedBox(drawn(*layer, 1)), (pixels::Box{0, 0, 40, 40}));
+  layer->setMasksToBounds(true);
+  layer->setBorderWidth(2);
+  const UIImage image = drawn(*layer, 1);
+  EXPECT_EQ(pixels::paintedBox(image), (pixels::Box{10, 10, 30, 30}));
+  EXPECT_EQ(at(image, 10, 15), pixels::kBlack);
+  EXPECT_EQ(at(image, 20, 27), pixels::kGreen);
+  layer->setCornerRadius(10);
+  EXPECT_EQ(at(drawn(*layer, 1), 11, 11), pixels::kNone);
+}
+
+TEST(LayerRendering, CornersRoundBackgroundGradientAndBorder) {
+  CGPath disc;
+  disc.addRoundedRect({0, 0, 40, 40}, UIRectCorner::allCorners, {12, 12});
+  const auto layer = CAGradientLayer::layer();
+  layer->setBounds({0, 0, 40, 40});
+  layer->setCornerRadius(12);
+  layer->setBackgroundColor(kRed);
+  pixels::expectSamePixels(drawn(*layer), drawn([&](CGContextRef context) {
+                             CGContextSetFillColor(context, kRed);
+                             CGContextFillPath(context, disc, false);
+                           }));
+  layer->setBackgroundColor(std::nullopt);
+  setGradient(*layer);
+  EXPECT_EQ(at(drawn(*layer), 1, 1), pixels::kNone);
+  layer->setColors(std::nullopt);
+  layer->setBorderWidth(5);
+  const UIImage ring = drawn(*layer);
+  EXPECT_EQ(at(ring, 1, 1), pixels::kNone);
+  EXPECT_EQ(at(ring, 9, 40), pixels::kBlack);
+  EXPECT_EQ(at(ring, 10, 40), pixels::kNone);
+  layer->setBorderWidth(30);
+  EXPECT_EQ(at(drawn(*layer), 40, 40), pixels::kBlack);
+}
+
+TEST(LayerRendering, OnlyTheAlphaOfAMaskCounts) {
+  const auto layer = CALayer::layer();
+  layer->setBounds({0, 0, 40, 40});
+  layer->setBackgroundColor(kRed);
+  const auto mask = CAShapeLayer::layer();
+  layer->setMask(mask);
+  EXPECT_EQ(pixels::paintedBox(drawn(*layer)), pixels::Box{});
+  mask->setFrame({10, 0, 20, 20});
+  mask->setBackgroundColor(kGreen);
+  const UIImage image = drawn(*layer, 1);
+  EXPECT_EQ(pixels::paintedBox(image), (pixels::Box{10, 0, 30, 20}));
+  EXPECT_EQ(at(image, 15, 15), pixels::kRed);
+  mask->setBackgroundColor(UIColor(0, 1, 0, 0.5));
+  EXPECT_EQ(at(drawn(*layer, 1), 15, 15), (Rgba{128, 0, 0, 128}));
+  EXPECT_EQ(pixels::paintedBox(drawn(*layer, 1)), (pixels::Box{10, 0, 30, 20}));
+  mask->setHidden(true);
+  EXPECT_EQ(pixels::paintedBox(drawn(*layer)), pixels::Box{});
+}
+
+// A mask that is one opaque path becomes a clip; anything else goes the long way through an alpha
+// channel. Both give the same picture.
+TEST(LayerRendering, BothWaysOfMaskingAgree) {
+  const auto layer = CALayer::layer();
+  layer->setBounds({0, 0, 40, 40});
+  layer->setBackgroundColor(kRed);
+  layer->setBorderWidth(6);
+  const auto sublayer = CALayer::layer();
+  sublayer->setFrame({5, 5, 20, 30});
+  sublayer->setBackgroundColor(UIColor(0, 0, 1, 0.6));
+  layer->addSublayer(sublayer);
+  const auto mask = CAShapeLayer::layer();
+  mask->setPath(figure());
+  mask->setPosition({2, 3});
+  layer->setMask(mask);
+  for (const CGFloat opacity : {1.0, 0.4}) {
+    layer->setOpacity(opacity);
+    const UIImage clipped = drawn(*layer);
+    mask->addSublayer(CALayer::layer());
+    (*mask->sublayers())[0]->setFrame({60, 60, 1, 1});
+    (*mask->sublayers())[0]->setBackgroundColor(kRed);
+    const UIImage multiplied = drawn(*layer);
+    (*mask->sublayers())[0]->removeFromSuperlayer();
+    EXPECT_LE(pixels::largestDifference(clipped, multiplied), 1);
+    EXPECT_GT(pixels::paintedBox(clipped).maxX, 60U);
+  }
+}
+
+TEST(LayerRendering, ContentsFillTheBounds) {
+  const std::vector<std::uint8_t> rgba{255, 0, 0, 255, 0, 0, 255, 255};  // red beside blue
+  const auto layer = CALayer::layer();
+  layer->setBounds({0, 0, 40, 40});
+  layer->setContents(CGImage(2, 1, rgba));
+  struct Case {
+    CALayerContentsGravity gravity;
+    pixels::Box box;
+  };
+  for (const Case& c : {Case{CALayerContentsGravity::resize, {0, 0, 40, 40}},
+                        Case{CALayerContentsGravity::resizeAspect, {0, 10, 40, 30}},
+                        Case{CALayerContentsGravity::resizeAspectFill, {0, 0, 40, 40}},
+                        Case{CALayerContentsGravity::center, {18, 19, 22, 21}}}) {
+    layer->setContentsGravity(c.gravity);
+    layer->setContentsScale(0.5);
+    const UIImage image = drawn(*layer, 1);
+    EXPECT_EQ(pixels::paintedBox(image), c.box);
+    EXPECT_GT(at(image, c.box.minX, 20).red, 250);
+    EXPECT_GT(at(image, c.box.maxX - 1, 20).blue, 250);
+  }
+}
+
+TEST(LayerRendering, WhatCannotBeDrawnIsNot) {
+  const auto gradient = CAGradientLayer::layer();
+  gradient->setBounds({0, 0, 40, 40});
+  const auto expectNothing = [&](const char* what) {
+    for (const char* type : {"axial", "radial", "conic"}) {
+      gradient->setType(type);
+      EXPECT_EQ(pixels::paintedBox(drawn(*gradient)), pixels::Box{}) << what << ' ' << type;
+    }
+  };
+  gradient->setColors(std::vector<CGColor>{});
+  expectNothing("no colours");
+  gradient->setColors({{kRed}});
+  expectNothing("one colour");
+  gradient->setColors({{kRed, kGreen}});
+  for (const std::vector<CGFloat>& locations : {std::vector<CGFloat>{}, {0.5}, {0, 0.5, 1}}) {
+    gradient->setLocations(locations);
+    expectNothing("locations of another number");
+  }
+  gradient->setLocations(std::nullopt);
+  gradient->setEndPoint(gradient->startPoint());
+  expectNothing("equal points");
+  gradient->setEndPoint({std::numeric_limits<CGFloat>::quiet_NaN(), 1});
+  expectNothing("a point that is not a number");
+  gradient->setType("radial");
+  gradient->setEndPoint({0.5, 1});
+  EXPECT_EQ(pixels::paintedBox(drawn(*gradient)), pixels::Box{}) << "points on one axis";
+  gradient->setType("axial");
+  EXPECT_EQ(pixels::paintedBox(drawn(*gradient)), (pixels::Box{0, 0, 80, 80}));
+
+  const auto shape = CAShapeLayer::layer();
+  CGPath path = figure();
+  path.addLineToPoint({std::numeric_limits<CGFloat>::infinity(), 0});
+  shape->setPath(path);
+  shape->setStrokeColor(kRed);
+  EXPECT_EQ(pixels::paintedBox(drawn(*shape)), pixels::Box{});
+  shape->setPath(figure());
+  shape->setFillColor(std::nullopt);
+  for (const CGFloat width : {-1.0, std::numeric_limits<CGFloat>::quiet_NaN()}) {
+    shape->setLineWidth(width);
+    EXPECT_EQ(pixels::paintedBox(drawn(*shape)), pixels::Box{});
+  }
+  shape->renderInContext(nullptr);
+}
+
+TEST(LayerRendering, HugeAndInfiniteGeometryEnds) {
+  constexpr CGFloat huge = 1e300;
+  constexpr CGFloat infinity = std::numeric_limits<CGFloat>::infinity();
+  for (const CGFloat side : {1e9, huge, infinity}) {
+    const auto layer = CAGradientLayer::layer();
+    layer->setBounds({0, 0, side, side});
+    layer->setColors({{kRed, kGreen}});
+    layer->setBackgroundColor(kBlue);
+    layer->setBorderWidth(side);
+    layer->setCornerRadius(side);
+    layer->setMasksToBounds(true);
+    layer->setOpacity(0.5);
+    const auto sublayer = CAShapeLayer::layer();
+    sublayer->setPath(figure());
+    sublayer->setPosition({side, -side});
+    sublayer->setTransform(CGAffineTransformMakeScale(side, 0));
+    sublayer->setStrokeColor(kRed);
+    sublayer->setLineWidth(side);
+    layer->addSublayer(sublayer);
+    const auto mask = CAGradientLayer::layer();
+    mask->setBounds({0, 0, side, side});
+    mask->setColors({{kRed, UIColor::clearColor()}});
+    layer->setMask(mask);
+    EXPECT_EQ(drawn(*layer).cgImage().pixelWidth(), 80U);
+  }
+}
+
+TEST(LayerRendering, TheContextsStateIsLeftAsItWas) {
+  const auto layer = CAShapeLayer::layer();
+  CGPath path;
+  path.addRect({0, 0, 20, 20});
+  layer->setPath(path);
+  layer->setFillColor(kRed);
+  layer->setStrokeColor(kRed);
+  layer->setMasksToBounds(true);
+  layer->setBounds({0, 0, 4, 4});
+  layer->setOpacity(0.5);
+  layer->setMask(CAGradientLayer::layer());
+  layer->mask()->setBackgroundColor(UIColor(0, 0, 0, 0.5));
+  layer->mask()->setFrame({0, 0, 2, 2});
+  const auto finish = [](CGContextRef context) {
+    CGContextFillRect(context, {10, 10, 30, 30});
+    CGPath line;
+    line.addLines(std::vector<CGPoint>{{10, 10}, {39, 39}});
+    CGContextStrokePath(context, line, {2});
+  };
+  const UIImage image = drawn([&](CGContextRef context) {
+    CGContextSetFillColor(context, kGreen);
+    CGContextSetAlpha(context, 0.75);
+    CGContextTranslateCTM(context, 1, 1);
+    layer->renderInContext(context);
+    finish(context);
+  });
+  const UIImage plain = drawn([&](CGContextRef context) {
+    CGContextSetFillColor(context, kGreen);
+    CGContextSetAlpha(context, 0.75);
+    CGContextTranslateCTM(context, 1, 1);
+    finish(context);
+  });
+  EXPECT_EQ(at(image, 40, 60), at(plain, 40, 60));
+  EXPECT_EQ(at(image, 22, 22), at(plain, 22, 22));
+  EXPECT_GT(at(image, 2, 2).red, 0);
+}
+
+}  // namespace
+}  // namespace glyphwright

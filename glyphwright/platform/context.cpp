@@ -42,7 +42,8 @@ class FilledShape final : public CGContext::Shape {
     rule = fillRule;
   }
   void edges(const PixelRect& region, Scratch& scratch) const override {
-    raster::edgesOfPath(path_, scratch.devicePoints, region, raster::kFillTolerance, scratch.edges);
+    raster::edgesOfPath(path_, scratch.devicePoints, box, region, raster::kFillTolerance,
+                        scratch.edges);
   }
 
  private:
@@ -76,7 +77,7 @@ class StrokedShape final : public CGContext::Shape {
     box = raster::boxOf(scratch.polygons);
   }
   void edges(const PixelRect& region, Scratch& scratch) const override {
-    raster::edgesOfPolygons(scratch.polygons, region, scratch.edges);
+    raster::edgesOfPolygons(scratch.polygons, box, region, scratch.edges);
   }
 };
 

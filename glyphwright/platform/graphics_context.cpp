@@ -89,7 +89,8 @@ class PathShape final : public CGContext::Shape {
     rule = fillRule;
   }
   void edges(const PixelRect& region, Scratch& scratch) const override {
-    raster::edgesOfPath(path_, scratch.devicePoints, region, raster::kFillTolerance, scratch.edges);
+    raster::edgesOfPath(path_, scratch.devicePoints, box, region, raster::kFillTolerance,
+                        scratch.edges);
   }
 
  private:

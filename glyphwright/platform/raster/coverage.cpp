@@ -47,7 +47,7 @@ struct Sweeper {
 
   void dense() {
     const CellBand<Cell> all = band(height);
-    accumulate<Cell>(edges.edges, all);
+    accumulate<Cell>(edges.edges(), all);
     const CoverageSpan span{0, width, CoverageSpan::kVaries};
     std::uint16_t* coverage = scratch.coverage.data();
     for (int row = 0; row < height; ++row) {
@@ -63,10 +63,10 @@ struct Sweeper {
     const auto bandOf = [](const Edge& e) {
       return static_cast<std::size_t>(std::min(e.y0, e.y1) / (kBandRows * kUnitsPerPixel));
     };
-    for (const Edge& e : edges.edges) ++starts[bandOf(e) + 1];
+    for (const Edge& e : edges.edges()) ++starts[bandOf(e) + 1];
     for (std::size_t b = 1; b < starts.size(); ++b) starts[b] += starts[b - 1];
-    scratch.sortedEdges.resize(edges.edges.size());
-    for (const Edge& e : edges.edges) scratch.sortedEdges[starts[bandOf(e)]++] = e;
+    scratch.sortedEdges.resize(edges.count);
+    for (const Edge& e : edges.edges()) scratch.sortedEdges[starts[bandOf(e)]++] = e;
     // Each start has moved to its band's end, which is the next band's start.
   }
 

@@ -10,9 +10,7 @@ namespace {
 // More chords than this are never spent on one curve; at 16384 pixels a quarter circle needs 560.
 constexpr int kMaxChords = 1024;
 
-// Takes a polyline in region coordinates and writes its edges, clipped to the region. What lies to
-// the left is pushed to the region's left edge, where it still turns the winding of the row; what
-// lies to the right or above or below has no effect and is dropped.
+// Collects edges, relative to the region.
 class EdgeWriter {
  public:
   EdgeWriter(EdgeList& out, const PixelRect& region)
@@ -22,112 +20,57 @@ class EdgeWriter {
         width_(region.width()),
         height_(region.height()) {
     out.region = region;
-    out.edges.clear();
+    out.count = 0;
     out.verticalRuns = 0;
   }
+  EdgeWriter(const EdgeWriter&) = delete;
+  EdgeWriter& operator=(const EdgeWriter&) = delete;
+  ~EdgeWriter() { out_.count = count_; }
 
   double left() const { return left_; }
   double top() const { return top_; }
-  double width() const { return width_; }
-  double height() const { return height_; }
 
-  void moveTo(double x, double y) {
-    closeContour();
-    startX_ = fromX_ = x;
-    startY_ = fromY_ = y;
-    fromUnits_ = units(y);
-    rising_ = -1;
-  }
-
-  // An edge that is known to lie inside the region (or beside it by rounding only).
-  void lineInside(double x, double y) {
-    const int to = std::clamp(units(y), 0, static_cast<int>(height_) * kUnitsPerPixel);
-    const int from = std::clamp(fromUnits_, 0, static_cast<int>(height_) * kUnitsPerPixel);
-    if (to != from) {
-      push(static_cast<float>(std::clamp(fromX_, 0.0, width_)), from,
-           static_cast<float>(std::clamp(x, 0.0, width_)), to);
+ protected:
+  void makeRoom(std::size_t edges) {
+    if (out_.storage.size() < count_ + edges) {
+      out_.storage.resize(std::max(count_ + edges, 2 * out_.storage.size()));
     }
-    fromX_ = x;
-    fromY_ = y;
-    fromUnits_ = to;
   }
-
-  void lineClipped(double x, double y) {
-    const double x0 = fromX_;
-    const double y0 = fromY_;
-    fromX_ = x;
-    fromY_ = y;
-    fromUnits_ = units(y);
-    if ((y0 <= 0 && y <= 0) || (y0 >= height_ && y >= height_) || y0 == y) return;
-    const double slope = (x - x0) / (y - y0);
-    const auto xAt = [&](double at) { return x0 + (at - y0) * slope; };
-    // The part inside the rows.
-    double ya = std::clamp(y0, 0.0, height_);
-    const double yb = std::clamp(y, 0.0, height_);
-    double xa = ya == y0 ? x0 : xAt(ya);
-    const double xb = yb == y ? x : xAt(yb);
-    // Split where it crosses the sides, in running order.
-    double crossings[2];
-    int count = 0;
-    for (const double side : {0.0, width_}) {
-      if ((xa < side && xb > side) || (xa > side && xb < side)) {
-        const double at = y0 + (side - x0) / slope;
-        crossings[count++] = std::clamp(at, std::min(ya, yb), std::max(ya, yb));
-      }
-    }
-    if (count == 2 && (xa > xb)) std::swap(crossings[0], crossings[1]);
-    for (int i = 0; i < count; ++i) {
-      const double xc = std::clamp(xAt(crossings[i]), 0.0, width_);
-      pushClamped(xa, ya, xc, crossings[i]);
-      xa = xc;
-      ya = crossings[i];
-    }
-    pushClamped(xa, ya, xb, yb);
-  }
-
-  void closeContour() {
-    if (fromX_ != startX_ || fromY_ != startY_) lineClipped(startX_, startY_);
-  }
-
- private:
-  static int units(double y) {
-    // Far outside the region only the side matters.
-    constexpr double limit = 1 << 20;
-    return static_cast<int>(std::floor(std::clamp(y, -limit, limit) * kUnitsPerPixel + 0.5));
-  }
-
-  void pushClamped(double xa, double ya, double xb, double yb) {
-    const int from = units(ya);
-    const int to = units(yb);
-    if (from == to) return;
-    if (xa >= width_ && xb >= width_) return;
-    push(static_cast<float>(std::clamp(xa, 0.0, width_)), from,
-         static_cast<float>(std::clamp(xb, 0.0, width_)), to);
-  }
-
+  void startRuns() { rising_ = -1; }
+  // Needs room, and ends at different heights.
   void push(float x0, int y0, float x1, int y1) {
-    out_.edges.push_back({x0, x1, y0, y1});
+    out_.storage[count_++] = {x0, x1, y0, y1};
     const int rising = y1 > y0 ? 1 : 0;
     out_.verticalRuns += rising != rising_ ? 1 : 0;
     rising_ = rising;
   }
 
   EdgeList& out_;
+  std::size_t count_ = 0;
   double left_;
   double top_;
   double width_;
   double height_;
-  double startX_ = 0;
-  double startY_ = 0;
-  double fromX_ = 0;
-  double fromY_ = 0;
-  int fromUnits_ = 0;
   int rising_ = -1;
 };
 
-// A cubic in polynomial form, relative to the region.
-struct Cubic {
-  double ax, ay, bx, by, cx, cy, dx, dy;
+// The step between samples of a cubic with its inner samples moved out of the hollow, as forward
+// differences: adding them up gives the next sample with nothing but additions.
+struct CubicSteps {
+  int count;
+  double x, y;
+  double dx, dy;
+  double ddx, ddy;
+  double dddx, dddy;
+
+  void advance() {
+    x += dx;
+    y += dy;
+    dx += ddx;
+    dy += ddy;
+    ddx += dddx;
+    ddy += dddy;
+  }
 };
 
 int chordCount(double bend, double tolerance) {
@@ -136,51 +79,227 @@ int chordCount(double bend, double tolerance) {
   return count < kMaxChords ? static_cast<int>(count) + 1 : kMaxChords;
 }
 
-void addCubic(EdgeWriter& writer, CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3,
-              double tolerance) {
-  const double minX = std::min(std::min(p0.x, p1.x), std::min(p2.x, p3.x));
-  const double maxX = std::max(std::max(p0.x, p1.x), std::max(p2.x, p3.x));
-  const double minY = std::min(std::min(p0.y, p1.y), std::min(p2.y, p3.y));
-  const double maxY = std::max(std::max(p0.y, p1.y), std::max(p2.y, p3.y));
-  if (maxY <= 0 || minY >= writer.height() || minX >= writer.width() || maxX <= 0) {
-    writer.lineClipped(p3.x, p3.y);
-    return;
-  }
+// Points relative to the region.
+CubicSteps stepsOf(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3, double tolerance) {
   const double ux = p0.x - 2 * p1.x + p2.x;
   const double uy = p0.y - 2 * p1.y + p2.y;
   const double vx = p1.x - 2 * p2.x + p3.x;
   const double vy = p1.y - 2 * p2.y + p3.y;
   const double bend = std::sqrt(std::max(ux * ux + uy * uy, vx * vx + vy * vy));
-  const int chords = chordCount(bend, tolerance);
-  const double h = 1.0 / chords;
-  const Cubic q{vx - ux, vy - uy, 3 * ux, 3 * uy, 3 * (p1.x - p0.x), 3 * (p1.y - p0.y), p0.x, p0.y};
-  // Chords of a curve lose area to its hollow side. Moving the inner points by −h²·p''/12 gives it
-  // back, and folds into the coefficients because p'' is linear in t.
-  const double cx = q.cx - q.ax * (h * h / 2);
-  const double cy = q.cy - q.ay * (h * h / 2);
-  const double dx = q.dx - q.bx * (h * h / 6);
-  const double dy = q.dy - q.by * (h * h / 6);
-  const bool inside = minX >= 0 && minY >= 0 && maxX <= writer.width() && maxY <= writer.height();
-  for (int k = 1; k < chords; ++k) {
-    const double t = k * h;
-    const double x = ((q.ax * t + q.bx) * t + cx) * t + dx;
-    const double y = ((q.ay * t + q.by) * t + cy) * t + dy;
-    if (inside) {
-      writer.lineInside(x, y);
-    } else {
-      writer.lineClipped(x, y);
-    }
-  }
-  if (inside) {
-    writer.lineInside(p3.x, p3.y);
-  } else {
-    writer.lineClipped(p3.x, p3.y);
-  }
+  const int count = chordCount(bend, tolerance);
+  const double h = 1.0 / count;
+  const double h2 = h * h;
+  // p(t) = a·t³ + b·t² + c·t + p0. Chords of a curve lose area to its hollow side; moving the
+  // inner points by −h²·p''/12 gives it back, and folds into the two lower coefficients because
+  // p'' = 6a·t + 2b is linear in t.
+  const double ax = vx - ux;
+  const double ay = vy - uy;
+  const double bx = 3 * ux;
+  const double by = 3 * uy;
+  const double cx = 3 * (p1.x - p0.x) - ax * (h2 / 2);
+  const double cy = 3 * (p1.y - p0.y) - ay * (h2 / 2);
+  const double h3 = h2 * h;
+  return {count,
+          p0.x - bx * (h2 / 6),
+          p0.y - by * (h2 / 6),
+          ax * h3 + bx * h2 + cx * h,
+          ay * h3 + by * h2 + cy * h,
+          6 * ax * h3 + 2 * bx * h2,
+          6 * ay * h3 + 2 * by * h2,
+          6 * ax * h3,
+          6 * ay * h3};
 }
 
-}  // namespace
+// For shapes that lie inside the region as a whole.
+class InsideWriter : public EdgeWriter {
+ public:
+  InsideWriter(EdgeList& out, const PixelRect& region)
+      : EdgeWriter(out, region),
+        right_(static_cast<float>(width_)),
+        foot_(region.height() * kUnitsPerPixel) {}
 
-namespace {
+  void moveTo(CGPoint p) {
+    closeContour();
+    fromX_ = startX_ = column(p.x);
+    fromY_ = startY_ = units(p.y);
+    startRuns();
+  }
+  void lineTo(CGPoint p) {
+    makeRoom(1);
+    edgeTo(column(p.x), units(p.y));
+  }
+  void cubicTo(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3, double tolerance) {
+    CubicSteps steps = stepsOf(p0, p1, p2, p3, tolerance);
+    makeRoom(static_cast<std::size_t>(steps.count));
+    for (int k = 1; k < steps.count; ++k) {
+      steps.advance();
+      edgeTo(column(steps.x), units(steps.y));
+    }
+    edgeTo(column(p3.x), units(p3.y));
+  }
+  void closeContour() {
+    makeRoom(1);
+    edgeTo(startX_, startY_);
+  }
+
+ private:
+  // A sample that was moved out of a hollow may pass the region's side by a hair.
+  float column(double x) const { return std::clamp(static_cast<float>(x), 0.0F, right_); }
+  int units(double y) const {
+    return std::clamp(static_cast<int>(y * kUnitsPerPixel + 0.5), 0, foot_);
+  }
+  void edgeTo(float x, int y) {
+    if (y != fromY_) push(fromX_, fromY_, x, y);
+    fromX_ = x;
+    fromY_ = y;
+  }
+
+  float right_;
+  int foot_;
+  float fromX_ = 0;
+  float startX_ = 0;
+  int fromY_ = 0;
+  int startY_ = 0;
+};
+
+// For shapes that the region cuts. What lies to the left is pushed to the region's left side,
+// where it still turns the winding of its rows; what lies to the right, above or below has no
+// effect and is dropped.
+class ClippedWriter : public EdgeWriter {
+ public:
+  using EdgeWriter::EdgeWriter;
+
+  void moveTo(CGPoint p) {
+    closeContour();
+    start_ = from_ = p;
+    startRuns();
+  }
+
+  void lineTo(CGPoint p) {
+    const CGPoint a = from_;
+    from_ = p;
+    if ((a.y <= 0 && p.y <= 0) || (a.y >= height_ && p.y >= height_) || a.y == p.y) return;
+    makeRoom(3);
+    const double slope = (p.x - a.x) / (p.y - a.y);
+    const auto xAt = [&](double y) { return a.x + (y - a.y) * slope; };
+    // The part inside the rows.
+    double ya = std::clamp(a.y, 0.0, height_);
+    const double yb = std::clamp(p.y, 0.0, height_);
+    double xa = ya == a.y ? a.x : xAt(ya);
+    const double xb = yb == p.y ? p.x : xAt(yb);
+    // Split where it crosses the sides, in running order.
+    double crossings[2];
+    int crossed = 0;
+    for (const double side : {0.0, width_}) {
+      if ((xa < side && xb > side) || (xa > side && xb < side)) {
+        const double at = a.y + (side - a.x) / slope;
+        crossings[crossed++] = std::clamp(at, std::min(ya, yb), std::max(ya, yb));
+      }
+    }
+    if (crossed == 2 && xa > xb) std::swap(crossings[0], crossings[1]);
+    for (int i = 0; i < crossed; ++i) {
+      const double xc = xAt(crossings[i]);
+      pushClamped(xa, ya, xc, crossings[i]);
+      xa = xc;
+      ya = crossings[i];
+    }
+    pushClamped(xa, ya, xb, yb);
+  }
+
+  void cubicTo(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3, double tolerance) {
+    const double minX = std::min(std::min(p0.x, p1.x), std::min(p2.x, p3.x));
+    const double maxX = std::max(std::max(p0.x, p1.x), std::max(p2.x, p3.x));
+    const double minY = std::min(std::min(p0.y, p1.y), std::min(p2.y, p3.y));
+    const double maxY = std::max(std::max(p0.y, p1.y), std::max(p2.y, p3.y));
+    // Outside, only the rows that it spans count.
+    if (maxY > 0 && minY < height_ && minX < width_ && maxX > 0) {
+      CubicSteps steps = stepsOf(p0, p1, p2, p3, tolerance);
+      for (int k = 1; k < steps.count; ++k) {
+        steps.advance();
+        lineTo({steps.x, steps.y});
+      }
+    }
+    lineTo(p3);
+  }
+
+  void closeContour() { lineTo(start_); }
+
+ private:
+  static int units(double y) { return static_cast<int>(y * kUnitsPerPixel + 0.5); }
+
+  void pushClamped(double xa, double ya, double xb, double yb) {
+    const int from = units(ya);
+    const int to = units(yb);
+    if (from == to || (xa >= width_ && xb >= width_)) return;
+    push(static_cast<float>(std::clamp(xa, 0.0, width_)), from,
+         static_cast<float>(std::clamp(xb, 0.0, width_)), to);
+  }
+
+  CGPoint start_;
+  CGPoint from_;
+};
+
+template <typename Writer>
+void writePath(const CGPath& path, const std::vector<CGPoint>& devicePoints,
+               const PixelRect& region, double tolerance, EdgeList& out) {
+  Writer writer(out, region);
+  const double left = writer.left();
+  const double top = writer.top();
+  const CGPoint* next = devicePoints.data();
+  const auto at = [&](int i) { return CGPoint{next[i].x - left, next[i].y - top}; };
+  CGPoint current;
+  for (const PathVerb verb : path.verbs()) {
+    switch (verb) {
+      case PathVerb::move:
+        current = at(0);
+        writer.moveTo(current);
+        break;
+      case PathVerb::line:
+        current = at(0);
+        writer.lineTo(current);
+        break;
+      case PathVerb::quad: {
+        const CGPoint control = at(0);
+        const CGPoint end = at(1);
+        const CGPoint c1{current.x + (control.x - current.x) * (2.0 / 3.0),
+                         current.y + (control.y - current.y) * (2.0 / 3.0)};
+        const CGPoint c2{end.x + (control.x - end.x) * (2.0 / 3.0),
+                         end.y + (control.y - end.y) * (2.0 / 3.0)};
+        writer.cubicTo(current, c1, c2, end, tolerance);
+        current = end;
+        break;
+      }
+      case PathVerb::cubic: {
+        const CGPoint end = at(2);
+        writer.cubicTo(current, at(0), at(1), end, tolerance);
+        current = end;
+        break;
+      }
+      case PathVerb::close:
+        writer.closeContour();
+        break;
+    }
+    next += pointCount(verb);
+  }
+  writer.closeContour();
+}
+
+template <typename Writer>
+void writePolygons(const Polygons& polygons, const PixelRect& region, EdgeList& out) {
+  Writer writer(out, region);
+  std::size_t i = 0;
+  for (const std::size_t end : polygons.ends) {
+    for (bool first = true; i < end; ++i, first = false) {
+      const CGPoint p{polygons.points[i].x - writer.left(), polygons.points[i].y - writer.top()};
+      if (first) {
+        writer.moveTo(p);
+      } else {
+        writer.lineTo(p);
+      }
+    }
+  }
+  writer.closeContour();
+}
 
 // Beyond this many pixels only the direction counts; keeping products of coordinates finite.
 constexpr double kFarthest = 1e9;
@@ -237,67 +356,22 @@ DeviceBox boxOf(const Polygons& polygons) {
   return builder.box();
 }
 
-void edgesOfPath(const CGPath& path, const std::vector<CGPoint>& devicePoints,
+void edgesOfPath(const CGPath& path, const std::vector<CGPoint>& devicePoints, const DeviceBox& box,
                  const PixelRect& region, double tolerance, EdgeList& out) {
-  EdgeWriter writer(out, region);
-  const auto at = [&](std::size_t i) {
-    return CGPoint{devicePoints[i].x - writer.left(), devicePoints[i].y - writer.top()};
-  };
-  std::size_t next = 0;
-  CGPoint current;
-  for (const PathVerb verb : path.verbs()) {
-    switch (verb) {
-      case PathVerb::move:
-        current = at(next);
-        writer.moveTo(current.x, current.y);
-        break;
-      case PathVerb::line:
-        current = at(next);
-        writer.lineClipped(current.x, current.y);
-        break;
-      case PathVerb::quad: {
-        const CGPoint control = at(next);
-        const CGPoint end = at(next + 1);
-        const CGPoint c1{current.x + (control.x - current.x) * (2.0 / 3.0),
-                         current.y + (control.y - current.y) * (2.0 / 3.0)};
-        const CGPoint c2{end.x + (control.x - end.x) * (2.0 / 3.0),
-                         end.y + (control.y - end.y) * (2.0 / 3.0)};
-        addCubic(writer, current, c1, c2, end, tolerance);
-        current = end;
-        break;
-      }
-      case PathVerb::cubic: {
-        const CGPoint end = at(next + 2);
-        addCubic(writer, current, at(next), at(next + 1), end, tolerance);
-        current = end;
-        break;
-      }
-      case PathVerb::close:
-        writer.closeContour();
-        break;
-    }
-    next += pointCount(verb);
+  if (contains(region, box)) {
+    writePath<InsideWriter>(path, devicePoints, region, tolerance, out);
+  } else {
+    writePath<ClippedWriter>(path, devicePoints, region, tolerance, out);
   }
-  writer.closeContour();
 }
 
-void edgesOfPolygons(const Polygons& polygons, const PixelRect& region, EdgeList& out) {
-  EdgeWriter writer(out, region);
-  std::size_t i = 0;
-  for (const std::size_t end : polygons.ends) {
-    bool first = true;
-    for (; i < end; ++i) {
-      const double x = polygons.points[i].x - writer.left();
-      const double y = polygons.points[i].y - writer.top();
-      if (first) {
-        writer.moveTo(x, y);
-      } else {
-        writer.lineClipped(x, y);
-      }
-      first = false;
-    }
+void edgesOfPolygons(const Polygons& polygons, const DeviceBox& box, const PixelRect& region,
+                     EdgeList& out) {
+  if (contains(region, box)) {
+    writePolygons<InsideWriter>(polygons, region, out);
+  } else {
+    writePolygons<ClippedWriter>(polygons, region, out);
   }
-  writer.closeContour();
 }
 
 }  // namespace glyphwright::raster

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include <glyphwright/platform/path.h>
@@ -26,10 +27,13 @@ struct Edge {
 /// The edges of one shape, relative to the pixels it may touch.
 struct EdgeList {
   PixelRect region;
-  std::vector<Edge> edges;
+  std::vector<Edge> storage;  // grows only; the first `count` are in use
+  std::size_t count = 0;
   /// How often a contour changes between running down and running up, over all contours: no pixel
   /// is wound round more often than half of this.
   int verticalRuns = 0;
+
+  std::span<const Edge> edges() const { return {storage.data(), count}; }
 };
 
 /// Contours of straight lines in device pixels, each closed by an implicit edge to its start.
@@ -58,13 +62,14 @@ DeviceBox mapPoints(const CGPath& path, const CGAffineTransform& toDevice,
 /// The box around all points; one that touches no pixel when a coordinate is NaN.
 DeviceBox boxOf(const Polygons& polygons);
 
-/// Flattens a path whose points have been mapped to device pixels; open subpaths are closed. A
-/// curve becomes as many chords as keep it within `tolerance` pixels, and the chords' inner points
-/// are moved out so that the area under the curve is kept.
-void edgesOfPath(const CGPath& path, const std::vector<CGPoint>& devicePoints,
+/// Flattens a path whose points have been mapped to device pixels; open subpaths are closed. `box`
+/// is the box around the points. A curve becomes as many chords as keep it within `tolerance`
+/// pixels, and the chords' inner points are moved out so that the area under the curve is kept.
+void edgesOfPath(const CGPath& path, const std::vector<CGPoint>& devicePoints, const DeviceBox& box,
                  const PixelRect& region, double tolerance, EdgeList& out);
 
-void edgesOfPolygons(const Polygons& polygons, const PixelRect& region, EdgeList& out);
+void edgesOfPolygons(const Polygons& polygons, const DeviceBox& box, const PixelRect& region,
+                     EdgeList& out);
 
 /// The flattening tolerance of fills, in pixels.
 inline constexpr double kFillTolerance = 0.03;

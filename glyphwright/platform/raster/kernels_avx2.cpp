@@ -7,8 +7,7 @@
 #include <glyphwright/platform/raster/cells.h>
 
 // Sixteen pixels at a time in 16-bit lanes; kernels_scalar.cpp says what each loop computes. The
-// product with rounding shift that the arithmetic is built on is one instruction here. Stretches
-// that are no multiple of sixteen end in the scalar loop.
+// product with rounding shift that the arithmetic is built on is one instruction here.
 namespace glyphwright::raster {
 namespace {
 
@@ -126,65 +125,86 @@ __m256i over(__m256i source, __m256i alpha, __m256i below) {
   return _mm256_add_epi16(source, _mm256_mulhrs_epi16(below, rest));
 }
 
+// Runs `step(pixels, coverage, source)` over stretches of sixteen pixels; what is left at the end
+// goes through a stretch of its own on the stack. `step` skips nothing and reads whole stretches.
+template <bool readsPixels, bool readsSource, typename Step>
+void inStretches(std::uint8_t* rgba, const std::uint16_t* coverage, const std::uint8_t* source,
+                 std::size_t count, Step step) {
+  std::size_t i = 0;
+  for (; i + kBlock <= count; i += kBlock) {
+    step(rgba + i * 4, coverage + i, readsSource ? source + i * 4 : nullptr);
+  }
+  const std::size_t rest = count - i;
+  if (rest == 0) return;
+  alignas(32) std::uint16_t coverageEnd[kBlock] = {};
+  alignas(32) std::uint8_t pixelEnd[kBlock * 4];
+  alignas(32) std::uint8_t sourceEnd[kBlock * 4];
+  std::memcpy(coverageEnd, coverage + i, rest * sizeof(std::uint16_t));
+  if constexpr (readsPixels) std::memcpy(pixelEnd, rgba + i * 4, rest * 4);
+  if constexpr (readsSource) std::memcpy(sourceEnd, source + i * 4, rest * 4);
+  step(pixelEnd, coverageEnd, sourceEnd);
+  std::memcpy(rgba + i * 4, pixelEnd, rest * 4);
+}
+
 void writeSolid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                 const SolidColor& color) {
   const __m256i channels = everyPixel(color.channels);
-  std::size_t i = 0;
-  for (; i + kBlock <= count; i += kBlock) {
-    Quads c = repeated(load(coverage + i));
-    for (__m256i& q : c.q) q = _mm256_mulhrs_epi16(channels, q);
-    storePixels(rgba + i * 4, c);
-  }
-  scalarKernels().writeSolid(rgba + i * 4, coverage + i, count - i, color);
+  inStretches<false, false>(
+      rgba, coverage, nullptr, count,
+      [&](std::uint8_t* pixels, const std::uint16_t* levels, const std::uint8_t*) {
+        Quads c = repeated(load(levels));
+        for (__m256i& q : c.q) q = _mm256_mulhrs_epi16(channels, q);
+        storePixels(pixels, c);
+      });
 }
 
 void blendSolid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                 const SolidColor& color) {
   const __m256i channels = everyPixel(color.channels);
   const __m256i alpha = _mm256_set1_epi16(color.alpha);
-  std::size_t i = 0;
-  for (; i + kBlock <= count; i += kBlock) {
-    const __m256i covered = load(coverage + i);
-    if (_mm256_testz_si256(covered, covered) != 0) continue;
-    Quads c = repeated(covered);
-    const Quads below = loadPixels(rgba + i * 4);
-    for (int k = 0; k < 4; ++k) {
-      c.q[k] = over(_mm256_mulhrs_epi16(channels, c.q[k]), _mm256_mulhrs_epi16(alpha, c.q[k]),
-                    below.q[k]);
-    }
-    storePixels(rgba + i * 4, c);
-  }
-  scalarKernels().blendSolid(rgba + i * 4, coverage + i, count - i, color);
+  inStretches<true, false>(
+      rgba, coverage, nullptr, count,
+      [&](std::uint8_t* pixels, const std::uint16_t* levels, const std::uint8_t*) {
+        const __m256i covered = load(levels);
+        if (_mm256_testz_si256(covered, covered) != 0) return;
+        Quads c = repeated(covered);
+        const Quads below = loadPixels(pixels);
+        for (int k = 0; k < 4; ++k) {
+          c.q[k] = over(_mm256_mulhrs_epi16(channels, c.q[k]), _mm256_mulhrs_epi16(alpha, c.q[k]),
+                        below.q[k]);
+        }
+        storePixels(pixels, c);
+      });
 }
 
 void writePixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                  const std::uint8_t* source) {
-  std::size_t i = 0;
-  for (; i + kBlock <= count; i += kBlock) {
-    Quads c = repeated(load(coverage + i));
-    const Quads above = loadPixels(source + i * 4);
-    for (int k = 0; k < 4; ++k) c.q[k] = _mm256_mulhrs_epi16(above.q[k], c.q[k]);
-    storePixels(rgba + i * 4, c);
-  }
-  scalarKernels().writePixels(rgba + i * 4, coverage + i, count - i, source + i * 4);
+  inStretches<false, true>(
+      rgba, coverage, source, count,
+      [](std::uint8_t* pixels, const std::uint16_t* levels, const std::uint8_t* from) {
+        Quads c = repeated(load(levels));
+        const Quads above = loadPixels(from);
+        for (int k = 0; k < 4; ++k) c.q[k] = _mm256_mulhrs_epi16(above.q[k], c.q[k]);
+        storePixels(pixels, c);
+      });
 }
 
 void blendPixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                  const std::uint8_t* source) {
-  std::size_t i = 0;
-  for (; i + kBlock <= count; i += kBlock) {
-    const __m256i covered = load(coverage + i);
-    if (_mm256_testz_si256(covered, covered) != 0) continue;
-    Quads c = repeated(covered);
-    const Quads above = loadPixels(source + i * 4);
-    const Quads below = loadPixels(rgba + i * 4);
-    for (int k = 0; k < 4; ++k) {
-      const __m256i alpha = _mm256_mulhrs_epi16(alphaFractions(above.q[k]), c.q[k]);
-      c.q[k] = over(_mm256_mulhrs_epi16(above.q[k], c.q[k]), alpha, below.q[k]);
-    }
-    storePixels(rgba + i * 4, c);
-  }
-  scalarKernels().blendPixels(rgba + i * 4, coverage + i, count - i, source + i * 4);
+  inStretches<true, true>(
+      rgba, coverage, source, count,
+      [](std::uint8_t* pixels, const std::uint16_t* levels, const std::uint8_t* from) {
+        const __m256i covered = load(levels);
+        if (_mm256_testz_si256(covered, covered) != 0) return;
+        Quads c = repeated(covered);
+        const Quads above = loadPixels(from);
+        const Quads below = loadPixels(pixels);
+        for (int k = 0; k < 4; ++k) {
+          const __m256i alpha = _mm256_mulhrs_epi16(alphaFractions(above.q[k]), c.q[k]);
+          c.q[k] = over(_mm256_mulhrs_epi16(above.q[k], c.q[k]), alpha, below.q[k]);
+        }
+        storePixels(pixels, c);
+      });
 }
 
 void multiplyCoverage(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count) {

@@ -40,6 +40,11 @@ struct DeviceBox {
   double maxY = 0;
 };
 
+/// True when the box lies wholly inside the pixels.
+inline bool contains(const PixelRect& r, const DeviceBox& box) {
+  return box.minX >= r.x0 && box.minY >= r.y0 && box.maxX <= r.x1 && box.maxY <= r.y1;
+}
+
 /// The pixels that `box` touches, no further out than `limit`. Empty for a box with NaN.
 inline PixelRect pixelsTouched(const DeviceBox& box, const PixelRect& limit) {
   if (!(box.maxX >= box.minX) || !(box.maxY >= box.minY)) return {};

@@ -11,7 +11,7 @@ std::size_t bytes(const std::vector<T>& v) {
 }  // namespace
 
 void Scratch::trim() {
-  const std::size_t kept = bytes(devicePoints) + bytes(edges.edges) + bytes(polygons.points) +
+  const std::size_t kept = bytes(devicePoints) + bytes(edges.storage) + bytes(polygons.points) +
                            bytes(sortedEdges) + bytes(activeEdges) + bytes(narrowCells) +
                            bytes(wideCells) + bytes(touched) + bytes(coverage) +
                            bytes(clippedCoverage) + bytes(sourceRow);

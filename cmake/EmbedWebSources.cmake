@@ -1,0 +1,10 @@
+# Run as a script: writes OUTPUT, a source file that holds the files of WEB as string constants.
+set(text "// Made from the files of web/ when the program is built.\n#include \"tools/web_sources.h\"\n\n")
+string(APPEND text "namespace glyphwright::cli {\n\n")
+foreach(kind IN ITEMS Html Css Js)
+  string(TOLOWER ${kind} ending)
+  file(READ ${WEB}/gallery.${ending} content)
+  string(APPEND text "constexpr std::string_view gallery${kind} = R\"embedded(${content})embedded\";\n")
+endforeach()
+string(APPEND text "\n}  // namespace glyphwright::cli\n")
+file(WRITE ${OUTPUT} "${text}")

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <ostream>
+
+namespace glyphwright::cli {
+
+/// Exit statuses of the program.
+inline constexpr int statusDone = 0;
+/// Some output could not be made or written.
+inline constexpr int statusFailed = 1;
+/// The command line is wrong; nothing was done.
+inline constexpr int statusUsage = 2;
+
+/// Where a command writes: results to `out`, messages and progress to `err`.
+struct Console {
+  std::ostream& out;
+  std::ostream& err;
+  bool outIsTerminal = false;
+  bool errIsTerminal = false;
+};
+
+}  // namespace glyphwright::cli

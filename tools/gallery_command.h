@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "console.h"
+
+namespace glyphwright::cli {
+
+struct GalleryOptions {
+  /// The folder to write into; made where it is missing.
+  std::string folder;
+};
+
+/// Writes index.html, a page to browse the whole catalogue, and sheet.png, a contact sheet of all
+/// icons. The page needs nothing else.
+int runGallery(const GalleryOptions& options, Console& console);
+
+}  // namespace glyphwright::cli

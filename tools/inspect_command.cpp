@@ -1,0 +1,15 @@
+#include "inspect_command.h"
+
+#include "icon_names.h"
+#include "inspect.h"
+
+namespace glyphwright::cli {
+
+int runInspectCommand(const InspectOptions& options, Console& console) {
+  const std::vector<NamedIcon> icons = options.all ? allIcons() : iconsNamed(options.names);
+  std::vector<std::string> methods;
+  for (const NamedIcon& named : icons) methods.emplace_back(named.icon.method);
+  return runInspect(methods, console.out);
+}
+
+}  // namespace glyphwright::cli

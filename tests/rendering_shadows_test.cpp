@@ -1,0 +1,198 @@
+// Drop shadows and inset shadows.
+
+#include <memory>
+#include <optional>
+
+#include <gtest/gtest.h>
+
+#include <glyphwright/bezier_path.h>
+#include <glyphwright/platform/context.h>
+#include <glyphwright/rendering/attribute_dictionary.h>
+#include <glyphwright/rendering/icon_attributes.h>
+
+#include "pixels.h"
+#include "plain_icon_renderer.h"
+
+namespace glyphwright {
+namespace {
+
+using namespace pixels;
+
+const UIColor red(1, 0, 0, 1);
+const UIColor blue(0, 0, 1, 1);
+const UIColor clear = UIColor::clearColor();
+
+NSShadow shadowOf(CGSize offset, CGFloat blur, std::optional<UIColor> color) {
+  NSShadow shadow;
+  shadow.setShadowOffset(offset);
+  shadow.setShadowBlurRadius(blur);
+  shadow.setShadowColor(color);
+  return shadow;
+}
+
+UIBezierPath lineless(UIBezierPath path) {
+  path.setLineWidth(0);
+  return path;
+}
+
+// A 40-point image with a red square from 10 to 30.
+UIImage redSquare() {
+  UIGraphicsBeginImageContextWithOptions({40, 40}, false, 0);
+  red.set();
+  CGContextFillRect(UIGraphicsGetCurrentContext(), {10, 10, 20, 20});
+  const UIImage image = *UIGraphicsGetImageFromCurrentImageContext();
+  UIGraphicsEndImageContext();
+  return image;
+}
+
+// What `draw` leaves in a transparent 40-point context.
+template <typename Draw>
+UIImage drawn(Draw draw) {
+  UIGraphicsBeginImageContextWithOptions({40, 40}, false, 0);
+  draw();
+  const UIImage image = *UIGraphicsGetImageFromCurrentImageContext();
+  UIGraphicsEndImageContext();
+  return image;
+}
+
+TEST(DropShadow, NoShadowNoChange) {
+  const ScreenScale scale(2);
+  const UIImage image = redSquare();
+  const UIBezierPath path;
+  for (const NSShadow& none :
+       {shadowOf({0, 0}, 0, blue), shadowOf({3, 3}, 2, std::nullopt), shadowOf({3, 3}, 2, clear)}) {
+    expectSamePixels(path.imageWithDropShadow(none, image), image);
+  }
+}
+
+TEST(DropShadow, FallsBesideTheImageInItsOwnSize) {
+  const ScreenScale scale(2);
+  const UIImage image =
+      UIBezierPath().imageWithDropShadow(shadowOf({15, -5}, 0, UIColor(0, 0, 1, 0.5)), redSquare());
+  EXPECT_EQ(image.size(), (CGSize{40, 40}));
+  EXPECT_EQ(paintedBox(image), (Box{20, 10, 80, 60})) << "what falls outside is cut off";
+  EXPECT_EQ(at(image, 40, 30), kRed);
+  EXPECT_EQ(at(image, 70, 12), (Rgba{0, 0, 128, 128}));
+}
+
+TEST(DropShadow, RedrawsAtTheScreenScale) {
+  const UIImage image = [] {
+    const ScreenScale scale(1);
+    return redSquare();
+  }();
+  const ScreenScale scale(3);
+  const UIImage redrawn = UIBezierPath().imageWithDropShadow(shadowOf({0, 0}, 0, blue), image);
+  EXPECT_EQ(redrawn.scale(), 3);
+  EXPECT_EQ(redrawn.cgImage().pixelWidth(), 120U);
+  EXPECT_EQ(at(redrawn, 60, 60), kRed);
+}
+
+TEST(InsetShadow, DarkensTheSidesThatTheOffsetPointsAwayFrom) {
+  const struct {
+    CGSize offset;
+    Box dark;
+  } rows[] = {
+      {{4, 0}, {20, 20, 28, 60}},  {{-4, 0}, {52, 20, 60, 60}}, {{0, 3}, {20, 20, 60, 26}},
+      {{0, -3}, {20, 54, 60, 60}}, {{0, 0}, {0, 0, 0, 0}},      {{50, 0}, {20, 20, 60, 60}},
+  };
+  const ScreenScale scale(2);
+  for (const auto& row : rows) {
+    const UIImage image = drawn([&] {
+      UIBezierPath::bezierPathWithRect({10, 10, 20, 20})
+          .drawInsetShadow(shadowOf(row.offset, 0, blue));
+    });
+    EXPECT_EQ(paintedBox(image), row.dark) << row.offset.width << ' ' << row.offset.height;
+    EXPECT_EQ(boxAround(image, [](const Rgba& p) { return p == kBlue; }), row.dark);
+  }
+}
+
+TEST(InsetShadow, AgreesWithThePlainSteps) {
+  const UIBezierPath paths[] = {
+      UIBezierPath::bezierPathWithOvalInRect({5.3, 4.1, 30.7, 29.2}),
+      UIBezierPath::heartPath(),
+      UIBezierPath::gearPath(),
+      UIBezierPath::bezierPathWithRect({0, 0, 40.25, 3.5}),
+  };
+  const CGSize offsets[] = {{0, 0}, {0, 2}, {-3.3, 1.7}, {0.5, -0.5}, {30, 30}};
+  const ScreenScale scale(2);
+  for (const UIBezierPath& path : paths) {
+    for (const CGSize offset : offsets) {
+      for (const CGFloat blur : {0.0, 3.0, 7.5}) {
+        const NSShadow shadow = shadowOf(offset, blur, UIColor(0.2, 0, 0.7, 0.8));
+        expectSamePixels(drawn([&] { path.drawInsetShadow(shadow); }),
+                         drawn([&] { plain::drawInsetShadow(path, shadow); }));
+      }
+    }
+  }
+}
+
+TEST(InsetShadow, LeavesTheContextAsItWas) {
+  const ScreenScale scale(1);
+  const UIImage image = drawn([] {
+    blue.set();
+    UIBezierPath::bezierPathWithRect({10, 10, 20, 20}).drawInsetShadow(shadowOf({4, 0}, 0, red));
+    CGContextFillRect(UIGraphicsGetCurrentContext(), {0, 0, 5, 5});
+  });
+  EXPECT_EQ(at(image, 2, 2), kBlue) << "neither clip nor colour remain";
+  EXPECT_EQ(at(image, 7, 2), kNone) << "no shadow remains";
+  EXPECT_EQ(at(image, 12, 20), kRed);
+  // Without a context, without a path, without a colour: nothing.
+  UIBezierPath::bezierPathWithRect({10, 10, 20, 20}).drawInsetShadow(shadowOf({4, 0}, 0, red));
+  EXPECT_EQ(paintedBox(drawn([] {
+              UIBezierPath().drawInsetShadow(shadowOf({4, 0}, 0, red));
+              UIBezierPath::heartPath().drawInsetShadow(shadowOf({4, 0}, 0, std::nullopt));
+            })),
+            Box{});
+}
+
+// The dictionary shades the finished image, background included; the record only what is drawn
+// over the background.
+TEST(DropShadow, OnAnOpaqueBackgroundOnlyTheRecordsShadowShows) {
+  const ScreenScale scale(1);
+  const UIBezierPath square = lineless(UIBezierPath::bezierPathWithRect({0, 0, 20, 20}));
+  const auto shadow = std::make_shared<NSShadow>(shadowOf({4, 0}, 0, blue));
+  const UIImage keyed =
+      square.imageWithAttributes({{VNTLGlyphwrightSize, CGSize{40, 40}},
+                                  {VNTLGlyphwrightFillColor, red},
+                                  {VNTLGlyphwrightBackgroundColor, UIColor::whiteColor()},
+                                  {VNTLGlyphwrightDropShadow, shadow}});
+  const UIImage recorded = square.makeImage({.fillColor = red,
+                                             .backgroundColor = UIColor::whiteColor(),
+                                             .dropShadow = IconShadow(blue, {4, 0}, 0),
+                                             .size = {40, 40}});
+  for (const UIImage* image : {&keyed, &recorded}) {
+    EXPECT_EQ(at(*image, 4, 20), kRed);
+    EXPECT_EQ(at(*image, 35, 20), kRed);
+    EXPECT_EQ(at(*image, 0, 0), kWhite);
+  }
+  EXPECT_EQ(at(keyed, 38, 20), kWhite);
+  EXPECT_EQ(at(recorded, 38, 20), kBlue);
+}
+
+TEST(DropShadow, TheRecordCastsOneShadowOfAllThatIsDrawn) {
+  const ScreenScale scale(1);
+  const UIBezierPath square = UIBezierPath::bezierPathWithRect({0, 0, 20, 20});
+  IconAttributes attributes{.fillColor = red,
+                            .backgroundColor = clear,
+                            .stroke = IconStroke(UIColor(0, 1, 0, 1), 2),
+                            .dropShadow = IconShadow(UIColor(0, 0, 1, 0.5), {3, 3}, 2),
+                            .size = {40, 40}};
+  // d = 2 + 2 + 6: the square lies between 5 and 35, its outline between 4 and 36.
+  const UIImage flat = square.makeImage(attributes);
+  EXPECT_EQ(boxAround(flat, [](const Rgba& p) { return p == kGreen; }), (Box{4, 4, 36, 36}));
+  EXPECT_EQ(boxAround(flat, [](const Rgba& p) { return p == kRed; }), (Box{6, 6, 34, 34}))
+      << "the outline throws no shadow on the fill";
+  EXPECT_NEAR(at(flat, 36, 20).alpha, 127, 2) << "the outline's shadow";
+
+  attributes.gradient = IconGradient({red, red}, {}, IconGradient::Direction::topToBottom);
+  expectSamePixels(square.makeImage(attributes), flat);
+
+  attributes.gradient.reset();
+  attributes.stroke->color = clear;
+  const UIImage bare = square.makeImage(attributes);
+  EXPECT_NEAR(at(bare, 35, 20).alpha, 127, 2);
+  EXPECT_EQ(at(bare, 4, 20), kNone);
+}
+
+}  // namespace
+}  // namespace glyphwright

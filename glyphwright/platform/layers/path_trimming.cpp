@@ -62,13 +62,24 @@ LengthTable measured(const Cubic& cubic) {
   return table;
 }
 
-// The parameter at a length from the start.
-CGFloat parameterAt(const LengthTable& table, CGFloat length) {
+// The parameter at a length from the start, as if each piece were run through evenly.
+CGFloat evenParameterAt(const LengthTable& table, CGFloat length) {
   const auto piece = std::lower_bound(table.begin(), table.end(), length);
   if (piece == table.end()) return 1;
   const CGFloat before = piece == table.begin() ? 0 : *(piece - 1);
   const CGFloat share = *piece > before ? (length - before) / (*piece - before) : 1;
   return (static_cast<CGFloat>(piece - table.begin()) + share) / static_cast<CGFloat>(kPieces);
+}
+
+// The same, with the piece that the length falls into measured in pieces once more.
+CGFloat parameterAt(const Cubic& cubic, const LengthTable& table, CGFloat length) {
+  const auto piece = std::lower_bound(table.begin(), table.end(), length);
+  if (piece == table.end()) return 1;
+  const CGFloat before = piece == table.begin() ? 0 : *(piece - 1);
+  constexpr auto pieces = static_cast<CGFloat>(kPieces);
+  const auto index = static_cast<CGFloat>(piece - table.begin());
+  const LengthTable fine = measured(cut(cubic, index / pieces, (index + 1) / pieces));
+  return (index + evenParameterAt(fine, length - before)) / pieces;
 }
 
 // One element after the move that starts its subpath; a close is the edge back to the start.
@@ -121,8 +132,8 @@ void addPart(CGPath& path, const Segment& segment, CGFloat length, CGFloat from,
   }
   const Cubic cubic = segment.cubic();
   const LengthTable table = measured(cubic);
-  const Cubic part =
-      cut(cubic, from > 0 ? parameterAt(table, from) : 0, to < length ? parameterAt(table, to) : 1);
+  const Cubic part = cut(cubic, from > 0 ? parameterAt(cubic, table, from) : 0,
+                         to < length ? parameterAt(cubic, table, to) : 1);
   if (pending) path.moveToPoint(part.p0);
   path.addCurveToPoint(part.p3, part.p1, part.p2);
 }
@@ -162,8 +173,9 @@ CGPath trimmedPath(const CGPath& path, CGFloat start, CGFloat end) {
         if (inside && whole && segment.verb == PathVerb::close && !pending) {
           result.closeSubpath();
         } else if (length > 0 ? segmentEnd > from && at < to : inside && whole) {
-          addPart(result, segment, length, std::max(from - at, 0.0), std::min(to - at, length),
-                  pending);
+          // Ends that are not cut stay to the bit.
+          addPart(result, segment, length, at < from ? from - at : 0,
+                  segmentEnd > to ? to - at : length, pending);
           pending = false;
         }
         whole = whole && inside;

@@ -1,0 +1,144 @@
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <glyphwright/bezier_path.h>
+#include <glyphwright/catalogue/catalogue.h>
+#include <glyphwright/catalogue/icon_type.h>
+#include <glyphwright/catalogue/icons.h>
+#include <glyphwright/catalogue/pathable.h>
+#include <glyphwright/paths/method_names.h>
+#include <glyphwright/paths/registry.h>
+#include <glyphwright/platform/image.h>
+#include <glyphwright/rendering/attribute_dictionary.h>
+#include <glyphwright/rendering/icon_attributes.h>
+
+#include "pixel_manifest.h"
+#include "pixels.h"
+
+namespace glyphwright::pixel_manifest {
+namespace {
+
+using Direction = IconGradient::Direction;
+
+const UIColor kInk(0.11, 0.13, 0.19, 1);
+const UIColor kRose(0.93, 0.26, 0.4, 1);
+const UIColor kAmber(0.98, 0.7, 0.2, 1);
+const UIColor kTeal(0.1, 0.6, 0.6, 0.75);
+const UIColor kShade(0, 0, 0.1, 0.6);
+const UIColor kClear = UIColor::clearColor();
+
+IconAttributes plain(CGFloat side) {
+  return {.fillColor = kInk,
+          .backgroundColor = kClear,
+          .stroke = IconStroke(kClear, 0),
+          .size = {side, side}};
+}
+
+void addIcons(std::vector<Picture>& list) {
+  for (const std::string_view name : iconMethodNames) {
+    for (const int side : {24, 48, 96}) {
+      list.push_back({std::string(name) + '@' + std::to_string(side),
+                      [name, side] { return findClassMethod(name)().makeImage(plain(side)); }});
+    }
+  }
+}
+
+void addRecords(std::vector<Picture>& list) {
+  const auto add = [&](std::string name, Icons icon, CGFloat side, auto change) {
+    IconAttributes attributes = plain(side);
+    change(attributes);
+    list.push_back({std::move(name), [=] { return UIBezierPath::newImage(icon, attributes); }});
+  };
+  add("record-hairline", Icons::star, 64, [](IconAttributes& a) { a.stroke.reset(); });
+  add("record-stroke", Icons::heart, 72,
+      [](IconAttributes& a) { a.stroke = IconStroke(kRose, 5.5); });
+  add("record-translucent", Icons::flame, 72, [](IconAttributes& a) {
+    a.fillColor = kTeal;
+    a.stroke = IconStroke(UIColor(1, 0.8, 0.2, 0.5), 4);
+    a.backgroundColor = UIColor(0.9, 0.9, 1, 0.3);
+  });
+  add("record-gradient", Icons::surgoBolt, 96, [](IconAttributes& a) {
+    a.gradient = IconGradient({kRose, kAmber, kTeal}, {}, Direction::leftToRight);
+    a.backgroundColor = UIColor::whiteColor();
+  });
+  add("record-slanted-gradient", Icons::airplane, 96, [](IconAttributes& a) {
+    a.gradient = IconGradient({kRose, kInk, kAmber}, {{0.9, 0.2}, {0.1, 0.7}}, {0.1, 0.5, 0.5});
+  });
+  add("record-drop-shadow", Icons::heart, 96, [](IconAttributes& a) {
+    a.fillColor = kRose;
+    a.dropShadow = IconShadow(kShade, {2, 4}, 6);
+    a.backgroundColor = UIColor::whiteColor();
+  });
+  add("record-grouped-shadow", Icons::roundyStar, 96, [](IconAttributes& a) {
+    a.gradient = IconGradient({kRose, kAmber}, {}, Direction::topLeftToBottomRight);
+    a.stroke = IconStroke(kTeal, 3);
+    a.dropShadow = IconShadow(kShade, {-3, 3}, 4);
+  });
+  add("record-wide-blur", Icons::circle, 160, [](IconAttributes& a) {
+    a.dropShadow = IconShadow(kShade, {0, 0}, 48);
+  });
+  add("record-inset-shadow", Icons::placemark, 96, [](IconAttributes& a) {
+    a.fillColor = kAmber;
+    a.insetShadow = IconShadow(kShade, {3, 5}, 5);
+  });
+  add("record-everything", Icons::chatBubble, 120, [](IconAttributes& a) {
+    a.border = IconBorder(kTeal, 3);
+    a.stroke = IconStroke(kInk, 1.5);
+    a.gradient = IconGradient({kRose, kAmber}, {}, Direction::bottomLeftToTopRight);
+    a.dropShadow = IconShadow(kShade, {1, 2}, 4);
+    a.insetShadow = IconShadow(kShade, {0, -2}, 3);
+    a.backgroundColor = UIColor(0.95, 0.95, 1, 1);
+  });
+}
+
+void addOthers(std::vector<Picture>& list) {
+  list.push_back(
+      {"dictionary-everything", [] {
+         const pixels::ScreenScale scale(2);
+         return UIBezierPath::imageWithIcon(
+             VNTLIconType::gear,
+             {{VNTLGlyphwrightSize, CGSize{60, 44}},
+              {VNTLGlyphwrightGradientColors, std::vector<UIColor>{kRose, kAmber, kTeal}},
+              {VNTLGlyphwrightGradientLocations, std::vector<NSNumber>{0, 0.3, 1}},
+              {VNTLGlyphwrightStrokeColor, kInk},
+              {VNTLGlyphwrightStrokeWidth, 1.5},
+              {VNTLGlyphwrightBorderColor, kAmber},
+              {VNTLGlyphwrightBorderWidth, 2},
+              {VNTLGlyphwrightInsetShadow, IconShadow(kShade, {0, 1}, 2).shadow},
+              {VNTLGlyphwrightDropShadow, IconShadow(kShade, {1, 1}, 3).shadow}});
+       }});
+  list.push_back({"stroke-color",
+                  [] { return UIBezierPath::pencilPath().imageWithStrokeColor(kRose, kTeal); }});
+  list.push_back(
+      {"canvas", [] {
+         const std::vector<Pathable> icons = {App::Shapes::Circles::circle,
+                                              App::Shapes::Checks::checkmark};
+         IconAttributes light = plain(24);
+         light.fillColor = UIColor::whiteColor();
+         const std::vector<IconAttributes> attributes = {plain(20), light};
+         const std::vector<CGPoint> positions = {{2, 2}, {17.5, 20.25}};
+         const std::vector<CGSize> sizes = {{60, 60}, {31, 23}};
+         return UIBezierPath::newImage(icons, attributes, positions, sizes, CGSize{64, 64});
+       }});
+  list.push_back({"circle-icon", [] {
+                    const std::shared_ptr<NSShadow> shadow = IconShadow(kShade, {0, 2}, 4).shadow;
+                    return *UIImage::circleIcon({40, 40}, kRose, {2.5, UIColor::whiteColor()},
+                                                shadow.get(), UIImage::Shape::thickCheckmark,
+                                                {18, 14}, UIColor::whiteColor());
+                  }});
+}
+
+}  // namespace
+
+std::vector<Picture> pictures() {
+  std::vector<Picture> list;
+  addIcons(list);
+  addRecords(list);
+  addOthers(list);
+  return list;
+}
+
+}  // namespace glyphwright::pixel_manifest

@@ -230,9 +230,9 @@ struct Exceptions {
   std::set<std::string_view> offGrid = {"leftArrowStemPath", "navigationArrowRightPath",
                                         "navigationArrowDownPath", "angledAirplanePath"};
   // The extents on record are those of control points, or each corner has one curve only.
-  std::set<std::string_view> controlsOutside = {"pointyStarPath",  "starPath",
-                                                "stellonStarPath", "stellonStarOnlyPath",
-                                                "arrowPath",       "angledAirplanePath"};
+  std::set<std::string_view> controlsOutside = {
+      "pointyStarPath", "starPath",           "stellonStarPath",  "stellonStarOnlyPath",
+      "arrowPath",      "angledAirplanePath", "gamepadNopeXPath", "likesYouHeart"};
   std::set<std::string_view> strokedOnly = {"chatActionBarCloseIcon"};
 };
 

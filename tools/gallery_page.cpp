@@ -44,6 +44,17 @@ std::string escaped(std::string_view text) {
   return result;
 }
 
+/// The name with places where a line may break before each capital that follows a small letter.
+std::string breakable(std::string_view name) {
+  std::string html;
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    const bool capital = name[i] >= 'A' && name[i] <= 'Z';
+    if (i > 0 && capital && name[i - 1] >= 'a' && name[i - 1] <= 'z') html += "<wbr>";
+    html += name[i];
+  }
+  return html;
+}
+
 std::string attribute(std::string_view name, std::string_view value) {
   if (value.empty()) return {};
   return ' ' + std::string(name) + "=\"" + escaped(value) + '"';
@@ -105,9 +116,9 @@ std::string card(std::string_view name, std::string_view method) {
               svgElement(path, {.attributes = " aria-hidden=\"true\""}) + "</button>";
   }
   html += picture + "<button type=\"button\" class=\"name\" title=\"Copy the name\"" +
-          attribute("data-copy", name) + '>' + escaped(shortName) +
+          attribute("data-copy", name) + '>' + breakable(shortName) +
           "</button><span class=\"meta\">";
-  if (method != shortName) html += "<b>" + escaped(method) + "</b>";
+  if (method != shortName) html += "<b>" + breakable(method) + "</b>";
   return html + frame + "</span></li>\n";
 }
 

@@ -73,8 +73,16 @@ function filter() {
     card.hidden = !words.every((word) => haystacks[i].includes(word));
     if (!card.hidden) ++count;
   });
-  for (const group of $$('.section, .tab')) group.hidden = !$('.card:not([hidden])', group);
-  for (const link of $$('.tabs a')) link.hidden = $(link.hash).hidden;
+  for (const group of $$('.section, .tab')) {
+    const matches = $$('.card:not([hidden])', group).length;
+    group.hidden = matches === 0;
+    if (group.matches('.section')) $('h3 small', group).textContent = matches;
+  }
+  for (const link of $$('.tabs a')) {
+    const tab = $(link.hash);
+    link.hidden = tab.hidden;
+    $('small', link).textContent = $$('.card:not([hidden])', tab).length;
+  }
   $('.nothing').hidden = count > 0;
   $('#found').textContent = words.length === 0 ? '' : count === 1 ? '1 icon' : `${count} icons`;
 }

@@ -24,7 +24,7 @@ need() {
     apt-get install -y -q --no-install-recommends "${missing[@]}"
 }
 
-build_packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libpng-dev)
+build_packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libpng-dev libgif-dev)
 bench_packages=(pkg-config libcairo2-dev libagg-dev)
 test_packages=(libgtest-dev clang clang-format clang-tidy)
 

@@ -1,0 +1,142 @@
+#include "animate_command.h"
+
+#include <cmath>
+#include <filesystem>
+#include <stdexcept>
+#include <string_view>
+#include <vector>
+
+#include <glyphwright/platform/context.h>
+
+#include "animated_picture.h"
+#include "animation_scenes.h"
+#include "icon_names.h"
+#include "numbers.h"
+#include "output.h"
+#include "png.h"
+#include "usage_error.h"
+
+namespace glyphwright::cli {
+namespace {
+
+constexpr double kMaxFrames = 1000;
+// A quarter of a gigabyte of pixels: far beyond any animation that a page could show.
+constexpr double kMaxPixels = 67108864;
+
+enum class Format : std::uint8_t { png, gif, folder };
+
+Format formatOfAnimation(const AnimateOptions& options) {
+  const std::string_view output = options.output;
+  if (output == "-" || output.ends_with(".png")) return Format::png;
+  if (output.ends_with(".gif")) return Format::gif;
+  if (!std::filesystem::path(output).has_extension()) return Format::folder;
+  throw UsageError("\"" + options.output +
+                   "\" does not end in .png or .gif, and a folder's name has no ending");
+}
+
+std::size_t frameCount(const AnimateOptions& options) {
+  const double frames = std::floor(options.framesPerSecond * options.duration + 0.5);
+  const double pixels = std::ceil(options.size.width * options.scale) *
+                        std::ceil(options.size.height * options.scale);
+  if (!(frames >= 1)) throw UsageError("the animation has no frame: it is too short");
+  if (frames > kMaxFrames) {
+    throw UsageError("the animation has more than " + textOf(kMaxFrames) + " frames");
+  }
+  if (!(pixels * frames <= kMaxPixels)) {
+    throw UsageError("the animation has more than " + textOf(kMaxPixels) +
+                     " pixels in all its frames");
+  }
+  return static_cast<std::size_t>(frames);
+}
+
+UIBezierPath pathOf(const NamedIcon& icon) {
+  if (icon.icon.builder == nullptr) throw std::runtime_error(icon.name + " has no drawing");
+  return icon.icon.builder();
+}
+
+std::shared_ptr<CALayer> sceneOf(const AnimateOptions& options) {
+  std::vector<std::string> names{options.name};
+  if (options.kind == AnimationKind::morph) names.push_back(options.to);
+  const std::vector<NamedIcon> icons = iconsNamed(names);
+  const UIBezierPath path = pathOf(icons.front());
+  switch (options.kind) {
+    case AnimationKind::stroke:
+      return strokeScene(path, options.color, options.size, options.duration);
+    case AnimationKind::morph:
+      return morphScene(path, pathOf(icons.back()), options.color, options.size, options.duration);
+    case AnimationKind::sweep:
+      break;
+  }
+  return sweepScene(path, options.gradient, options.size, options.duration);
+}
+
+AnimatedPicture rendered(const AnimateOptions& options, Console& console) {
+  const std::size_t frames = frameCount(options);
+  const std::shared_ptr<CALayer> scene = sceneOf(options);
+  scene->setBackgroundColor(options.background);
+  AnimatedPicture picture;
+  picture.framesPerSecond = options.framesPerSecond;
+  Progress progress(console, "rendering", frames);
+  for (std::size_t frame = 0; frame < frames; ++frame) {
+    progress.step();
+    // As shares of the duration, so that the first frame follows on from the last one.
+    const double time = options.duration * static_cast<double>(frame) / static_cast<double>(frames);
+    UIGraphicsBeginImageContextWithOptions(options.size, false, options.scale);
+    scene->presentationLayerAtTime(time)->renderInContext(UIGraphicsGetCurrentContext());
+    const std::optional<UIImage> image = UIGraphicsGetImageFromCurrentImageContext();
+    UIGraphicsEndImageContext();
+    if (!image) throw std::runtime_error(options.name + " cannot be drawn at this size");
+    const CGImage& pixels = image->cgImage();
+    picture.pixelWidth = pixels.pixelWidth();
+    picture.pixelHeight = pixels.pixelHeight();
+    picture.frames.emplace_back(pixels.rgba().begin(), pixels.rgba().end());
+  }
+  return picture;
+}
+
+void writeFolder(const AnimatedPicture& picture, const std::string& folder, Console& console) {
+  for (std::size_t i = 0; i < picture.frames.size(); ++i) {
+    std::string number = std::to_string(i);
+    number.insert(0, 3 - std::min<std::size_t>(number.size(), 3), '0');
+    writeOutput((std::filesystem::path(folder) / ("frame-" + number + ".png")).string(),
+                encodePng(picture.pixelWidth, picture.pixelHeight, picture.frames[i]), console);
+  }
+}
+
+}  // namespace
+
+AnimateOptions::AnimateOptions()
+    : gradient({UIColor(1, 0.18, 0.42, 1), UIColor(1, 0.62, 0.2, 1)}, {},
+               IconGradient::Direction::topLeftToBottomRight) {}
+
+AnimationKind animationKindFrom(const std::string& text) {
+  if (text == "sweep") return AnimationKind::sweep;
+  if (text == "stroke") return AnimationKind::stroke;
+  if (text == "morph") return AnimationKind::morph;
+  throw UsageError("\"" + text + "\" is none of sweep, stroke and morph");
+}
+
+int runAnimate(const AnimateOptions& options, Console& console) {
+  const Format format = formatOfAnimation(options);
+  if ((options.kind == AnimationKind::morph) == options.to.empty()) {
+    throw UsageError("--to names the other icon of --kind morph, and of that alone");
+  }
+  if (options.output == "-" && console.outIsTerminal) {
+    throw UsageError("standard output is a terminal: send the animation to a file or a pipe");
+  }
+  const AnimatedPicture picture = rendered(options, console);
+  switch (format) {
+    case Format::png:
+      writeOutput(options.output, encodeAnimatedPng(picture), console);
+      break;
+    case Format::gif:
+      writeOutput(options.output, encodeGif(picture), console);
+      break;
+    case Format::folder:
+      writeFolder(picture, options.output, console);
+      break;
+  }
+  return statusDone;
+}
+
+}  // namespace glyphwright::cli

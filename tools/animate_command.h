@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include <glyphwright/rendering/icon_attributes.h>
+
+#include "console.h"
+
+namespace glyphwright::cli {
+
+enum class AnimationKind : std::uint8_t {
+  sweep,   // a gradient runs through the icon
+  stroke,  // the outline is drawn and taken away again
+  morph,   // the icon turns into another one and back
+};
+
+struct AnimateOptions {
+  AnimateOptions();
+
+  std::string name;
+  /// The other icon of a morph.
+  std::string to;
+  AnimationKind kind = AnimationKind::sweep;
+  /// A file ending in .png or .gif, a folder for a file a frame, or "-" for PNG on standard output.
+  std::string output;
+  double framesPerSecond = 20;
+  double duration = 2;  // seconds
+  CGSize size{96, 96};  // points
+  CGFloat scale = 1;    // pixels per point
+  UIColor color = UIColor::blackColor();
+  IconGradient gradient;
+  std::optional<UIColor> background;
+};
+
+/// The kind by its name. Throws UsageError.
+AnimationKind animationKindFrom(const std::string& text);
+
+/// Renders an animation of an icon that starts over without a jump. Throws UsageError for unknown
+/// names and for more frames or pixels than a picture should have.
+int runAnimate(const AnimateOptions& options, Console& console);
+
+}  // namespace glyphwright::cli

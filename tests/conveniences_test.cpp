@@ -24,7 +24,6 @@ using Shape = UIImage::Shape;
 const UIColor red(1, 0, 0, 1);
 const UIColor green(0, 1, 0, 1);
 const UIColor blue(0, 0, 1, 1);
-const UIColor clear = UIColor::clearColor();
 
 UIImage byNumber(int type, const AttributeDictionary& attributes) {
   return UIBezierPath::imageWithIcon(static_cast<VNTLIconType>(type), attributes);

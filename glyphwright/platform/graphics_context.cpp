@@ -19,7 +19,8 @@ namespace {
 // Keeps rows of coverage as a mask, times an outer one where given.
 class MaskWriter final : public raster::RowSink {
  public:
-  MaskWriter(Mask& mask, const Mask* outer) : mask_(mask), outer_(outer) {}
+  MaskWriter(Mask& mask, const Mask* outer, const Scratch& scratch)
+      : mask_(mask), outer_(outer), kernels_(*scratch.kernels) {}
 
   void row(const CoverageRow& row) override {
     std::uint16_t* to = mask_.row(row.y);
@@ -32,14 +33,15 @@ class MaskWriter final : public raster::RowSink {
     }
     if (outer_ != nullptr) {
       const auto width = static_cast<std::size_t>(mask_.bounds.width());
-      raster::kernels().multiplyCoverage(
-          to, outer_->row(row.y) + (mask_.bounds.x0 - outer_->bounds.x0), width);
+      kernels_.multiplyCoverage(to, outer_->row(row.y) + (mask_.bounds.x0 - outer_->bounds.x0),
+                                width);
     }
   }
 
  private:
   Mask& mask_;
   const Mask* outer_;
+  const raster::Kernels& kernels_;
 };
 
 void emitMask(const Mask& mask, const PixelRect& region, raster::RowSink& sink) {
@@ -105,7 +107,7 @@ const Mask& ClipNode::mask(Scratch& scratch) const {
     mask_ = std::make_unique<Mask>(bounds_);
     const PathShape shape(path_, rule_, scratch);
     shape.edges(bounds_, scratch);
-    MaskWriter writer(*mask_, outer);
+    MaskWriter writer(*mask_, outer, scratch);
     raster::sweep(scratch.edges, rule_, scratch, writer);
   }
   return *mask_;
@@ -167,7 +169,7 @@ void CGContext::paintShape(const Shape& shape, const Paint& paint) {
     if (!casting.isEmpty()) {
       Mask caster(casting);
       shape.edges(casting, scratch);
-      MaskWriter writer(caster, nullptr);
+      MaskWriter writer(caster, nullptr, scratch);
       raster::sweep(scratch.edges, shape.rule, scratch, writer);
       castShadow(caster, static_cast<double>(paint.color.alpha) / raster::kOne);
       if (!region.isEmpty() && casting.covers(region)) {

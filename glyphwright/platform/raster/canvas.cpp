@@ -95,19 +95,40 @@ void Canvas::Painter::finish() {
   if (laysGround_) canvas_.layRows(region_.y1, canvas_.bounds_.y1);
 }
 
+// What of a row the shape's own pixels will not write.
+void Canvas::Painter::layRowGround(std::uint8_t* line) const {
+  if (!writes_) {
+    canvas_.layGround(line, canvas_.rowBytes_ / 4);
+    return;
+  }
+  const auto left = static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0);
+  const auto right = static_cast<std::size_t>(canvas_.bounds_.x1 - region_.x1);
+  if (left > 0) canvas_.layGround(line, left);
+  if (right > 0) canvas_.layGround(line + canvas_.rowBytes_ - right * 4, right);
+}
+
 void Canvas::Painter::row(const CoverageRow& row) {
   std::uint8_t* line = canvas_.rowAt(row.y);
+  if (laysGround_) layRowGround(line);
   std::uint8_t* rgba = line + static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0) * 4;
-  if (laysGround_) {
-    if (writes_) {
-      canvas_.layGround(line, static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0));
-      canvas_.layGround(rgba + static_cast<std::size_t>(region_.width()) * 4,
-                        static_cast<std::size_t>(canvas_.bounds_.x1 - region_.x1));
-    } else {
-      canvas_.layGround(line, canvas_.rowBytes_ / 4);
+  for (const CoverageSpan& s : row.spans) span(rgba, s, row.coverage, row.y);
+}
+
+bool Canvas::Painter::cells(int y, const CellRows& rows) {
+  if (clip_ != nullptr || paint_.source != nullptr) return false;
+  std::uint8_t* line = canvas_.rowAt(y);
+  if (laysGround_ && !(writes_ && rows.width * 4 == canvas_.rowBytes_)) {
+    for (std::size_t row = 0; row < rows.rows; ++row) {
+      layRowGround(line + row * canvas_.rowBytes_);
     }
   }
-  for (const CoverageSpan& s : row.spans) span(rgba, s, row.coverage, row.y);
+  std::uint8_t* rgba = line + static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0) * 4;
+  if (writes_) {
+    scratch_.kernels->writeCells(rgba, canvas_.rowBytes_, rows, paint_.color);
+  } else {
+    scratch_.kernels->blendCells(rgba, canvas_.rowBytes_, rows, paint_.color);
+  }
+  return true;
 }
 
 void Canvas::Painter::span(std::uint8_t* rgba, const CoverageSpan& s, const std::uint16_t* coverage,
@@ -131,7 +152,7 @@ void Canvas::Painter::span(std::uint8_t* rgba, const CoverageSpan& s, const std:
       } else {
         std::fill_n(own, count, static_cast<std::uint16_t>(s.constant));
       }
-      kernels().multiplyCoverage(own, clipRow, count);
+      scratch_.kernels->multiplyCoverage(own, clipRow, count);
       levels = own;
     }
     full = false;
@@ -155,21 +176,21 @@ void Canvas::Painter::span(std::uint8_t* rgba, const CoverageSpan& s, const std:
   if (copies) return;
   if (paint_.sourceAlpha != kOne) {
     if (levels != own) std::copy_n(levels, count, own);
-    kernels().scaleCoverage(own, paint_.sourceAlpha, count);
+    scratch_.kernels->scaleCoverage(own, paint_.sourceAlpha, count);
     levels = own;
   }
   if (writes_) {
-    kernels().writePixels(to, levels, count, source);
+    scratch_.kernels->writePixels(to, levels, count, source);
   } else {
-    kernels().blendPixels(to, levels, count, source);
+    scratch_.kernels->blendPixels(to, levels, count, source);
   }
 }
 
 void Canvas::Painter::solid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count) {
   if (writes_) {
-    kernels().writeSolid(rgba, coverage, count, paint_.color);
+    scratch_.kernels->writeSolid(rgba, coverage, count, paint_.color);
   } else {
-    kernels().blendSolid(rgba, coverage, count, paint_.color);
+    scratch_.kernels->blendSolid(rgba, coverage, count, paint_.color);
   }
 }
 

@@ -69,10 +69,12 @@ class Canvas {
     Painter(Canvas& canvas, const PixelRect& region, const Paint& paint, const Mask* clip,
             Scratch& scratch);
     void row(const CoverageRow& row) override;
+    bool cells(int y, const CellRows& rows) override;
     /// Lays the ground in the rows below the region.
     void finish();
 
    private:
+    void layRowGround(std::uint8_t* line) const;
     void span(std::uint8_t* rgba, const CoverageSpan& span, const std::uint16_t* coverage, int y);
     void solid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count);
 

@@ -12,145 +12,155 @@ int rounded(float value) {
 }
 
 template <typename Cell>
-void add(Cell* cell, int amount) {
-  *cell = static_cast<Cell>(*cell + amount);
+void add(Cell& cell, int amount) {
+  cell = static_cast<Cell>(cell + amount);
 }
 
-// One edge, running down.
-struct Run {
-  float x0;
-  float x1;
-  int y0;
-  int y1;
-  int sign;  // 1, or −1 for an edge that was given running up
-  /// Height per pixel of width, in units. Infinite for an upright edge, which never leaves its
-  /// column.
-  float perPixel;
-};
-
+// Cuts edges into pieces of one row each. Pieces that span at most one pixel across are gathered
+// and worked out many at a time; longer ones are walked column by column.
 template <typename Cell, bool Tracked>
-class RowWriter {
+class Accumulator {
  public:
-  RowWriter(const CellBand<Cell>& band, int row)
-      : cells_(band.cells + static_cast<std::size_t>(row) * band.stride),
-        touched_(Tracked ? band.touched + static_cast<std::size_t>(row) * band.maskWords
-                         : nullptr) {}
+  Accumulator(const CellBand<Cell>& band, const Kernels& kernels)
+      : band_(band),
+        kernels_(kernels),
+        top_(band.firstRow * kUnitsPerPixel),
+        height_(band.rows * kUnitsPerPixel),
+        stride_(static_cast<std::int32_t>(band.stride)) {}
 
-  // The part of an edge from xa to xb that covers `cover` units of this row. Pixels left of it keep
-  // their sum; pixels right of it gain all of the cover; in between, a pixel gains its share of
-  // area. Rounding sums instead of changes keeps every total exact.
-  void addPiece(float xa, float xb, int cover, const Run& run) {
-    const float low = std::min(xa, xb);
-    const float high = std::max(xa, xb);
-    const int first = static_cast<int>(low);
-    const float fromLeft = low - static_cast<float>(first);
-    const float reach = high - static_cast<float>(first);
-    Cell* cell = cells_ + first;
-    if (reach <= 1) {
-      const int right = rounded(static_cast<float>(cover) * (fromLeft + reach) * 0.5F);
-      add(cell, run.sign * (cover - right));
-      add(cell + 1, run.sign * right);
-      touch(first, first + 1);
-      return;
+  void addEdge(const Edge& edge) {
+    const int y0 = edge.y0 - top_;
+    const int y1 = edge.y1 - top_;
+    const int upper = std::min(y0, y1);
+    const int lower = std::max(y0, y1);
+    if (Tracked && (lower <= 0 || upper >= height_)) return;
+    const int row = upper >> kUnitShift;
+    if (row == (lower - 1) >> kUnitShift) {
+      addPiece(edge.x0, edge.x1, y1 - y0, row * stride_);
+    } else if (y0 < y1) {
+      addRows(edge.x0, edge.x1, y0, y1, 1);
+    } else {
+      addRows(edge.x1, edge.x0, y1, y0, -1);
     }
-    addLongPiece(low, high, cover, run);
+  }
+
+  // Adds what has been gathered to the cells.
+  void flush() {
+    kernels_.cellAmounts(pieces_, count_);
+    for (std::size_t i = 0; i < count_; ++i) {
+      const std::int32_t at = pieces_.cell[i];
+      Cell* cell = band_.cells + at;
+      add(cell[0], pieces_.amount0[i]);
+      add(cell[1], pieces_.amount1[i]);
+      add(cell[2], pieces_.amount2[i]);
+      if constexpr (Tracked) {
+        band_.touched[at >> kBlockShift] = 1;
+        band_.touched[(at + 2) >> kBlockShift] = 1;
+      }
+    }
+    count_ = 0;
   }
 
  private:
-  void addLongPiece(float low, float high, int cover, const Run& run) {
-    const int first = static_cast<int>(low);
-    const float inFirst = 1 - (low - static_cast<float>(first));
-    int sum = std::min(rounded(run.perPixel * inFirst * inFirst * 0.5F), cover);
-    add(cells_ + first, run.sign * sum);
-    int column = first + 1;
-    const int last = static_cast<int>(high);
-    for (; column < last; ++column) {
-      const int next =
-          std::min(rounded(run.perPixel * (static_cast<float>(column) + 0.5F - low)), cover);
-      add(cells_ + column, run.sign * (next - sum));
-      sum = next;
+  // An edge of several rows, running down.
+  void addRows(float x0, float x1, int y0, int y1, int sign) {
+    const float slope = (x1 - x0) / static_cast<float>(y1 - y0);
+    int top = std::max(y0, 0);
+    const int bottom = std::min(y1, height_);
+    // Rounding may carry x past the edge's ends by a hair, which the cells' margin takes.
+    float xa = y0 < 0 ? x0 + static_cast<float>(-y0) * slope : x0;
+    int row = top >> kUnitShift;
+    std::int32_t start = row * stride_;
+    // Heights are whole numbers below 2²⁴: exact, however often a row's is added.
+    auto depth = static_cast<float>(((row + 1) << kUnitShift) - y0);
+    for (int rowEnd = (row + 1) << kUnitShift; rowEnd < bottom; rowEnd += kUnitsPerPixel) {
+      const float xb = x0 + depth * slope;
+      addPiece(xa, xb, sign * (rowEnd - top), start);
+      xa = xb;
+      top = rowEnd;
+      depth += kUnitsPerPixel;
+      start += stride_;
     }
-    // Where the edge ends on a pixel's left side, this gives all of the cover.
-    const float inLast = high - static_cast<float>(column);
-    const int next = std::max(cover - rounded(run.perPixel * inLast * inLast * 0.5F), 0);
-    add(cells_ + column, run.sign * (next - sum));
-    add(cells_ + column + 1, run.sign * (cover - next));
-    touch(first, column + 1);
+    const float xb = bottom == y1 ? x1 : x0 + depth * slope;
+    addPiece(xa, xb, sign * (bottom - top), start);
   }
 
-  void touch(int from, int to) {
+  void addPiece(float xa, float xb, int cover, std::int32_t rowStart) {
+    if (std::fabs(xb - xa) > 1) {
+      addLongPiece(std::min(xa, xb), std::max(xa, xb), cover, rowStart);
+      return;
+    }
+    if (count_ == Pieces::kCapacity) flush();
+    pieces_.xa[count_] = xa;
+    pieces_.xb[count_] = xb;
+    pieces_.cover[count_] = cover;
+    pieces_.cell[count_] = rowStart;
+    ++count_;
+  }
+
+  // Pixels left of the piece keep their sum; pixels right of it gain all of the cover; in between,
+  // a pixel gains its share of area. Rounding sums instead of changes keeps every total exact.
+  void addLongPiece(float low, float high, int signedCover, std::int32_t rowStart) {
+    const int sign = signedCover < 0 ? -1 : 1;
+    const int cover = signedCover * sign;
+    const float perPixel = static_cast<float>(cover) / (high - low);
+    const int first = static_cast<int>(low);
+    Cell* cell = band_.cells + rowStart + first;
+    const float inFirst = 1 - (low - static_cast<float>(first));
+    int sum = std::min(rounded(perPixel * inFirst * inFirst * 0.5F), cover);
+    add(*cell++, sign * sum);
+    const int last = static_cast<int>(high);
+    float middle = inFirst + 0.5F;  // from the low end to the middle of the next column
+    for (int column = first + 1; column < last; ++column) {
+      const int next = std::min(rounded(perPixel * middle), cover);
+      add(*cell++, sign * (next - sum));
+      sum = next;
+      middle += 1;
+    }
+    // Where the piece ends on a pixel's left side, this gives all of the cover.
+    const float inLast = high - static_cast<float>(last);
+    const int next = std::max(cover - rounded(perPixel * inLast * inLast * 0.5F), 0);
+    add(cell[0], sign * (next - sum));
+    add(cell[1], sign * (cover - next));
     if constexpr (Tracked) {
-      for (int block = from >> kBlockShift; block <= to >> kBlockShift; ++block) {
-        touched_[block >> 6] |= std::uint64_t{1} << (block & 63);
+      const std::int32_t lastBlock = (rowStart + last + 1) >> kBlockShift;
+      for (std::int32_t b = (rowStart + first) >> kBlockShift; b <= lastBlock; ++b) {
+        band_.touched[b] = 1;
       }
     }
   }
 
-  Cell* cells_;
-  std::uint64_t* touched_;
+  const CellBand<Cell>& band_;
+  const Kernels& kernels_;
+  int top_;
+  int height_;
+  std::int32_t stride_;
+  std::size_t count_ = 0;
+  Pieces pieces_;
 };
 
 template <typename Cell, bool Tracked>
-void addRun(const Run& run, const CellBand<Cell>& band) {
-  int row = run.y0 >> kUnitShift;
-  const int lastRow = (run.y1 - 1) >> kUnitShift;
-  if (row == lastRow) {
-    RowWriter<Cell, Tracked>(band, row).addPiece(run.x0, run.x1, run.y1 - run.y0, run);
-    return;
-  }
-  const float slope = (run.x1 - run.x0) / static_cast<float>(run.y1 - run.y0);
-  const float low = std::min(run.x0, run.x1);
-  const float high = std::max(run.x0, run.x1);
-  // Rounding may carry an interpolated x past the edge's own ends, and those lie in the region.
-  const auto xAt = [&](int y) {
-    return std::clamp(run.x0 + static_cast<float>(y - run.y0) * slope, low, high);
-  };
-  int top = std::max(run.y0, 0);
-  const int bottom = std::min(run.y1, band.rows * kUnitsPerPixel);
-  float xa = run.y0 < 0 ? xAt(0) : run.x0;
-  row = top >> kUnitShift;
-  while (top < bottom) {
-    const int rowEnd = std::min((row + 1) << kUnitShift, bottom);
-    const float xb = rowEnd == run.y1 ? run.x1 : xAt(rowEnd);
-    RowWriter<Cell, Tracked>(band, row).addPiece(xa, xb, rowEnd - top, run);
-    xa = xb;
-    top = rowEnd;
-    ++row;
-  }
-}
-
-template <typename Cell, bool Tracked>
-void accumulateInto(std::span<const Edge> edges, const CellBand<Cell>& band) {
-  const int bandTop = band.firstRow * kUnitsPerPixel;
-  const int bandHeight = band.rows * kUnitsPerPixel;
-  for (const Edge& edge : edges) {
-    const int y0 = edge.y0 - bandTop;
-    const int y1 = edge.y1 - bandTop;
-    const bool down = y0 < y1;
-    Run run{down ? edge.x0 : edge.x1,
-            down ? edge.x1 : edge.x0,
-            down ? y0 : y1,
-            down ? y1 : y0,
-            down ? 1 : -1,
-            0};
-    if (run.y1 <= 0 || run.y0 >= bandHeight) continue;
-    run.perPixel = static_cast<float>(run.y1 - run.y0) / std::fabs(run.x1 - run.x0);
-    addRun<Cell, Tracked>(run, band);
-  }
+void accumulateInto(std::span<const Edge> edges, const CellBand<Cell>& band,
+                    const Kernels& kernels) {
+  Accumulator<Cell, Tracked> accumulator(band, kernels);
+  for (const Edge& edge : edges) accumulator.addEdge(edge);
+  accumulator.flush();
 }
 
 }  // namespace
 
 template <typename Cell>
-void accumulate(std::span<const Edge> edges, const CellBand<Cell>& band) {
+void accumulate(std::span<const Edge> edges, const CellBand<Cell>& band, const Kernels& kernels) {
   if (band.touched != nullptr) {
-    accumulateInto<Cell, true>(edges, band);
+    accumulateInto<Cell, true>(edges, band, kernels);
   } else {
-    accumulateInto<Cell, false>(edges, band);
+    accumulateInto<Cell, false>(edges, band, kernels);
   }
 }
 
-template void accumulate<std::int16_t>(std::span<const Edge>, const CellBand<std::int16_t>&);
-template void accumulate<std::int32_t>(std::span<const Edge>, const CellBand<std::int32_t>&);
+template void accumulate<std::int16_t>(std::span<const Edge>, const CellBand<std::int16_t>&,
+                                       const Kernels&);
+template void accumulate<std::int32_t>(std::span<const Edge>, const CellBand<std::int32_t>&,
+                                       const Kernels&);
 
 }  // namespace glyphwright::raster

@@ -5,12 +5,9 @@
 #include <span>
 
 #include <glyphwright/platform/raster/edges.h>
+#include <glyphwright/platform/raster/kernels.h>
 
 namespace glyphwright::raster {
-
-/// Cells come in blocks, the unit in which rows are summed and untouched stretches skipped.
-inline constexpr int kBlock = 16;
-inline constexpr int kBlockShift = 4;
 
 /// An edge may write this many cells beyond the region's right side.
 inline constexpr int kCellMargin = 3;
@@ -28,18 +25,20 @@ template <typename Cell>
 struct CellBand {
   Cell* cells = nullptr;  // rows × stride, all zero between uses
   std::size_t stride = 0;
-  /// One bit a block, `maskWords` words a row; null when the rows are read whole.
-  std::uint64_t* touched = nullptr;
-  std::size_t maskWords = 0;
+  /// One byte a block, row after row, set to 1 where an edge wrote; null when the rows are read
+  /// whole.
+  std::uint8_t* touched = nullptr;
   int firstRow = 0;  // of the region
   int rows = 0;
 };
 
 /// Adds the parts of the edges that lie inside the band's rows.
 template <typename Cell>
-void accumulate(std::span<const Edge> edges, const CellBand<Cell>& band);
+void accumulate(std::span<const Edge> edges, const CellBand<Cell>& band, const Kernels& kernels);
 
-extern template void accumulate<std::int16_t>(std::span<const Edge>, const CellBand<std::int16_t>&);
-extern template void accumulate<std::int32_t>(std::span<const Edge>, const CellBand<std::int32_t>&);
+extern template void accumulate<std::int16_t>(std::span<const Edge>, const CellBand<std::int16_t>&,
+                                              const Kernels&);
+extern template void accumulate<std::int32_t>(std::span<const Edge>, const CellBand<std::int32_t>&,
+                                              const Kernels&);
 
 }  // namespace glyphwright::raster

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 
 namespace glyphwright::raster {
 namespace {
@@ -29,11 +30,11 @@ struct Sweeper {
     }
   }
 
-  static int sum(Cell* from, std::size_t count, int carry, FillRule by, std::uint16_t* out) {
+  int sum(Cell* from, std::size_t count, int carry, std::uint16_t* out) const {
     if constexpr (sizeof(Cell) == 2) {
-      return kernels().sumNarrow(from, count, carry, by, out);
+      return scratch.kernels->sumNarrow(from, count, carry, rule, out);
     } else {
-      return kernels().sumWide(from, count, carry, by, out);
+      return scratch.kernels->sumWide(from, count, carry, rule, out);
     }
   }
 
@@ -42,16 +43,29 @@ struct Sweeper {
       cells().resize(stride * static_cast<std::size_t>(rows));
     }
     if (scratch.coverage.size() < stride) scratch.coverage.resize(stride);
-    return {cells().data(), stride, nullptr, 0, 0, rows};
+    return {cells().data(), stride, nullptr, 0, rows};
+  }
+
+  // Hands the band over as cells where the sink takes them.
+  bool emitCells(const CellBand<Cell>& current) {
+    if constexpr (sizeof(Cell) == 2) {
+      return sink.cells(
+          edges.region.y0 + current.firstRow,
+          {current.cells, stride, current.touched, static_cast<std::size_t>(current.rows),
+           static_cast<std::size_t>(width), rule});
+    } else {
+      return false;
+    }
   }
 
   void dense() {
     const CellBand<Cell> all = band(height);
-    accumulate<Cell>(edges.edges(), all);
+    accumulate<Cell>(edges.edges(), all, *scratch.kernels);
+    if (emitCells(all)) return;
     const CoverageSpan span{0, width, CoverageSpan::kVaries};
     std::uint16_t* coverage = scratch.coverage.data();
     for (int row = 0; row < height; ++row) {
-      sum(all.cells + static_cast<std::size_t>(row) * stride, stride, 0, rule, coverage);
+      sum(all.cells + static_cast<std::size_t>(row) * stride, stride, 0, coverage);
       sink.row({edges.region.y0 + row, {&span, 1}, coverage});
     }
   }
@@ -74,8 +88,9 @@ struct Sweeper {
     const int bands = (height + kBandRows - 1) / kBandRows;
     sortByBand(bands);
     CellBand<Cell> current = band(kBandRows);
-    current.maskWords = (stride / kBlock + 63) / 64;
-    scratch.touched.assign(current.maskWords * kBandRows, 0);
+    // Rows are scanned eight blocks at a time, up to seven beyond the last.
+    const std::size_t blocks = stride / kBlock;
+    scratch.touched.assign(blocks * kBandRows + 7, 0);
     current.touched = scratch.touched.data();
     auto& active = scratch.activeEdges;
     active.clear();
@@ -86,8 +101,11 @@ struct Sweeper {
       for (; next < scratch.bandStarts[static_cast<std::size_t>(b)]; ++next) {
         active.push_back(scratch.sortedEdges[next]);
       }
-      accumulate<Cell>(active, current);
-      for (int row = 0; row < current.rows; ++row) emitRow(current, row);
+      accumulate<Cell>(active, current, *scratch.kernels);
+      if (!emitCells(current)) {
+        for (int row = 0; row < current.rows; ++row) emitRow(current, row);
+      }
+      std::fill_n(current.touched, blocks * static_cast<std::size_t>(current.rows), 0);
       const int bandEnd = (current.firstRow + kBandRows) * kUnitsPerPixel;
       std::erase_if(active, [&](const Edge& e) { return std::max(e.y0, e.y1) <= bandEnd; });
     }
@@ -95,26 +113,25 @@ struct Sweeper {
 
   void emitRow(const CellBand<Cell>& current, int row) {
     Cell* from = current.cells + static_cast<std::size_t>(row) * stride;
-    std::uint64_t* mask = current.touched + static_cast<std::size_t>(row) * current.maskWords;
     const int blocks = static_cast<int>(stride) / kBlock;
+    const std::uint8_t* touched = current.touched + row * blocks;
     spans.clear();
     int carry = 0;
     int block = 0;
     while (block < blocks) {
-      const int touchedFrom = nextBlock(mask, block, blocks, false);
+      const int touchedFrom = nextBlock(touched, block, blocks, false);
       if (touchedFrom > block) {
         addSpan(block, touchedFrom, levelOf(carry));
       }
-      const int touchedTo = nextBlock(mask, touchedFrom, blocks, true);
+      const int touchedTo = nextBlock(touched, touchedFrom, blocks, true);
       if (touchedTo > touchedFrom) {
         const auto at = static_cast<std::size_t>(touchedFrom) * kBlock;
         carry = sum(from + at, static_cast<std::size_t>(touchedTo - touchedFrom) * kBlock, carry,
-                    rule, scratch.coverage.data() + at);
+                    scratch.coverage.data() + at);
         addSpan(touchedFrom, touchedTo, CoverageSpan::kVaries);
       }
       block = touchedTo;
     }
-    std::fill_n(mask, current.maskWords, 0);
     sink.row({edges.region.y0 + current.firstRow + row, spans, scratch.coverage.data()});
   }
 
@@ -136,14 +153,14 @@ struct Sweeper {
     if (x0 < x1) spans.push_back({x0, x1, constant});
   }
 
-  // The first block from `from` on whose bit differs from `set`.
-  static int nextBlock(const std::uint64_t* mask, int from, int blocks, bool set) {
-    while (from < blocks) {
-      std::uint64_t word = mask[from >> 6];
-      if (set) word = ~word;
-      word >>= from & 63;
-      if (word != 0) return std::min(from + std::countr_zero(word), blocks);
-      from = (from | 63) + 1;
+  // The first block from `from` on that is not `set`.
+  static int nextBlock(const std::uint8_t* touched, int from, int blocks, bool set) {
+    const std::uint64_t same = set ? 0x0101010101010101 : 0;
+    for (; from < blocks; from += 8) {
+      std::uint64_t eight = 0;
+      std::memcpy(&eight, touched + from, sizeof(eight));
+      eight ^= same;
+      if (eight != 0) return std::min(from + std::countr_zero(eight) / 8, blocks);
     }
     return blocks;
   }

@@ -31,6 +31,13 @@ struct CoverageRow {
 class RowSink {
  public:
   virtual void row(const CoverageRow& row) = 0;
+  /// The short way: rows of the region from device row `y` on, as the edges left them. A sink that
+  /// sums cells itself gives true and gets no other rows of this shape.
+  virtual bool cells(int y, const CellRows& rows) {
+    static_cast<void>(y);
+    static_cast<void>(rows);
+    return false;
+  }
 
  protected:
   ~RowSink() = default;

@@ -6,14 +6,10 @@
 #include <vector>
 
 #include <glyphwright/platform/path.h>
+#include <glyphwright/platform/raster/kernels.h>
 #include <glyphwright/platform/raster/pixel_rect.h>
 
 namespace glyphwright::raster {
-
-/// Vertical positions count in 1/1024 pixel, and full coverage of a pixel is 1024 units, so that
-/// the height of an edge inside a row is its coverage and sums over a row come out exactly.
-inline constexpr int kUnitsPerPixel = 1024;
-inline constexpr int kUnitShift = 10;
 
 /// A straight edge inside a region: x in pixels from the region's left, y in units from its top.
 /// Never level (y0 ≠ y1); x within 0…width, y within 0…height.

@@ -36,7 +36,8 @@ double stretch(const CGAffineTransform& t) {
 
 }  // namespace
 
-GradientRamp::GradientRamp(const CGGradient& gradient, double devicePixels) {
+GradientRamp::GradientRamp(const CGGradient& gradient, double devicePixels)
+    : first_(packed(gradient.stops().front().color)), last_(packed(gradient.stops().back().color)) {
   const std::span<const CGGradient::Stop> stops = gradient.stops();
   const double wanted = devicePixels * 2;
   const std::size_t size = wanted > 32 ? static_cast<std::size_t>(std::min(wanted, 4096.0)) : 32;

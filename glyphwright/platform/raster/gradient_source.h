@@ -17,17 +17,20 @@ class GradientRamp {
   GradientRamp(const CGGradient& gradient, double devicePixels);
 
   std::uint32_t size() const { return static_cast<std::uint32_t>(entries_.size()); }
-  /// The entry of a location in units of entries, clamped to the ends. NaN gives the first.
+  /// The entry of a location in units of entries; beyond the ends, exactly the first and the last
+  /// colour. NaN gives the first.
   std::uint32_t at(double entry) const {
-    if (!(entry > 0)) return entries_.front();
+    if (!(entry >= 0)) return first_;
     return entry >= static_cast<double>(entries_.size())
-               ? entries_.back()
+               ? last_
                : entries_[static_cast<std::size_t>(entry)];
   }
   const std::uint32_t* data() const { return entries_.data(); }
 
  private:
   std::vector<std::uint32_t> entries_;  // four bytes each, in memory order
+  std::uint32_t first_;
+  std::uint32_t last_;
 };
 
 /// Bands across a line; `start` and `end` in user space, which `toDevice` maps to pixels.

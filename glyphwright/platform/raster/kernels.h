@@ -31,15 +31,55 @@ struct SolidColor {
   bool isClear() const { return alpha == 0; }
 };
 
+/// Vertical positions count in 1/1024 pixel, and full coverage of a pixel is 1024 units, so that
+/// the height of an edge inside a row is its coverage and sums over a row come out exactly.
+inline constexpr int kUnitsPerPixel = 1024;
+inline constexpr int kUnitShift = 10;
+
+/// Cells come in blocks, the unit in which rows are summed and untouched stretches skipped.
+inline constexpr int kBlock = 16;
+inline constexpr int kBlockShift = 4;
+
+/// Pieces of edges, each inside one row and at most one pixel wide.
+struct Pieces {
+  static constexpr std::size_t kCapacity = 128;
+  float xa[kCapacity];  // in pixels from the row's start, never below 0 by more than a hair
+  float xb[kCapacity];
+  std::int32_t cover[kCapacity];  // height in units, negative for pieces running up
+  /// The row's first cell; becomes the first of the three cells that the piece changes.
+  std::int32_t cell[kCapacity];
+  std::int32_t amount0[kCapacity];
+  std::int32_t amount1[kCapacity];
+  std::int32_t amount2[kCapacity];
+};
+
+/// Rows of cells to be painted. They are set back to zero.
+struct CellRows {
+  std::int16_t* cells;
+  std::size_t stride;           // cells from row to row, a multiple of kBlock
+  const std::uint8_t* touched;  // a byte a block, 0 where all cells are zero; null: read them all
+  std::size_t rows;
+  std::size_t width;  // pixels a row, at most the stride
+  FillRule rule;
+};
+
 /// The loops that touch pixels. One table for each instruction set, all equal to the scalar one
 /// bit for bit; kernels_scalar.cpp is the text that explains them.
 struct Kernels {
+  /// Works out which cells `count` pieces change, and by how much.
+  void (*cellAmounts)(Pieces& pieces, std::size_t count);
   /// Sums `count` cells (a multiple of kBlock) from `carry` on, folds the winding by the rule into
   /// coverage, sets the cells back to zero and gives the sum.
   int (*sumNarrow)(std::int16_t* cells, std::size_t count, int carry, FillRule rule,
                    std::uint16_t* coverage);
   int (*sumWide)(std::int32_t* cells, std::size_t count, int carry, FillRule rule,
                  std::uint16_t* coverage);
+  /// Sums rows of cells and paints them with a colour, `rowBytes` from row to row: over nothing,
+  /// or over what is there.
+  void (*writeCells)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                     const SolidColor& color);
+  void (*blendCells)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                     const SolidColor& color);
   /// Pixels := colour × coverage, whatever was there.
   void (*writeSolid)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                      const SolidColor& color);

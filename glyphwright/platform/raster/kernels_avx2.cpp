@@ -4,8 +4,6 @@
 
 #include <cstring>
 
-#include <glyphwright/platform/raster/cells.h>
-
 // Sixteen pixels at a time in 16-bit lanes; kernels_scalar.cpp says what each loop computes. The
 // product with rounding shift that the arithmetic is built on is one instruction here.
 namespace glyphwright::raster {
@@ -36,6 +34,12 @@ __m256i prefixSum(__m256i v) {
   return _mm256_add_epi16(v, total);
 }
 
+// The sum so far in every lane.
+__m256i carried(__m256i sums) {
+  const __m256i top = _mm256_permute2x128_si256(sums, sums, 0x11);
+  return _mm256_shuffle_epi8(top, _mm256_set1_epi16(0x0F0E));
+}
+
 template <FillRule rule>
 __m256i foldWinding(__m256i sums) {
   const __m256i full = _mm256_set1_epi16(kUnitsPerPixel);
@@ -57,8 +61,7 @@ int sumNarrowBy(std::int16_t* cells, std::size_t count, int carry, std::uint16_t
     const __m256i sums = _mm256_add_epi16(prefixSum(load(cells + i)), running);
     store(cells + i, zero);
     store(coverage + i, foldWinding<rule>(sums));
-    const __m256i top = _mm256_permute2x128_si256(sums, sums, 0x11);
-    running = _mm256_shuffle_epi8(top, _mm256_set1_epi16(0x0F0E));
+    running = carried(sums);
   }
   return static_cast<short>(_mm256_extract_epi16(running, 0));
 }
@@ -91,21 +94,23 @@ __m256i rounded(__m256i channels64) {
   return _mm256_srai_epi16(_mm256_add_epi16(channels64, _mm256_set1_epi16(32)), 6);
 }
 
-// Packs the channels of sixteen pixels, ordered as in Quads, and stores them.
-void storePixels(std::uint8_t* rgba, const Quads& c) {
+struct PixelPair {
+  __m256i low;  // pixels 0…7
+  __m256i high;
+};
+
+// The channels of sixteen pixels, ordered as in Quads, as bytes.
+PixelPair packed(const Quads& c) {
   const __m256i a = _mm256_packus_epi16(rounded(c.q[0]), rounded(c.q[1]));
   const __m256i b = _mm256_packus_epi16(rounded(c.q[2]), rounded(c.q[3]));
-  store(rgba, _mm256_permute2x128_si256(a, b, 0x20));
-  store(rgba + 32, _mm256_permute2x128_si256(a, b, 0x31));
+  return {_mm256_permute2x128_si256(a, b, 0x20), _mm256_permute2x128_si256(a, b, 0x31)};
 }
 
 // Sixteen pixels as 1/64 levels, ordered as in Quads.
-Quads loadPixels(const std::uint8_t* rgba) {
+Quads unpacked(__m256i low, __m256i high) {
   const __m256i zero = _mm256_setzero_si256();
-  const __m256i first = load(rgba);
-  const __m256i second = load(rgba + 32);
-  const __m256i a = _mm256_permute2x128_si256(first, second, 0x20);
-  const __m256i b = _mm256_permute2x128_si256(first, second, 0x31);
+  const __m256i a = _mm256_permute2x128_si256(low, high, 0x20);
+  const __m256i b = _mm256_permute2x128_si256(low, high, 0x31);
   return {{_mm256_slli_epi16(_mm256_unpacklo_epi8(a, zero), 6),
            _mm256_slli_epi16(_mm256_unpackhi_epi8(a, zero), 6),
            _mm256_slli_epi16(_mm256_unpacklo_epi8(b, zero), 6),
@@ -125,86 +130,252 @@ __m256i over(__m256i source, __m256i alpha, __m256i below) {
   return _mm256_add_epi16(source, _mm256_mulhrs_epi16(below, rest));
 }
 
-// Runs `step(pixels, coverage, source)` over stretches of sixteen pixels; what is left at the end
-// goes through a stretch of its own on the stack. `step` skips nothing and reads whole stretches.
-template <bool readsPixels, bool readsSource, typename Step>
-void inStretches(std::uint8_t* rgba, const std::uint16_t* coverage, const std::uint8_t* source,
-                 std::size_t count, Step step) {
-  std::size_t i = 0;
-  for (; i + kBlock <= count; i += kBlock) {
-    step(rgba + i * 4, coverage + i, readsSource ? source + i * 4 : nullptr);
+// A mask for the first `count` of eight pixels.
+__m256i firstPixels(std::size_t count) {
+  alignas(32) static constexpr std::int32_t bits[16] = {-1, -1, -1, -1, -1, -1, -1, -1};
+  return load(bits + 8 - (count < 8 ? count : 8));
+}
+
+// Less than sixteen pixels at the end of a row: nothing beyond them is read or written.
+struct RowEnd {
+  explicit RowEnd(std::size_t pixels)
+      : count(pixels),
+        first(firstPixels(pixels)),
+        second(firstPixels(pixels < 8 ? 0 : pixels - 8)) {}
+
+  Quads loadPixels(const std::uint8_t* rgba) const {
+    const auto* from = reinterpret_cast<const int*>(rgba);
+    return unpacked(_mm256_maskload_epi32(from, first), _mm256_maskload_epi32(from + 8, second));
   }
-  const std::size_t rest = count - i;
-  if (rest == 0) return;
-  alignas(32) std::uint16_t coverageEnd[kBlock] = {};
-  alignas(32) std::uint8_t pixelEnd[kBlock * 4];
-  alignas(32) std::uint8_t sourceEnd[kBlock * 4];
-  std::memcpy(coverageEnd, coverage + i, rest * sizeof(std::uint16_t));
-  if constexpr (readsPixels) std::memcpy(pixelEnd, rgba + i * 4, rest * 4);
-  if constexpr (readsSource) std::memcpy(sourceEnd, source + i * 4, rest * 4);
-  step(pixelEnd, coverageEnd, sourceEnd);
-  std::memcpy(rgba + i * 4, pixelEnd, rest * 4);
+  void storePixels(std::uint8_t* rgba, const Quads& c) const {
+    const auto [low, high] = packed(c);
+    auto* to = reinterpret_cast<int*>(rgba);
+    _mm256_maskstore_epi32(to, first, low);
+    _mm256_maskstore_epi32(to + 8, second, high);
+  }
+  __m256i loadCoverage(const std::uint16_t* coverage) const {
+    alignas(32) std::uint16_t values[kBlock] = {};
+    for (std::size_t i = 0; i < count; ++i) values[i] = coverage[i];
+    return load(values);
+  }
+
+  std::size_t count;
+  __m256i first;
+  __m256i second;
+};
+
+// Sixteen pixels in the middle of a row, with the same words.
+struct Stretch {
+  Quads loadPixels(const std::uint8_t* rgba) const { return unpacked(load(rgba), load(rgba + 32)); }
+  void storePixels(std::uint8_t* rgba, const Quads& c) const {
+    const auto [low, high] = packed(c);
+    store(rgba, low);
+    store(rgba + 32, high);
+  }
+  __m256i loadCoverage(const std::uint16_t* coverage) const { return load(coverage); }
+};
+
+// Runs `step(stretch, at)` over a row, sixteen pixels at a time.
+template <typename Step>
+void inStretches(std::size_t count, Step step) {
+  std::size_t at = 0;
+  for (; at + kBlock <= count; at += kBlock) step(Stretch{}, at);
+  if (at < count) step(RowEnd(count - at), at);
+}
+
+// A colour ready for sixteen pixels.
+struct Ink {
+  explicit Ink(const SolidColor& color)
+      : channels(everyPixel(color.channels)),
+        alpha(_mm256_set1_epi16(color.alpha)),
+        isOpaque(color.isOpaque()) {}
+
+  Quads covered(__m256i coverage) const {
+    Quads c = repeated(coverage);
+    for (__m256i& q : c.q) q = _mm256_mulhrs_epi16(channels, q);
+    return c;
+  }
+  Quads coveredOver(__m256i coverage, const Quads& below) const {
+    Quads c = repeated(coverage);
+    for (int k = 0; k < 4; ++k) {
+      c.q[k] = over(_mm256_mulhrs_epi16(channels, c.q[k]), _mm256_mulhrs_epi16(alpha, c.q[k]),
+                    below.q[k]);
+    }
+    return c;
+  }
+  // Eight pixels of one coverage.
+  __m256i evenly(__m256i coverage) const {
+    const __m256i q = rounded(_mm256_mulhrs_epi16(channels, coverage));
+    return _mm256_packus_epi16(q, q);
+  }
+
+  __m256i channels;
+  __m256i alpha;
+  bool isOpaque;
+};
+
+bool isZero(__m256i v) {
+  return _mm256_testz_si256(v, v) != 0;
 }
 
 void writeSolid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                 const SolidColor& color) {
-  const __m256i channels = everyPixel(color.channels);
-  inStretches<false, false>(
-      rgba, coverage, nullptr, count,
-      [&](std::uint8_t* pixels, const std::uint16_t* levels, const std::uint8_t*) {
-        Quads c = repeated(load(levels));
-        for (__m256i& q : c.q) q = _mm256_mulhrs_epi16(channels, q);
-        storePixels(pixels, c);
-      });
+  const Ink ink(color);
+  inStretches(count, [&](auto stretch, std::size_t at) {
+    stretch.storePixels(rgba + at * 4, ink.covered(stretch.loadCoverage(coverage + at)));
+  });
 }
 
 void blendSolid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                 const SolidColor& color) {
-  const __m256i channels = everyPixel(color.channels);
-  const __m256i alpha = _mm256_set1_epi16(color.alpha);
-  inStretches<true, false>(
-      rgba, coverage, nullptr, count,
-      [&](std::uint8_t* pixels, const std::uint16_t* levels, const std::uint8_t*) {
-        const __m256i covered = load(levels);
-        if (_mm256_testz_si256(covered, covered) != 0) return;
-        Quads c = repeated(covered);
-        const Quads below = loadPixels(pixels);
-        for (int k = 0; k < 4; ++k) {
-          c.q[k] = over(_mm256_mulhrs_epi16(channels, c.q[k]), _mm256_mulhrs_epi16(alpha, c.q[k]),
-                        below.q[k]);
-        }
-        storePixels(pixels, c);
-      });
+  const Ink ink(color);
+  inStretches(count, [&](auto stretch, std::size_t at) {
+    const __m256i covered = stretch.loadCoverage(coverage + at);
+    if (isZero(covered)) return;
+    std::uint8_t* pixels = rgba + at * 4;
+    stretch.storePixels(pixels, ink.coveredOver(covered, stretch.loadPixels(pixels)));
+  });
 }
 
 void writePixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                  const std::uint8_t* source) {
-  inStretches<false, true>(
-      rgba, coverage, source, count,
-      [](std::uint8_t* pixels, const std::uint16_t* levels, const std::uint8_t* from) {
-        Quads c = repeated(load(levels));
-        const Quads above = loadPixels(from);
-        for (int k = 0; k < 4; ++k) c.q[k] = _mm256_mulhrs_epi16(above.q[k], c.q[k]);
-        storePixels(pixels, c);
-      });
+  inStretches(count, [&](auto stretch, std::size_t at) {
+    Quads c = repeated(stretch.loadCoverage(coverage + at));
+    const Quads above = stretch.loadPixels(source + at * 4);
+    for (int k = 0; k < 4; ++k) c.q[k] = _mm256_mulhrs_epi16(above.q[k], c.q[k]);
+    stretch.storePixels(rgba + at * 4, c);
+  });
 }
 
 void blendPixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                  const std::uint8_t* source) {
-  inStretches<true, true>(
-      rgba, coverage, source, count,
-      [](std::uint8_t* pixels, const std::uint16_t* levels, const std::uint8_t* from) {
-        const __m256i covered = load(levels);
-        if (_mm256_testz_si256(covered, covered) != 0) return;
-        Quads c = repeated(covered);
-        const Quads above = loadPixels(from);
-        const Quads below = loadPixels(pixels);
-        for (int k = 0; k < 4; ++k) {
-          const __m256i alpha = _mm256_mulhrs_epi16(alphaFractions(above.q[k]), c.q[k]);
-          c.q[k] = over(_mm256_mulhrs_epi16(above.q[k], c.q[k]), alpha, below.q[k]);
-        }
-        storePixels(pixels, c);
-      });
+  inStretches(count, [&](auto stretch, std::size_t at) {
+    const __m256i covered = stretch.loadCoverage(coverage + at);
+    if (isZero(covered)) return;
+    Quads c = repeated(covered);
+    std::uint8_t* pixels = rgba + at * 4;
+    const Quads above = stretch.loadPixels(source + at * 4);
+    const Quads below = stretch.loadPixels(pixels);
+    for (int k = 0; k < 4; ++k) {
+      const __m256i alpha = _mm256_mulhrs_epi16(alphaFractions(above.q[k]), c.q[k]);
+      c.q[k] = over(_mm256_mulhrs_epi16(above.q[k], c.q[k]), alpha, below.q[k]);
+    }
+    stretch.storePixels(pixels, c);
+  });
+}
+
+template <FillRule rule, typename Painter>
+void paintRow(std::int16_t* cells, const std::uint8_t* touched, std::size_t stride,
+              std::size_t width, const Painter& painter, std::uint8_t* rgba) {
+  const __m256i zero = _mm256_setzero_si256();
+  const std::size_t whole = width / kBlock;
+  __m256i running = zero;
+  std::size_t block = 0;
+  while (block < whole) {
+    if (touched != nullptr && touched[block] == 0) {
+      const std::size_t from = block;
+      while (block < whole && touched[block] == 0) ++block;
+      painter.even(rgba + from * kBlock * 4, (block - from) * kBlock, foldWinding<rule>(running));
+      continue;
+    }
+    std::int16_t* at = cells + block * kBlock;
+    const __m256i sums = _mm256_add_epi16(prefixSum(load(at)), running);
+    store(at, zero);
+    painter.paint(Stretch{}, rgba + block * kBlock * 4, foldWinding<rule>(sums));
+    running = carried(sums);
+    ++block;
+  }
+  if (width % kBlock != 0) {
+    const __m256i sums = _mm256_add_epi16(prefixSum(load(cells + block * kBlock)), running);
+    painter.paint(RowEnd(width % kBlock), rgba + block * kBlock * 4, foldWinding<rule>(sums));
+  }
+  for (std::size_t x = block * kBlock; x < stride; x += kBlock) store(cells + x, zero);
+}
+
+template <typename Painter>
+void paintCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                const Painter& painter) {
+  const std::uint8_t* touched = rows.touched;
+  for (std::size_t row = 0; row < rows.rows; ++row) {
+    std::int16_t* cells = rows.cells + row * rows.stride;
+    if (rows.rule == FillRule::nonZero) {
+      paintRow<FillRule::nonZero>(cells, touched, rows.stride, rows.width, painter, rgba);
+    } else {
+      paintRow<FillRule::evenOdd>(cells, touched, rows.stride, rows.width, painter, rgba);
+    }
+    rgba += rowBytes;
+    if (touched != nullptr) touched += rows.stride / kBlock;
+  }
+}
+
+struct Writer {
+  template <typename S>
+  void paint(const S& stretch, std::uint8_t* rgba, __m256i coverage) const {
+    stretch.storePixels(rgba, ink.covered(coverage));
+  }
+  void even(std::uint8_t* rgba, std::size_t pixels, __m256i coverage) const {
+    const __m256i eight = ink.evenly(coverage);
+    for (std::size_t at = 0; at < pixels * 4; at += 32) store(rgba + at, eight);
+  }
+  Ink ink;
+};
+
+struct Blender {
+  template <typename S>
+  void paint(const S& stretch, std::uint8_t* rgba, __m256i coverage) const {
+    if (isZero(coverage)) return;
+    stretch.storePixels(rgba, ink.coveredOver(coverage, stretch.loadPixels(rgba)));
+  }
+  void even(std::uint8_t* rgba, std::size_t pixels, __m256i coverage) const {
+    if (isZero(coverage)) return;
+    if (ink.isOpaque && _mm256_extract_epi16(coverage, 0) == kOne) {
+      Writer{ink}.even(rgba, pixels, coverage);
+      return;
+    }
+    for (std::size_t at = 0; at < pixels; at += kBlock) paint(Stretch{}, rgba + at * 4, coverage);
+  }
+  Ink ink;
+};
+
+void writeCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                const SolidColor& color) {
+  paintCells(rgba, rowBytes, rows, Writer{Ink(color)});
+}
+
+void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                const SolidColor& color) {
+  paintCells(rgba, rowBytes, rows, Blender{Ink(color)});
+}
+
+void cellAmounts(Pieces& p, std::size_t count) {
+  const __m256 half = _mm256_set1_ps(0.5F);
+  const __m256 one = _mm256_set1_ps(1);
+  const auto units = [&](__m256 v) { return _mm256_cvttps_epi32(_mm256_add_ps(v, half)); };
+  for (std::size_t i = 0; i < count; i += 8) {
+    const __m256 xa = _mm256_loadu_ps(p.xa + i);
+    const __m256 xb = _mm256_loadu_ps(p.xb + i);
+    const __m256i signedCover = load(p.cover + i);
+    const __m256 low = _mm256_min_ps(xa, xb);
+    const __m256 high = _mm256_max_ps(xa, xb);
+    const __m256i first = _mm256_cvttps_epi32(low);
+    const __m256 start = _mm256_cvtepi32_ps(first);
+    const __m256 a = _mm256_sub_ps(low, start);
+    const __m256 b = _mm256_sub_ps(high, start);
+    const __m256 past = _mm256_max_ps(_mm256_sub_ps(b, one), _mm256_setzero_ps());
+    const __m256 length = _mm256_max_ps(_mm256_sub_ps(b, a), _mm256_set1_ps(1e-9F));
+    const __m256 lost =
+        _mm256_div_ps(_mm256_mul_ps(past, past), _mm256_mul_ps(_mm256_set1_ps(2), length));
+    const __m256i cover = _mm256_abs_epi32(signedCover);
+    const __m256 height = _mm256_cvtepi32_ps(cover);
+    const __m256 share =
+        _mm256_add_ps(_mm256_sub_ps(one, _mm256_mul_ps(_mm256_add_ps(a, b), half)), lost);
+    const __m256i sum0 = units(_mm256_mul_ps(height, share));
+    const __m256i sum1 = _mm256_sub_epi32(cover, units(_mm256_mul_ps(height, lost)));
+    store(p.cell + i, _mm256_add_epi32(load(p.cell + i), first));
+    store(p.amount0 + i, _mm256_sign_epi32(sum0, signedCover));
+    store(p.amount1 + i, _mm256_sign_epi32(_mm256_sub_epi32(sum1, sum0), signedCover));
+    store(p.amount2 + i, _mm256_sign_epi32(_mm256_sub_epi32(cover, sum1), signedCover));
+  }
 }
 
 void multiplyCoverage(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count) {
@@ -243,7 +414,8 @@ void filter(std::uint16_t* out, const std::uint16_t* const* rows, const std::int
   }
 }
 
-constexpr Kernels kAvx2{sumNarrow,   sumWide,          writeSolid,    blendSolid, writePixels,
+constexpr Kernels kAvx2{cellAmounts, sumNarrow,        sumWide,       writeCells,
+                        blendCells,  writeSolid,       blendSolid,    writePixels,
                         blendPixels, multiplyCoverage, scaleCoverage, filter};
 
 }  // namespace

@@ -2,11 +2,38 @@
 #include <cstdlib>
 #include <cstring>
 
-#include <glyphwright/platform/raster/cells.h>
 #include <glyphwright/platform/raster/kernels.h>
 
 namespace glyphwright::raster {
 namespace {
+
+// A piece from xa to xb covers `cover` units of its row. With x counted from the left side of the
+// pixel where the piece begins, that pixel is covered to the right of the piece, by 1 − x on
+// average over the piece; but where the piece has run on into the next pixel (x above 1), the first
+// one loses nothing more, and the next one loses x − 1. Sums are rounded, not changes, and the last
+// one is the cover itself, so a row's total is exact.
+void cellAmounts(Pieces& p, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const float low = std::min(p.xa[i], p.xb[i]);
+    const float high = std::max(p.xa[i], p.xb[i]);
+    const int first = static_cast<int>(low);
+    const float a = low - static_cast<float>(first);
+    const float b = high - static_cast<float>(first);
+    const float past = std::max(b - 1.0F, 0.0F);
+    // The mean of x − 1 where x is above 1. An upright piece has no width, and is never past.
+    const float lost = past * past / (2.0F * std::max(b - a, 1e-9F));
+    const int sign = p.cover[i] < 0 ? -1 : 1;
+    const int cover = p.cover[i] * sign;
+    const auto height = static_cast<float>(cover);
+    const float share = 1.0F - (a + b) * 0.5F + lost;
+    const int sum0 = static_cast<int>(height * share + 0.5F);
+    const int sum1 = cover - static_cast<int>(height * lost + 0.5F);
+    p.cell[i] += first;
+    p.amount0[i] = sign * sum0;
+    p.amount1[i] = sign * (sum1 - sum0);
+    p.amount2[i] = sign * (cover - sum1);
+  }
+}
 
 // From winding × coverage in 1/1024 to a 15-bit fraction: × 32, less one at the very top.
 std::uint16_t foldWinding(int sum, FillRule rule) {
@@ -72,6 +99,22 @@ void blendPixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t 
   }
 }
 
+template <auto paint>
+void paintCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                const SolidColor& color) {
+  for (std::size_t row = 0; row < rows.rows; ++row) {
+    std::int16_t* cells = rows.cells + row * rows.stride;
+    int carry = 0;
+    for (std::size_t x = 0; x < rows.stride; x += kBlock) {
+      std::uint16_t coverage[kBlock];
+      carry = sum(cells + x, kBlock, carry, rows.rule, coverage);
+      if (x >= rows.width) continue;
+      const std::size_t count = std::min(rows.width - x, std::size_t{kBlock});
+      paint(rgba + row * rowBytes + x * 4, coverage, count, color);
+    }
+  }
+}
+
 void multiplyCoverage(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
     coverage[i] = static_cast<std::uint16_t>(scaled(coverage[i], other[i]));
@@ -93,9 +136,18 @@ void filter(std::uint16_t* out, const std::uint16_t* const* rows, const std::int
   }
 }
 
-constexpr Kernels kScalar{sum<std::int16_t>, sum<std::int32_t>, writeSolid,
-                          blendSolid,        writePixels,       blendPixels,
-                          multiplyCoverage,  scaleCoverage,     filter};
+constexpr Kernels kScalar{cellAmounts,
+                          sum<std::int16_t>,
+                          sum<std::int32_t>,
+                          paintCells<writeSolid>,
+                          paintCells<blendSolid>,
+                          writeSolid,
+                          blendSolid,
+                          writePixels,
+                          blendPixels,
+                          multiplyCoverage,
+                          scaleCoverage,
+                          filter};
 
 }  // namespace
 

@@ -4,12 +4,15 @@
 #include <vector>
 
 #include <glyphwright/platform/raster/edges.h>
+#include <glyphwright/platform/raster/kernels.h>
 
 namespace glyphwright::raster {
 
 /// Working memory of one thread, kept between drawings so that small ones need no allocation. It
 /// holds nothing of what was drawn: every use overwrites it, and cells are zero between uses.
 struct Scratch {
+  /// The loops to draw with, chosen once a thread.
+  const Kernels* kernels = &raster::kernels();
   std::vector<CGPoint> devicePoints;
   EdgeList edges;
   Polygons polygons;
@@ -18,7 +21,7 @@ struct Scratch {
   std::vector<std::uint32_t> bandStarts;
   std::vector<std::int16_t> narrowCells;
   std::vector<std::int32_t> wideCells;
-  std::vector<std::uint64_t> touched;
+  std::vector<std::uint8_t> touched;
   std::vector<std::uint16_t> coverage;
   std::vector<std::uint16_t> clippedCoverage;
   std::vector<std::uint8_t> sourceRow;

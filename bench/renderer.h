@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include <glyphwright/bezier_path.h>
+#include <glyphwright/paths/registry.h>
+
+/// What is timed, and who does it.
+namespace glyphwright::bench {
+
+/// One way of painting an icon into a square image.
+enum class Operation : std::uint8_t {
+  fill,         // flat fill
+  hairline,     // flat fill and an outline one pixel wide
+  gradient,     // three colours from top to foot
+  stroke,       // flat fill and an outline of two pixels
+  dropShadow,   // flat fill with a shadow of blur 8 (sigma 4), offset (0, 2)
+  insetShadow,  // flat fill with an inner shadow of blur 8, offset (0, 2)
+};
+
+struct OperationInfo {
+  Operation operation;
+  std::string_view name;
+};
+inline constexpr OperationInfo kOperations[] = {
+    {Operation::fill, "fill"},
+    {Operation::hairline, "hairline"},
+    {Operation::gradient, "gradient"},
+    {Operation::stroke, "stroke"},
+    {Operation::dropShadow, "drop-shadow"},
+    {Operation::insetShadow, "inset-shadow"},
+};
+
+inline constexpr double kStrokeWidth = 2;
+inline constexpr double kBlur = 8;
+inline constexpr double kShadowOffsetY = 2;
+
+/// An icon as the others get it: its elements, handed over call by call each time.
+struct Icon {
+  std::string_view name;
+  ClassMethod method;
+  CGPath path;
+};
+
+/// All icons in the order of their declaration.
+std::vector<Icon> allIcons();
+
+/// How the path goes into a square of `side` pixels under `operation`: the longer side spread over
+/// what outline and shadow leave, centred, the origin of its bounds taken off first.
+CGAffineTransform fitting(const CGPath& path, Operation operation, std::size_t side);
+
+/// Premultiplied pixels of four bytes, rows without padding; only to look at.
+struct Pixels {
+  std::size_t alphaByte = 3;
+  std::vector<std::uint8_t> bytes;
+};
+
+class Renderer {
+ public:
+  Renderer() = default;
+  Renderer(const Renderer&) = delete;
+  Renderer& operator=(const Renderer&) = delete;
+  virtual ~Renderer() = default;
+
+  virtual std::string_view name() const = 0;
+  /// Allocates a fresh image of `side` × `side`, builds, fits and paints the icon, and drops the
+  /// image again; `copy`, when given, gets the pixels first.
+  virtual void paint(const Icon& icon, Operation operation, std::size_t side,
+                     Pixels* copy = nullptr) const = 0;
+};
+
+std::unique_ptr<Renderer> makeGlyphwright();
+std::unique_ptr<Renderer> makeCairo();
+std::unique_ptr<Renderer> makeAgg();
+/// Allocates the image's memory and clears it.
+std::unique_ptr<Renderer> makeClearing();
+
+}  // namespace glyphwright::bench

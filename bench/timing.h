@@ -1,0 +1,24 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "renderer.h"
+
+namespace glyphwright::bench {
+
+/// The time of one renderer for one operation at one size.
+struct Timing {
+  /// Median over the rounds of the mean over a round's icons, in microseconds an icon.
+  double microseconds = 0;
+  std::size_t rounds = 0;
+  std::size_t iconsPerRound = 0;
+};
+
+/// Lets the renderers paint the same icons in turn, a round each, for about `seconds` in all and at
+/// least five rounds. A round is every icon once where that is quick, else every n-th.
+std::vector<Timing> timeInterleaved(const std::vector<const Renderer*>& renderers,
+                                    const std::vector<Icon>& icons, Operation operation,
+                                    std::size_t side, double seconds);
+
+}  // namespace glyphwright::bench

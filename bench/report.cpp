@@ -37,7 +37,8 @@ std::string processorName() {
 
 void writeHeading(const Results& results, std::ostream& out) {
   out << results.processor << "; one thread; a fresh image for every icon, all icons in turn\n"
-      << "microseconds an icon, median (times Cairo's); alpha error of a flat fill over edge "
+      << "microseconds of processor time an icon, median (times Cairo's); alpha error of a flat "
+         "fill over edge "
          "pixels,"
       << " worst / mean of 255\n\n"
       << std::left << std::setw(kNameWidth) << "operation" << std::right << std::setw(kSideWidth)

@@ -1,24 +1,25 @@
 #include "timing.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
+#include <ctime>
 
 namespace glyphwright::bench {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
-double secondsSince(Clock::time_point start) {
-  return std::chrono::duration<double>(Clock::now() - start).count();
+/// The processor time of this thread: what others do on the machine does not count.
+double now() {
+  timespec time{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
 double paintRound(const Renderer& renderer, const std::vector<const Icon*>& icons,
                   Operation operation, std::size_t side) {
-  const Clock::time_point start = Clock::now();
+  const double start = now();
   for (const Icon* icon : icons) renderer.paint(*icon, operation, side);
-  return secondsSince(start);
+  return now() - start;
 }
 
 double median(std::vector<double>& values) {
@@ -41,17 +42,17 @@ std::vector<Timing> timeInterleaved(const std::vector<const Renderer*>& renderer
   constexpr std::size_t kLeastRounds = 5;
   // A short first pass warms caches and allocator and tells how many icons fit into a round.
   const std::vector<const Icon*> sample = everyNth(icons, icons.size() / 8);
-  const Clock::time_point warmUp = Clock::now();
+  const double warmUp = now();
   for (const Renderer* renderer : renderers) paintRound(*renderer, sample, operation, side);
-  const double perIcon = secondsSince(warmUp) / static_cast<double>(sample.size());
+  const double perIcon = (now() - warmUp) / static_cast<double>(sample.size());
   const double affordable = seconds / static_cast<double>(kLeastRounds + 1) / perIcon;
   const double stride = std::ceil(static_cast<double>(icons.size()) / std::max(affordable, 8.0));
   const std::vector<const Icon*> chosen =
       everyNth(icons, static_cast<std::size_t>(std::max(stride, 1.0)));
 
   std::vector<std::vector<double>> times(renderers.size());
-  const Clock::time_point start = Clock::now();
-  for (std::size_t round = 0; round < kLeastRounds || secondsSince(start) < seconds; ++round) {
+  const double start = now();
+  for (std::size_t round = 0; round < kLeastRounds || now() - start < seconds; ++round) {
     for (std::size_t r = 0; r < renderers.size(); ++r) {
       const double time = paintRound(*renderers[r], chosen, operation, side);
       times[r].push_back(time / static_cast<double>(chosen.size()) * 1e6);

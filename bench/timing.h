@@ -15,8 +15,9 @@ struct Timing {
   std::size_t iconsPerRound = 0;
 };
 
-/// Lets the renderers paint the same icons in turn, a round each, for about `seconds` in all and at
-/// least five rounds. A round is every icon once where that is quick, else every n-th.
+/// Lets the renderers paint the same icons in turn, a round each, for about `seconds` of processor
+/// time in all and at least five rounds. A round is every icon once where that is quick, else every
+/// n-th.
 std::vector<Timing> timeInterleaved(const std::vector<const Renderer*>& renderers,
                                     const std::vector<Icon>& icons, Operation operation,
                                     std::size_t side, double seconds);

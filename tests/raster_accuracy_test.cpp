@@ -202,7 +202,7 @@ TEST(RasterAccuracy, ShadowsAreGaussian) {
   constexpr std::size_t kSide = 96;
   UIBezierPath heart = fitted(findClassMethod("heartPath")(), 56);
   heart.applyTransform(CGAffineTransformMakeTranslation(20, 20));
-  const UIBezierPath star = polygon(5, 2, 26, {47.3, 48.1});
+  UIBezierPath star = polygon(5, 2, 26, {47.3, 48.1});
   for (const CGFloat scale : {1.0, 2.0}) {
     for (const CGFloat blur : {1.0, 2.0, 3.5, 6.0, 8.0, 15.0}) {
       for (const UIBezierPath* path : {&heart, &star}) {

@@ -121,7 +121,7 @@ TEST(PresetsColors, ColorsAtTellingPoints) {
       {"front sheet", Home::copyNotificationIcon({44, 44}), {19, 24}, white},
       {"sheet behind", Home::copyNotificationIcon({44, 44}), {14, 20}, white},
       {"arrow", Home::shareIcon({76, 73}, none), {38, 30}, offWhite},
-      {"tray", Home::shareIcon({76, 73}, none), {38, 53}, offWhite},
+      {"tray", Home::shareIcon({76, 73}, none), {38, 55}, offWhite},
       {"cross", Home::closeIcon({24, 24}), {12, 12}, rgb(0, 0, 17.0 / 255)},
       {"beside it", Home::closeIcon({24, 24}), {12, 2}, none},
       {"body", Banner::rewardIcon({48, 40}), {17, 32}, white},

@@ -69,6 +69,7 @@ UIBezierPath UIBezierPath::trevvoPlacemarkIconPath() {
   return evenOddOutline(steps);
 }
 
+// The last leg of a journey: from a pin along a dash of route to the plane.
 UIBezierPath UIBezierPath::airplanePlacemarkPath() {
   static constexpr Step steps[] = {
       // pin

@@ -9,14 +9,15 @@
 /// Between the typed fields of layers and the values that animations carry.
 namespace glyphwright::animatable {
 
+/// Reads a field into `value`; one that is not set leaves it empty.
 template <typename Field>
-std::optional<AnimationValue> read(const Field& field) {
-  return AnimationValue(field);
+void read(const Field& field, std::optional<AnimationValue>& value) {
+  value.emplace(field);
 }
 
 template <typename Field>
-std::optional<AnimationValue> read(const std::optional<Field>& field) {
-  return field ? std::optional<AnimationValue>(*field) : std::nullopt;
+void read(const std::optional<Field>& field, std::optional<AnimationValue>& value) {
+  if (field) value.emplace(*field);
 }
 
 inline bool isNumber(CGFloat value) {

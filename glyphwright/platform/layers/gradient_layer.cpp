@@ -91,7 +91,7 @@ bool CAGradientLayer::visitAnimatable(Fields& gradient, std::string_view key, Vi
 std::optional<AnimationValue> CAGradientLayer::valueForKey(std::string_view key) const {
   std::optional<AnimationValue> value;
   const bool known =
-      visitAnimatable(gradient_, key, [&](const auto& field) { value = animatable::read(field); });
+      visitAnimatable(gradient_, key, [&](const auto& field) { animatable::read(field, value); });
   return known ? value : CALayer::valueForKey(key);
 }
 

@@ -93,7 +93,7 @@ void CALayer::visitAnimatable(Fields& model, std::string_view key, Visit visit) 
 
 std::optional<AnimationValue> CALayer::valueForKey(std::string_view key) const {
   std::optional<AnimationValue> value;
-  visitAnimatable(model_, key, [&](const auto& field) { value = animatable::read(field); });
+  visitAnimatable(model_, key, [&](const auto& field) { animatable::read(field, value); });
   return value;
 }
 

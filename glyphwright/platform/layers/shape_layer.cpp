@@ -75,7 +75,7 @@ bool CAShapeLayer::visitAnimatable(Fields& shape, std::string_view key, Visit vi
 std::optional<AnimationValue> CAShapeLayer::valueForKey(std::string_view key) const {
   std::optional<AnimationValue> value;
   const bool known =
-      visitAnimatable(shape_, key, [&](const auto& field) { value = animatable::read(field); });
+      visitAnimatable(shape_, key, [&](const auto& field) { animatable::read(field, value); });
   return known ? value : CALayer::valueForKey(key);
 }
 

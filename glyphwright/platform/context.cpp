@@ -43,7 +43,7 @@ class FilledShape final : public CGContext::Shape {
   }
   void edges(const PixelRect& region, Scratch& scratch) const override {
     raster::edgesOfPath(path_, scratch.devicePoints, box, region, raster::kFillTolerance,
-                        scratch.edges);
+                        *scratch.kernels, scratch.edges);
   }
 
  private:

@@ -92,7 +92,7 @@ class PathShape final : public CGContext::Shape {
   }
   void edges(const PixelRect& region, Scratch& scratch) const override {
     raster::edgesOfPath(path_, scratch.devicePoints, box, region, raster::kFillTolerance,
-                        scratch.edges);
+                        *scratch.kernels, scratch.edges);
   }
 
  private:

@@ -17,12 +17,10 @@ class NSNumber {
   template <typename Number>
   requires std::is_arithmetic_v<Number>
   constexpr NSNumber(Number value) {
-    if constexpr (std::floating_point<Number>) {
-      value_ = static_cast<double>(value);
-    } else if (value > 0 && static_cast<std::uint64_t>(value) > kLargest) {
-      value_ = static_cast<double>(value);
-    } else {
+    if (isWhole(value)) {
       value_ = static_cast<std::int64_t>(value);
+    } else {
+      value_ = static_cast<double>(value);
     }
   }
 
@@ -51,6 +49,13 @@ class NSNumber {
   constexpr bool boolValue() const { return doubleValue() != 0; }
 
  private:
+  // Whole numbers stay whole, except those beyond the signed range.
+  template <typename Number>
+  static constexpr bool isWhole(Number value) {
+    if constexpr (std::floating_point<Number>) return false;
+    return value <= 0 || static_cast<std::uint64_t>(value) <= kLargest;
+  }
+
   static constexpr std::int64_t kLargest = std::numeric_limits<std::int64_t>::max();
 
   std::variant<std::int64_t, double> value_;

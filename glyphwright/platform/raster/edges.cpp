@@ -7,9 +7,6 @@
 namespace glyphwright::raster {
 namespace {
 
-// More chords than this are never spent on one curve; at 16384 pixels a quarter circle needs 560.
-constexpr int kMaxChords = 1024;
-
 // Collects edges, relative to the region.
 class EdgeWriter {
  public:
@@ -20,12 +17,13 @@ class EdgeWriter {
         width_(region.width()),
         height_(region.height()) {
     out.region = region;
-    out.count = 0;
-    out.verticalRuns = 0;
   }
   EdgeWriter(const EdgeWriter&) = delete;
   EdgeWriter& operator=(const EdgeWriter&) = delete;
-  ~EdgeWriter() { out_.count = count_; }
+  ~EdgeWriter() {
+    out_.count = count_;
+    out_.verticalRuns = runs_;
+  }
 
   double left() const { return left_; }
   double top() const { return top_; }
@@ -36,13 +34,15 @@ class EdgeWriter {
       out_.storage.resize(std::max(count_ + edges, 2 * out_.storage.size()));
     }
   }
-  void startRuns() { rising_ = -1; }
-  // Needs room, and ends at different heights.
+  void startRuns() { direction_ = 0; }
+  // Needs room. Level edges leave nothing behind; which ones are level nobody can foretell, so
+  // this does without a branch.
   void push(float x0, int y0, float x1, int y1) {
-    out_.storage[count_++] = {x0, x1, y0, y1};
-    const int rising = y1 > y0 ? 1 : 0;
-    out_.verticalRuns += rising != rising_ ? 1 : 0;
-    rising_ = rising;
+    out_.storage[count_] = {x0, x1, y0, y1};
+    const int direction = (y1 > y0 ? 1 : 0) - (y1 < y0 ? 1 : 0);
+    count_ += direction != 0 ? 1 : 0;
+    runs_ += static_cast<int>(direction != 0) & static_cast<int>(direction != direction_);
+    direction_ = direction != 0 ? direction : direction_;
   }
 
   EdgeList& out_;
@@ -51,7 +51,8 @@ class EdgeWriter {
   double top_;
   double width_;
   double height_;
-  int rising_ = -1;
+  int direction_ = 0;  // of the last edge: 1 down, −1 up
+  int runs_ = 0;
 };
 
 // The step between samples of a cubic with its inner samples moved out of the hollow, as forward
@@ -76,7 +77,7 @@ struct CubicSteps {
 int chordCount(double bend, double tolerance) {
   // |p''| ≤ 6·bend, and a chord over a parameter step h strays by at most h²·|p''|/8.
   const double count = std::sqrt(bend * (6.0 / 8.0) / tolerance);
-  return count < kMaxChords ? static_cast<int>(count) + 1 : kMaxChords;
+  return count < Curve::kMaxChords ? static_cast<int>(count) + 1 : Curve::kMaxChords;
 }
 
 // Points relative to the region.
@@ -113,10 +114,16 @@ CubicSteps stepsOf(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3, double tolera
 // For shapes that lie inside the region as a whole.
 class InsideWriter : public EdgeWriter {
  public:
-  InsideWriter(EdgeList& out, const PixelRect& region)
+  InsideWriter(EdgeList& out, const PixelRect& region, double tolerance, const Kernels* kernels)
       : EdgeWriter(out, region),
+        kernels_(kernels),
         right_(static_cast<float>(width_)),
-        foot_(region.height() * kUnitsPerPixel) {}
+        foot_(region.height() * kUnitsPerPixel) {
+    const double factor = 6.0 / 8.0 / tolerance;
+    curve_.chordFactor = static_cast<float>(factor * factor);
+    curve_.width = right_;
+    curve_.height = foot_;
+  }
 
   void moveTo(CGPoint p) {
     closeContour();
@@ -128,13 +135,16 @@ class InsideWriter : public EdgeWriter {
     makeRoom(1);
     edgeTo(column(p.x), units(p.y));
   }
-  void cubicTo(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3, double tolerance) {
-    CubicSteps steps = stepsOf(p0, p1, p2, p3, tolerance);
-    makeRoom(static_cast<std::size_t>(steps.count));
-    for (int k = 1; k < steps.count; ++k) {
-      steps.advance();
-      edgeTo(column(steps.x), units(steps.y));
+  void cubicTo(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3) {
+    float* to = curve_.points;
+    for (const CGPoint& p : {p0, p1, p2, p3}) {
+      *to++ = static_cast<float>(p.x);
+      *to++ = static_cast<float>(p.y);
     }
+    kernels_->sampleCurve(curve_);
+    const int inner = curve_.count - 1;
+    makeRoom(static_cast<std::size_t>(inner + 1));
+    for (int k = 0; k < inner; ++k) edgeTo(curve_.x[k], curve_.y[k]);
     edgeTo(column(p3.x), units(p3.y));
   }
   void closeContour() {
@@ -143,23 +153,24 @@ class InsideWriter : public EdgeWriter {
   }
 
  private:
-  // A sample that was moved out of a hollow may pass the region's side by a hair.
   float column(double x) const { return std::clamp(static_cast<float>(x), 0.0F, right_); }
   int units(double y) const {
     return std::clamp(static_cast<int>(y * kUnitsPerPixel + 0.5), 0, foot_);
   }
   void edgeTo(float x, int y) {
-    if (y != fromY_) push(fromX_, fromY_, x, y);
+    push(fromX_, fromY_, x, y);
     fromX_ = x;
     fromY_ = y;
   }
 
+  const Kernels* kernels_;
   float right_;
   int foot_;
   float fromX_ = 0;
   float startX_ = 0;
   int fromY_ = 0;
   int startY_ = 0;
+  Curve curve_;
 };
 
 // For shapes that the region cuts. What lies to the left is pushed to the region's left side,
@@ -167,7 +178,10 @@ class InsideWriter : public EdgeWriter {
 // effect and is dropped.
 class ClippedWriter : public EdgeWriter {
  public:
-  using EdgeWriter::EdgeWriter;
+  ClippedWriter(EdgeList& out, const PixelRect& region, double tolerance, const Kernels* kernels)
+      : EdgeWriter(out, region), tolerance_(tolerance) {
+    static_cast<void>(kernels);
+  }
 
   void moveTo(CGPoint p) {
     closeContour();
@@ -206,14 +220,14 @@ class ClippedWriter : public EdgeWriter {
     pushClamped(xa, ya, xb, yb);
   }
 
-  void cubicTo(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3, double tolerance) {
+  void cubicTo(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3) {
     const double minX = std::min(std::min(p0.x, p1.x), std::min(p2.x, p3.x));
     const double maxX = std::max(std::max(p0.x, p1.x), std::max(p2.x, p3.x));
     const double minY = std::min(std::min(p0.y, p1.y), std::min(p2.y, p3.y));
     const double maxY = std::max(std::max(p0.y, p1.y), std::max(p2.y, p3.y));
     // Outside, only the rows that it spans count.
     if (maxY > 0 && minY < height_ && minX < width_ && maxX > 0) {
-      CubicSteps steps = stepsOf(p0, p1, p2, p3, tolerance);
+      CubicSteps steps = stepsOf(p0, p1, p2, p3, tolerance_);
       for (int k = 1; k < steps.count; ++k) {
         steps.advance();
         lineTo({steps.x, steps.y});
@@ -235,14 +249,15 @@ class ClippedWriter : public EdgeWriter {
          static_cast<float>(std::clamp(xb, 0.0, width_)), to);
   }
 
+  double tolerance_;
   CGPoint start_;
   CGPoint from_;
 };
 
 template <typename Writer>
 void writePath(const CGPath& path, const std::vector<CGPoint>& devicePoints,
-               const PixelRect& region, double tolerance, EdgeList& out) {
-  Writer writer(out, region);
+               const PixelRect& region, double tolerance, const Kernels& kernels, EdgeList& out) {
+  Writer writer(out, region, tolerance, &kernels);
   const double left = writer.left();
   const double top = writer.top();
   const CGPoint* next = devicePoints.data();
@@ -265,13 +280,13 @@ void writePath(const CGPath& path, const std::vector<CGPoint>& devicePoints,
                          current.y + (control.y - current.y) * (2.0 / 3.0)};
         const CGPoint c2{end.x + (control.x - end.x) * (2.0 / 3.0),
                          end.y + (control.y - end.y) * (2.0 / 3.0)};
-        writer.cubicTo(current, c1, c2, end, tolerance);
+        writer.cubicTo(current, c1, c2, end);
         current = end;
         break;
       }
       case PathVerb::cubic: {
         const CGPoint end = at(2);
-        writer.cubicTo(current, at(0), at(1), end, tolerance);
+        writer.cubicTo(current, at(0), at(1), end);
         current = end;
         break;
       }
@@ -286,7 +301,7 @@ void writePath(const CGPath& path, const std::vector<CGPoint>& devicePoints,
 
 template <typename Writer>
 void writePolygons(const Polygons& polygons, const PixelRect& region, EdgeList& out) {
-  Writer writer(out, region);
+  Writer writer(out, region, kFillTolerance, nullptr);
   std::size_t i = 0;
   for (const std::size_t end : polygons.ends) {
     for (bool first = true; i < end; ++i, first = false) {
@@ -357,11 +372,11 @@ DeviceBox boxOf(const Polygons& polygons) {
 }
 
 void edgesOfPath(const CGPath& path, const std::vector<CGPoint>& devicePoints, const DeviceBox& box,
-                 const PixelRect& region, double tolerance, EdgeList& out) {
+                 const PixelRect& region, double tolerance, const Kernels& kernels, EdgeList& out) {
   if (contains(region, box)) {
-    writePath<InsideWriter>(path, devicePoints, region, tolerance, out);
+    writePath<InsideWriter>(path, devicePoints, region, tolerance, kernels, out);
   } else {
-    writePath<ClippedWriter>(path, devicePoints, region, tolerance, out);
+    writePath<ClippedWriter>(path, devicePoints, region, tolerance, kernels, out);
   }
 }
 

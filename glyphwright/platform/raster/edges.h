@@ -11,15 +11,6 @@
 
 namespace glyphwright::raster {
 
-/// A straight edge inside a region: x in pixels from the region's left, y in units from its top.
-/// Never level (y0 ≠ y1); x within 0…width, y within 0…height.
-struct Edge {
-  float x0;
-  float x1;
-  std::int32_t y0;
-  std::int32_t y1;
-};
-
 /// The edges of one shape, relative to the pixels it may touch.
 struct EdgeList {
   PixelRect region;
@@ -62,12 +53,12 @@ DeviceBox boxOf(const Polygons& polygons);
 /// is the box around the points. A curve becomes as many chords as keep it within `tolerance`
 /// pixels, and the chords' inner points are moved out so that the area under the curve is kept.
 void edgesOfPath(const CGPath& path, const std::vector<CGPoint>& devicePoints, const DeviceBox& box,
-                 const PixelRect& region, double tolerance, EdgeList& out);
+                 const PixelRect& region, double tolerance, const Kernels& kernels, EdgeList& out);
 
 void edgesOfPolygons(const Polygons& polygons, const DeviceBox& box, const PixelRect& region,
                      EdgeList& out);
 
 /// The flattening tolerance of fills, in pixels.
-inline constexpr double kFillTolerance = 0.03;
+inline constexpr double kFillTolerance = 0.025;
 
 }  // namespace glyphwright::raster

@@ -40,9 +40,44 @@ inline constexpr int kUnitShift = 10;
 inline constexpr int kBlock = 16;
 inline constexpr int kBlockShift = 4;
 
-/// Pieces of edges, each inside one row and at most one pixel wide.
+/// A straight edge inside a region: x in pixels from the region's left, y in units from its top.
+/// Never level (y0 ≠ y1); x within 0…width, y within 0…height.
+struct Edge {
+  float x0;
+  float x1;
+  std::int32_t y0;
+  std::int32_t y1;
+};
+
+/// A cubic relative to its region, and the samples that stand for it: those behind its first point,
+/// `count` in all, x in pixels and y in units, clamped to the region. Inner samples are moved out
+/// of the curve's hollow so that the chords keep the area under it.
+struct Curve {
+  static constexpr int kMaxChords = 1024;
+  float points[8];    // x and y of first end, two controls, second end
+  float chordFactor;  // a curve takes the fourth root of (its bend in pixels × this)² chords
+  float width;
+  std::int32_t height;
+  std::int32_t count;
+  float x[kMaxChords];  // room for whole eights
+  std::int32_t y[kMaxChords];
+};
+
+/// Rows of a region, and the edges that are to be cut into them.
+struct EdgeRows {
+  const Edge* edges;
+  std::size_t count;
+  std::int32_t top;  // of the first row, in units
+  std::int32_t rows;
+  std::int32_t stride;   // cells from row to row
+  std::size_t next = 0;  // the edge to go on with, and its row
+  std::int32_t nextRow = 0;
+};
+
+/// Pieces of edges, each inside one row.
 struct Pieces {
   static constexpr std::size_t kCapacity = 128;
+  std::size_t count = 0;
   float xa[kCapacity];  // in pixels from the row's start, never below 0 by more than a hair
   float xb[kCapacity];
   std::int32_t cover[kCapacity];  // height in units, negative for pieces running up
@@ -51,6 +86,8 @@ struct Pieces {
   std::int32_t amount0[kCapacity];
   std::int32_t amount1[kCapacity];
   std::int32_t amount2[kCapacity];
+  /// Not 0 for a piece wider than a pixel, which three cells cannot hold; its amounts mean nothing.
+  std::int32_t isWide[kCapacity];
 };
 
 /// Rows of cells to be painted. They are set back to zero.
@@ -66,8 +103,13 @@ struct CellRows {
 /// The loops that touch pixels. One table for each instruction set, all equal to the scalar one
 /// bit for bit; kernels_scalar.cpp is the text that explains them.
 struct Kernels {
-  /// Works out which cells `count` pieces change, and by how much.
-  void (*cellAmounts)(Pieces& pieces, std::size_t count);
+  /// Finds the count of chords for a curve and its samples.
+  void (*sampleCurve)(Curve& curve);
+  /// Replaces the pieces by the next ones of the edges, as many as there is room for; none when all
+  /// edges are done.
+  void (*cutEdges)(EdgeRows& rows, Pieces& pieces);
+  /// Works out which cells the pieces change, and by how much.
+  void (*cellAmounts)(Pieces& pieces);
   /// Sums `count` cells (a multiple of kBlock) from `carry` on, folds the winding by the rule into
   /// coverage, sets the cells back to zero and gives the sum.
   int (*sumNarrow)(std::int16_t* cells, std::size_t count, int carry, FillRule rule,

@@ -347,11 +347,104 @@ void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
   paintCells(rgba, rowBytes, rows, Blender{Ink(color)});
 }
 
-void cellAmounts(Pieces& p, std::size_t count) {
+// Eight samples at a time; the last eight may run past the curve's end.
+void sampleCurve(Curve& curve) {
+  // x and y of two points a register.
+  const __m128 p01 = _mm_loadu_ps(curve.points);
+  const __m128 p23 = _mm_loadu_ps(curve.points + 4);
+  const __m128 p12 = _mm_shuffle_ps(p01, p23, _MM_SHUFFLE(1, 0, 3, 2));
+  const __m128 uv = _mm_add_ps(_mm_sub_ps(p01, _mm_mul_ps(_mm_set1_ps(2), p12)), p23);
+  const __m128 squares = _mm_mul_ps(uv, uv);
+  const __m128 sums =
+      _mm_add_ps(squares, _mm_shuffle_ps(squares, squares, _MM_SHUFFLE(2, 3, 0, 1)));
+  const __m128 bendSquare = _mm_max_ss(sums, _mm_movehl_ps(sums, sums));
+  const __m128 chords =
+      _mm_sqrt_ss(_mm_sqrt_ss(_mm_mul_ss(bendSquare, _mm_set_ss(curve.chordFactor))));
+  const float wanted = _mm_cvtss_f32(chords);
+  curve.count = wanted < Curve::kMaxChords - 1 ? static_cast<int>(wanted) + 1 : Curve::kMaxChords;
+
+  const float h = 1.0F / static_cast<float>(curve.count);
+  const __m128 lift = _mm_set1_ps(h * h * 0.5F);
+  const __m128 a = _mm_sub_ps(_mm_movehl_ps(uv, uv), uv);
+  const __m128 b = _mm_mul_ps(_mm_set1_ps(3), uv);
+  const __m128 c =
+      _mm_sub_ps(_mm_mul_ps(_mm_set1_ps(3), _mm_sub_ps(p12, p01)), _mm_mul_ps(a, lift));
+  const __m128 start = _mm_sub_ps(p01, _mm_mul_ps(uv, lift));
+  const auto xOf = [](__m128 v) { return _mm256_broadcastss_ps(v); };
+  const auto yOf = [](__m128 v) { return _mm256_broadcastss_ps(_mm_movehdup_ps(v)); };
+  const auto at = [](__m256 t, __m256 c3, __m256 c2, __m256 c1, __m256 c0) {
+    const __m256 high = _mm256_add_ps(_mm256_mul_ps(c3, t), c2);
+    return _mm256_add_ps(_mm256_mul_ps(_mm256_add_ps(_mm256_mul_ps(high, t), c1), t), c0);
+  };
+  const __m256 ax = xOf(a), bx = xOf(b), cx = xOf(c), sx = xOf(start);
+  const __m256 ay = yOf(a), by = yOf(b), cy = yOf(c), sy = yOf(start);
+  const __m256 width = _mm256_set1_ps(curve.width);
+  const __m256i height = _mm256_set1_epi32(curve.height);
+  __m256i number = _mm256_setr_epi32(1, 2, 3, 4, 5, 6, 7, 8);
+  for (int k = 0; k < curve.count; k += 8) {
+    const __m256 t = _mm256_mul_ps(_mm256_cvtepi32_ps(number), _mm256_set1_ps(h));
+    number = _mm256_add_epi32(number, _mm256_set1_epi32(8));
+    const __m256 x = at(t, ax, bx, cx, sx);
+    const __m256 y = _mm256_mul_ps(at(t, ay, by, cy, sy), _mm256_set1_ps(kUnitsPerPixel));
+    const __m256i units = _mm256_cvttps_epi32(_mm256_add_ps(y, _mm256_set1_ps(0.5F)));
+    _mm256_storeu_ps(curve.x + k, _mm256_min_ps(_mm256_max_ps(x, _mm256_setzero_ps()), width));
+    store(curve.y + k, _mm256_min_epi32(_mm256_max_epi32(units, _mm256_setzero_si256()), height));
+  }
+}
+
+// Eight rows at a time: most edges of small shapes end within them, so there is no loop whose end
+// the processor could guess wrong. Pieces beyond the edge's end are overwritten by the next edge.
+void cutEdges(EdgeRows& rows, Pieces& p) {
+  const __m256i steps = _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7);
+  const __m256i strides = _mm256_mullo_epi32(steps, _mm256_set1_epi32(rows.stride));
+  const __m256i depths = _mm256_slli_epi32(steps, kUnitShift);
+  std::size_t count = 0;
+  for (; rows.next < rows.count; ++rows.next, rows.nextRow = 0) {
+    const Edge& edge = rows.edges[rows.next];
+    const bool down = edge.y0 < edge.y1;
+    const float x0 = down ? edge.x0 : edge.x1;
+    const float x1 = down ? edge.x1 : edge.x0;
+    const int y0 = (down ? edge.y0 : edge.y1) - rows.top;
+    const int y1 = (down ? edge.y1 : edge.y0) - rows.top;
+    const float slope = (x1 - x0) / static_cast<float>(y1 - y0);
+    const int from = y0 >> kUnitShift;
+    const int first = from > rows.nextRow ? from : rows.nextRow;  // nextRow is never below 0
+    const int end = (y1 - 1) >> kUnitShift;
+    const int last = end < rows.rows ? end : rows.rows - 1;
+    const __m256i upper = _mm256_set1_epi32(y0);
+    const __m256i lower = _mm256_set1_epi32(y1);
+    const __m256i sign = _mm256_set1_epi32(down ? 1 : -1);
+    const auto xAt = [&](__m256i y) {
+      const __m256 depth = _mm256_cvtepi32_ps(_mm256_sub_epi32(y, upper));
+      return _mm256_add_ps(_mm256_set1_ps(x0), _mm256_mul_ps(depth, _mm256_set1_ps(slope)));
+    };
+    for (int row = first; row <= last; row += 8) {
+      if (count + 8 > Pieces::kCapacity) {
+        rows.nextRow = row;
+        p.count = count;
+        return;
+      }
+      const __m256i rowTop = _mm256_add_epi32(_mm256_set1_epi32(row << kUnitShift), depths);
+      const __m256i rowEnd = _mm256_add_epi32(rowTop, _mm256_set1_epi32(kUnitsPerPixel));
+      const __m256i top = _mm256_max_epi32(rowTop, upper);
+      const __m256i bottom = _mm256_min_epi32(rowEnd, lower);
+      const __m256 isEnd = _mm256_castsi256_ps(_mm256_cmpeq_epi32(bottom, lower));
+      _mm256_storeu_ps(p.xa + count, xAt(top));
+      _mm256_storeu_ps(p.xb + count, _mm256_blendv_ps(xAt(bottom), _mm256_set1_ps(x1), isEnd));
+      store(p.cover + count, _mm256_sign_epi32(_mm256_sub_epi32(bottom, top), sign));
+      store(p.cell + count, _mm256_add_epi32(_mm256_set1_epi32(row * rows.stride), strides));
+      const int left = last - row + 1;
+      count += static_cast<std::size_t>(left < 8 ? left : 8);
+    }
+  }
+  p.count = count;
+}
+
+void cellAmounts(Pieces& p) {
   const __m256 half = _mm256_set1_ps(0.5F);
   const __m256 one = _mm256_set1_ps(1);
   const auto units = [&](__m256 v) { return _mm256_cvttps_epi32(_mm256_add_ps(v, half)); };
-  for (std::size_t i = 0; i < count; i += 8) {
+  for (std::size_t i = 0; i < p.count; i += 8) {
     const __m256 xa = _mm256_loadu_ps(p.xa + i);
     const __m256 xb = _mm256_loadu_ps(p.xb + i);
     const __m256i signedCover = load(p.cover + i);
@@ -371,6 +464,8 @@ void cellAmounts(Pieces& p, std::size_t count) {
         _mm256_add_ps(_mm256_sub_ps(one, _mm256_mul_ps(_mm256_add_ps(a, b), half)), lost);
     const __m256i sum0 = units(_mm256_mul_ps(height, share));
     const __m256i sum1 = _mm256_sub_epi32(cover, units(_mm256_mul_ps(height, lost)));
+    const __m256 wide = _mm256_cmp_ps(_mm256_sub_ps(high, low), one, _CMP_GT_OQ);
+    store(p.isWide + i, _mm256_castps_si256(wide));
     store(p.cell + i, _mm256_add_epi32(load(p.cell + i), first));
     store(p.amount0 + i, _mm256_sign_epi32(sum0, signedCover));
     store(p.amount1 + i, _mm256_sign_epi32(_mm256_sub_epi32(sum1, sum0), signedCover));
@@ -414,8 +509,8 @@ void filter(std::uint16_t* out, const std::uint16_t* const* rows, const std::int
   }
 }
 
-constexpr Kernels kAvx2{cellAmounts, sumNarrow,        sumWide,       writeCells,
-                        blendCells,  writeSolid,       blendSolid,    writePixels,
+constexpr Kernels kAvx2{sampleCurve, cutEdges,         cellAmounts,   sumNarrow,  sumWide,
+                        writeCells,  blendCells,       writeSolid,    blendSolid, writePixels,
                         blendPixels, multiplyCoverage, scaleCoverage, filter};
 
 }  // namespace

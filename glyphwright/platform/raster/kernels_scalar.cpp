@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <cstring>
 
@@ -7,13 +8,83 @@
 namespace glyphwright::raster {
 namespace {
 
+// |p''| ≤ 6·bend, and a chord over a parameter step h strays by at most h²·|p''|/8: the count of
+// chords goes with the root of the bend, and so with the fourth root of its square.
+int chordCount(float chords4) {
+  const float count = std::sqrt(std::sqrt(chords4));
+  return count < Curve::kMaxChords - 1 ? static_cast<int>(count) + 1 : Curve::kMaxChords;
+}
+
+// p(t) = a·t³ + b·t² + c·t + p0. Chords of a curve lose area to its hollow side; moving the inner
+// points by −h²·p''/12 gives it back, and folds into the two lower coefficients because
+// p'' = 6a·t + 2b is linear in t.
+void sampleCurve(Curve& curve) {
+  const float* p = curve.points;
+  float u[2];
+  float v[2];
+  for (int i = 0; i < 2; ++i) {
+    u[i] = p[i] - 2.0F * p[2 + i] + p[4 + i];
+    v[i] = p[2 + i] - 2.0F * p[4 + i] + p[6 + i];
+  }
+  const float bendSquare = std::max(u[0] * u[0] + u[1] * u[1], v[0] * v[0] + v[1] * v[1]);
+  curve.count = chordCount(bendSquare * curve.chordFactor);
+  const float h = 1.0F / static_cast<float>(curve.count);
+  float a[2];
+  float b[2];
+  float c[2];
+  float start[2];
+  for (int i = 0; i < 2; ++i) {
+    a[i] = v[i] - u[i];
+    b[i] = 3.0F * u[i];
+    c[i] = 3.0F * (p[2 + i] - p[i]) - a[i] * (h * h * 0.5F);
+    start[i] = p[i] - u[i] * (h * h * 0.5F);
+  }
+  for (int k = 0; k < curve.count; ++k) {
+    const float t = static_cast<float>(k + 1) * h;
+    const float x = ((a[0] * t + b[0]) * t + c[0]) * t + start[0];
+    const float y = ((a[1] * t + b[1]) * t + c[1]) * t + start[1];
+    // A sample that was moved out of a hollow may pass the region's side by a hair.
+    curve.x[k] = std::min(std::max(x, 0.0F), curve.width);
+    curve.y[k] = std::clamp(static_cast<int>(y * kUnitsPerPixel + 0.5F), 0, curve.height);
+  }
+}
+
+void cutEdges(EdgeRows& rows, Pieces& p) {
+  p.count = 0;
+  for (; rows.next < rows.count; ++rows.next, rows.nextRow = 0) {
+    const Edge& edge = rows.edges[rows.next];
+    const bool down = edge.y0 < edge.y1;
+    const float x0 = down ? edge.x0 : edge.x1;
+    const float x1 = down ? edge.x1 : edge.x0;
+    const int y0 = (down ? edge.y0 : edge.y1) - rows.top;
+    const int y1 = (down ? edge.y1 : edge.y0) - rows.top;
+    const float slope = (x1 - x0) / static_cast<float>(y1 - y0);
+    const int first = std::max(std::max(y0 >> kUnitShift, 0), rows.nextRow);
+    const int last = std::min((y1 - 1) >> kUnitShift, rows.rows - 1);
+    for (int row = first; row <= last; ++row) {
+      if (p.count + 8 > Pieces::kCapacity && (row - first) % 8 == 0) {
+        rows.nextRow = row;
+        return;
+      }
+      const int top = std::max(row << kUnitShift, y0);
+      const int bottom = std::min((row + 1) << kUnitShift, y1);
+      // Rounding may carry x past the edge's ends by a hair, which the cells' margin takes.
+      p.xa[p.count] = x0 + static_cast<float>(top - y0) * slope;
+      p.xb[p.count] = bottom == y1 ? x1 : x0 + static_cast<float>(bottom - y0) * slope;
+      p.cover[p.count] = down ? bottom - top : top - bottom;
+      p.cell[p.count] = row * rows.stride;
+      ++p.count;
+    }
+  }
+}
+
 // A piece from xa to xb covers `cover` units of its row. With x counted from the left side of the
 // pixel where the piece begins, that pixel is covered to the right of the piece, by 1 − x on
 // average over the piece; but where the piece has run on into the next pixel (x above 1), the first
 // one loses nothing more, and the next one loses x − 1. Sums are rounded, not changes, and the last
 // one is the cover itself, so a row's total is exact.
-void cellAmounts(Pieces& p, std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i) {
+void cellAmounts(Pieces& p) {
+  for (std::size_t i = 0; i < p.count; ++i) {
     const float low = std::min(p.xa[i], p.xb[i]);
     const float high = std::max(p.xa[i], p.xb[i]);
     const int first = static_cast<int>(low);
@@ -28,6 +99,7 @@ void cellAmounts(Pieces& p, std::size_t count) {
     const float share = 1.0F - (a + b) * 0.5F + lost;
     const int sum0 = static_cast<int>(height * share + 0.5F);
     const int sum1 = cover - static_cast<int>(height * lost + 0.5F);
+    p.isWide[i] = high - low > 1.0F ? -1 : 0;
     p.cell[i] += first;
     p.amount0[i] = sign * sum0;
     p.amount1[i] = sign * (sum1 - sum0);
@@ -136,7 +208,9 @@ void filter(std::uint16_t* out, const std::uint16_t* const* rows, const std::int
   }
 }
 
-constexpr Kernels kScalar{cellAmounts,
+constexpr Kernels kScalar{sampleCurve,
+                          cutEdges,
+                          cellAmounts,
                           sum<std::int16_t>,
                           sum<std::int32_t>,
                           paintCells<writeSolid>,

@@ -128,15 +128,17 @@ class UIBezierPath {
   // Images
 
   /// `imageWithAttributes:` the path painted into an image as `attributes` say, at the screen
-  /// scale. The path is expected to start at the origin.
+  /// scale. The path is expected to start at the origin. A size that is absent or cannot be drawn
+  /// gives an image without pixels.
   UIImage imageWithAttributes(const AttributeDictionary& attributes) const;
-  /// `imageWithStrokeColor:fillColor:` filled and stroked at its own coordinates in an image of
-  /// its bounds, wider by twice the line width (the height does not grow). A colour not given
-  /// takes the other's value.
+  /// `imageWithStrokeColor:fillColor:` filled (always by the non-zero rule) and stroked at its own
+  /// coordinates, moved by the line width, in an image of its bounds, wider by twice the line width
+  /// (the height does not grow). A colour not given takes the other's value; without either it is
+  /// black.
   UIImage imageWithStrokeColor(const std::optional<UIColor>& strokeColor,
                                const std::optional<UIColor>& fillColor) const;
-  /// `imageWithDropShadow:image:` the image redrawn with the shadow, in its own size; the path is
-  /// not used.
+  /// `imageWithDropShadow:image:` the image redrawn with the shadow in its own size, at the screen
+  /// scale; what falls outside is cut off. The path is not used.
   UIImage imageWithDropShadow(const NSShadow& shadow, const UIImage& image) const;
   /// `drawInsetShadow:` darkens the inside of the path along its edges, in the current context.
   void drawInsetShadow(const NSShadow& shadow) const;
@@ -157,7 +159,9 @@ class UIBezierPath {
   static UIImage newImage(Icons with, const IconAttributes& attributes);
   /// `newImage(with:attributes:positions:sizes:canvasSize:)` several icons, each rendered with its
   /// own attributes, laid out on one canvas at scale 1. Unequal counts of icons, attributes and
-  /// positions give an empty image; fewer sizes than icons end the program.
+  /// positions give an empty image; fewer sizes than icons end the program. A canvas size that
+  /// cannot be drawn gives an empty image too, and leaves its null context on the thread's stack
+  /// for the caller to end.
   static UIImage newImage(std::span<const Pathable> with,
                           std::span<const IconAttributes> attributes,
                           std::span<const CGPoint> positions, std::span<const CGSize> sizes,

@@ -132,7 +132,7 @@ void fitAndPaint(CGContextRef context, UIBezierPath& path, Placement placement,
 UIImage paintPlain(UIBezierPath& path, Placement placement, const IconPaint& paint) {
   contexts::Scope scope(paint.size, isOpaque(paint.background), screen::scale(), true);
   if (!scope.isDrawable()) return scope.image();
-  const CGContextRef context = scope.context();
+  CGContextRef context = scope.context();
   if (paint.background && !isClear(paint.background)) {
     CGContextSaveGState(context);
     CGContextSetFillColor(context, *paint.background);

@@ -76,7 +76,7 @@ UIImage UIBezierPath::imageWithStrokeColor(const std::optional<UIColor>& strokeC
   // Only the width makes room for the line, on both sides; images of this kind have always been so.
   const CGSize size{CGRectGetWidth(box) + 2 * lineWidth_, CGRectGetHeight(box)};
   contexts::Scope scope(size, false, screen::scale(), true);
-  const CGContextRef context = scope.context();
+  CGContextRef context = scope.context();
   CGContextTranslateCTM(context, lineWidth_, lineWidth_);
   const std::optional<UIColor>& stroke = strokeColor ? strokeColor : fillColor;
   const std::optional<UIColor>& fill = fillColor ? fillColor : strokeColor;

@@ -31,14 +31,27 @@ class MaskWriter final : public raster::RowSink {
         std::fill(to + span.x0, to + span.x1, static_cast<std::uint16_t>(span.constant));
       }
     }
-    if (outer_ != nullptr) {
-      const auto width = static_cast<std::size_t>(mask_.bounds.width());
-      kernels_.multiplyCoverage(to, outer_->row(row.y) + (mask_.bounds.x0 - outer_->bounds.x0),
-                                width);
+    limit(to, row.y);
+  }
+
+  bool cells(int y, const raster::CellRows& rows) override {
+    for (std::size_t row = 0; row < rows.rows; ++row) {
+      const int at = y + static_cast<int>(row);
+      std::uint16_t* to = mask_.row(at);
+      kernels_.sumNarrow(rows.cells + row * rows.stride, rows.stride, 0, rows.rule, to);
+      limit(to, at);
     }
+    return true;
   }
 
  private:
+  void limit(std::uint16_t* to, int y) const {
+    if (outer_ != nullptr) {
+      const auto width = static_cast<std::size_t>(mask_.bounds.width());
+      kernels_.multiplyCoverage(to, outer_->row(y) + (mask_.bounds.x0 - outer_->bounds.x0), width);
+    }
+  }
+
   Mask& mask_;
   const Mask* outer_;
   const raster::Kernels& kernels_;
@@ -145,7 +158,6 @@ void CGContext::castShadow(const Mask& caster, double casterAlpha) {
                         caster.bounds.x1 + shadow.dx, caster.bounds.y1 + shadow.dy};
   const PixelRect area = intersection(grown(moved, reach, reach, reach, reach), state.clip.bounds);
   if (area.isEmpty()) return;
-  const Mask blurredMask = raster::blurred(caster, shadow.blurPixels, shadow.dx, shadow.dy, area);
   Paint paint;
   paint.color = raster::solidColor(shadow.color.red(), shadow.color.green(), shadow.color.blue(),
                                    shadow.color.alpha() * casterAlpha);
@@ -153,7 +165,8 @@ void CGContext::castShadow(const Mask& caster, double casterAlpha) {
   Scratch& scratch = raster::threadScratch();
   const Mask* clip = state.clip.node == nullptr ? nullptr : &state.clip.node->mask(scratch);
   Canvas::Painter painter(canvas(), area, paint, clip, scratch);
-  emitMask(blurredMask, area, painter);
+  raster::blurRows(caster, shadow.blurPixels, shadow.dx, shadow.dy, area, *scratch.kernels,
+                   painter);
   painter.finish();
 }
 

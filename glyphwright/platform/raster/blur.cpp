@@ -8,13 +8,14 @@
 namespace glyphwright::raster {
 namespace {
 
-// Gaussian weights for −reach…reach as 15-bit fractions that sum to exactly one.
+// Gaussian weights as 15-bit fractions: the middle, then those of the two values 1, 2, … reach away
+// from it together. All in all exactly one.
 std::vector<std::int16_t> gaussianTaps(double sigma, int reach) {
-  std::vector<double> weights(static_cast<std::size_t>(2 * reach + 1));
+  std::vector<double> weights(static_cast<std::size_t>(reach + 1));
   double total = 0;
-  for (int k = -reach; k <= reach; ++k) {
-    const double w = math::expNegative(-(static_cast<double>(k) * k) / (2 * sigma * sigma));
-    weights[static_cast<std::size_t>(k + reach)] = w;
+  for (int k = 0; k <= reach; ++k) {
+    double& w = weights[static_cast<std::size_t>(k)];
+    w = math::expNegative(-(static_cast<double>(k) * k) / (2 * sigma * sigma)) * (k == 0 ? 1 : 2);
     total += w;
   }
   std::vector<std::int16_t> taps(weights.size());
@@ -24,66 +25,76 @@ std::vector<std::int16_t> gaussianTaps(double sigma, int reach) {
     sum += taps[i];
   }
   // The rounding's remainder goes to the middle, where it weighs least.
-  auto& middle = taps[static_cast<std::size_t>(reach)];
-  middle = static_cast<std::int16_t>(middle + kOne - sum);
+  taps[0] = static_cast<std::int16_t>(taps[0] + kOne - sum);
   return taps;
 }
 
-// Filters rows of `mask` from `from` downwards into `out`, tap k reading row y + k − reach.
-Mask filteredDown(const Mask& mask, const std::vector<std::int16_t>& taps, int reach, int y0,
-                  int y1) {
-  Mask out({mask.bounds.x0, y0, mask.bounds.x1, y1});
-  const auto width = static_cast<std::size_t>(mask.bounds.width());
-  std::vector<const std::uint16_t*> rows;
-  std::vector<std::int16_t> used;
-  for (int y = y0; y < y1; ++y) {
-    rows.clear();
-    used.clear();
-    for (int k = -reach; k <= reach; ++k) {
-      if (y + k < mask.bounds.y0 || y + k >= mask.bounds.y1) continue;
-      rows.push_back(mask.row(y + k));
-      used.push_back(taps[static_cast<std::size_t>(k + reach)]);
-    }
-    kernels().filter(out.row(y), rows.data(), used.data(), rows.size(), width);
+// A Gaussian one row at a time: the mask's rows filtered downwards into a row with room on both
+// sides, and that one across.
+class RowFilter {
+ public:
+  /// Results for columns x0 to x1.
+  RowFilter(const Mask& mask, double sigma, double cut, int x0, int x1, const Kernels& kernels)
+      : mask_(mask),
+        kernels_(kernels),
+        reach_(static_cast<int>(std::floor(cut))),
+        taps_(gaussianTaps(sigma, reach_)),
+        outCount_(wholeBlocks(x1 - x0)),
+        maskCount_(wholeBlocks(mask.bounds.width())),
+        // The mask's left side, as far into the padded row as the results need.
+        from_(std::max(mask.bounds.x0, x0 - reach_)),
+        until_(std::min(mask.bounds.x1, x1 + reach_)),
+        offset_(from_ - (x0 - reach_)),
+        padded_(outCount_ + static_cast<std::size_t>(2 * reach_)),
+        down_(maskCount_),
+        out_(outCount_),
+        nothing_(maskCount_),
+        rows_(static_cast<std::size_t>(2 * reach_ + 1)),
+        shifted_(rows_.size()) {
+    for (std::size_t k = 0; k < shifted_.size(); ++k) shifted_[k] = padded_.data() + k;
   }
-  return out;
-}
 
-// Filters along each row: the same row, shifted tap by tap, over a border of zeros.
-Mask filteredAcross(const Mask& mask, const std::vector<std::int16_t>& taps, int reach, int x0,
-                    int x1) {
-  Mask out({x0, mask.bounds.y0, x1, mask.bounds.y1});
-  const auto width = static_cast<std::size_t>(x1 - x0);
-  std::vector<std::uint16_t> padded(width + static_cast<std::size_t>(2 * reach));
-  std::vector<const std::uint16_t*> shifted;
-  for (int k = 0; k <= 2 * reach; ++k) shifted.push_back(padded.data() + k);
-  const int from = std::max(mask.bounds.x0, x0 - reach);
-  const int until = std::min(mask.bounds.x1, x1 + reach);
-  if (from >= until) return out;
-  for (int y = mask.bounds.y0; y < mask.bounds.y1; ++y) {
-    std::copy_n(mask.row(y) + (from - mask.bounds.x0), until - from,
-                padded.begin() + (from - (x0 - reach)));
-    kernels().filter(out.row(y), shifted.data(), taps.data(), taps.size(), width);
-  }
-  return out;
-}
-
-Mask filtered(const Mask& mask, double sigma, double cut, const PixelRect& area) {
-  const int reach = static_cast<int>(std::floor(cut));
-  if (reach == 0) {
-    Mask copy(area);
-    const PixelRect common = intersection(mask.bounds, area);
-    for (int y = common.y0; y < common.y1; ++y) {
-      std::copy_n(mask.row(y) + (common.x0 - mask.bounds.x0), std::max(common.width(), 0),
-                  copy.row(y) + (common.x0 - area.x0));
+  const std::uint16_t* at(int y) {
+    const PixelRect& b = mask_.bounds;
+    if (from_ >= until_ || y + reach_ < b.y0 || y - reach_ >= b.y1) {
+      std::fill(out_.begin(), out_.end(), std::uint16_t{0});
+      return out_.data();
     }
-    return copy;
+    // Beyond the farthest row that there is, both sides are empty.
+    const int farthest = std::min(reach_, std::max(b.y1 - 1 - y, y - b.y0));
+    for (int k = -farthest; k <= farthest; ++k) {
+      const bool isInside = y + k >= b.y0 && y + k < b.y1;
+      rows_[static_cast<std::size_t>(k + farthest)] = isInside ? mask_.row(y + k) : nothing_.data();
+    }
+    kernels_.filter(down_.data(), rows_.data(), taps_.data(), static_cast<std::size_t>(farthest),
+                    maskCount_);
+    std::copy_n(down_.begin() + (from_ - b.x0), until_ - from_, padded_.begin() + offset_);
+    kernels_.filter(out_.data(), shifted_.data(), taps_.data(), static_cast<std::size_t>(reach_),
+                    outCount_);
+    return out_.data();
   }
-  const std::vector<std::int16_t> taps = gaussianTaps(sigma, reach);
-  // Down first: only the rows and columns that the result needs.
-  const Mask down = filteredDown(mask, taps, reach, area.y0, area.y1);
-  return filteredAcross(down, taps, reach, area.x0, area.x1);
-}
+
+ private:
+  static std::size_t wholeBlocks(int width) {
+    return static_cast<std::size_t>((width + kBlock - 1) / kBlock * kBlock);
+  }
+
+  const Mask& mask_;
+  const Kernels& kernels_;
+  int reach_;
+  std::vector<std::int16_t> taps_;
+  std::size_t outCount_;
+  std::size_t maskCount_;
+  int from_;
+  int until_;
+  int offset_;
+  std::vector<std::uint16_t> padded_;  // zero but for the mask's part
+  std::vector<std::uint16_t> down_;
+  std::vector<std::uint16_t> out_;
+  std::vector<std::uint16_t> nothing_;
+  std::vector<const std::uint16_t*> rows_;
+  std::vector<const std::uint16_t*> shifted_;
+};
 
 int floorHalf(int v) {
   return v >= 0 ? v / 2 : -((1 - v) / 2);
@@ -131,14 +142,26 @@ Mask doubled(const Mask& mask, const PixelRect& area) {
   return out;
 }
 
-Mask blurredInPlace(const Mask& mask, double sigma, double cut, const PixelRect& area) {
-  if (sigma < kDirectSigma) return filtered(mask, sigma, cut, area);
-  // Half the size, half the sigma, one more pixel on each side for the interpolation. Averaging
-  // four and interpolating add 1/4 + 3/4 square pixels of variance, which the filter leaves out.
+Mask blurredInPlace(const Mask& mask, double sigma, double cut, const PixelRect& area,
+                    const Kernels& kernels);
+
+// Half the size, half the sigma, one more pixel on each side for the interpolation. Averaging four
+// and interpolating add 1/4 + 3/4 square pixels of variance, which the filter leaves out.
+Mask blurredByHalves(const Mask& mask, double sigma, double cut, const PixelRect& area,
+                     const Kernels& kernels) {
   const PixelRect half{floorHalf(area.x0) - 1, floorHalf(area.y0) - 1, floorHalf(area.x1 + 1) + 1,
                        floorHalf(area.y1 + 1) + 1};
   const double remaining = std::sqrt(sigma * sigma - 1);
-  return doubled(blurredInPlace(halved(mask), remaining * 0.5, cut * 0.5, half), area);
+  return doubled(blurredInPlace(halved(mask), remaining * 0.5, cut * 0.5, half, kernels), area);
+}
+
+Mask blurredInPlace(const Mask& mask, double sigma, double cut, const PixelRect& area,
+                    const Kernels& kernels) {
+  if (sigma >= kDirectSigma) return blurredByHalves(mask, sigma, cut, area, kernels);
+  Mask out(area);
+  RowFilter filter(mask, sigma, cut, area.x0, area.x1, kernels);
+  for (int y = area.y0; y < area.y1; ++y) std::copy_n(filter.at(y), area.width(), out.row(y));
+  return out;
 }
 
 }  // namespace
@@ -147,12 +170,18 @@ int blurReach(double blurPixels) {
   return static_cast<int>(std::ceil(blurPixels));
 }
 
-Mask blurred(const Mask& mask, double blurPixels, int dx, int dy, const PixelRect& area) {
+void blurRows(const Mask& mask, double blurPixels, int dx, int dy, const PixelRect& area,
+              const Kernels& kernels, RowSink& sink) {
   const PixelRect source{area.x0 - dx, area.y0 - dy, area.x1 - dx, area.y1 - dy};
-  if (mask.bounds.isEmpty() || area.isEmpty()) return Mask(area);
-  Mask result = blurredInPlace(mask, blurPixels * 0.5, blurPixels, source);
-  result.bounds = area;
-  return result;
+  const double sigma = blurPixels * 0.5;
+  const CoverageSpan span{0, area.width(), CoverageSpan::kVaries};
+  if (sigma < kDirectSigma) {
+    RowFilter filter(mask, sigma, blurPixels, source.x0, source.x1, kernels);
+    for (int y = area.y0; y < area.y1; ++y) sink.row({y, {&span, 1}, filter.at(y - dy)});
+    return;
+  }
+  const Mask result = blurredByHalves(mask, sigma, blurPixels, source, kernels);
+  for (int y = area.y0; y < area.y1; ++y) sink.row({y, {&span, 1}, result.row(y - dy)});
 }
 
 }  // namespace glyphwright::raster

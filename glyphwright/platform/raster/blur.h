@@ -7,12 +7,14 @@ namespace glyphwright::raster {
 /// How far beyond a shape its shadow reaches, in whole pixels, for a blur radius in pixels.
 int blurReach(double blurPixels);
 
-/// The mask blurred by a Gaussian of sigma = blur / 2, cut off at `blur` pixels and normalised,
-/// moved by (dx, dy) whole pixels, inside `area`. Outside its bounds the mask counts as empty.
+/// Gives rows of the mask blurred by a Gaussian of sigma = blur / 2, cut off at `blur` pixels and
+/// normalised, moved by (dx, dy) whole pixels: every row of `area` to the sink, top to bottom.
+/// Outside its bounds the mask counts as empty; neither it nor the area may be.
 ///
 /// Small blurs filter the mask itself; from kDirectSigma on, the mask is halved until the sigma
 /// falls below it and the result is interpolated, which changes it by less than a level.
-Mask blurred(const Mask& mask, double blurPixels, int dx, int dy, const PixelRect& area);
+void blurRows(const Mask& mask, double blurPixels, int dx, int dy, const PixelRect& area,
+              const Kernels& kernels, RowSink& sink);
 
 inline constexpr double kDirectSigma = 16;
 

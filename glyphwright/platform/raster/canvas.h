@@ -10,23 +10,24 @@
 
 namespace glyphwright::raster {
 
-/// Coverage of an area, as 15-bit fractions, row by row.
+/// Coverage of an area, as 15-bit fractions, row by row. Moves only; the values of a new one are
+/// undefined.
 struct Mask {
   PixelRect bounds;
-  std::vector<std::uint16_t> values;
+  /// From row to row: whole blocks, with room beyond the row's end that holds nothing of use.
+  std::size_t stride;
+  std::unique_ptr<std::uint16_t[]> values;
 
   explicit Mask(const PixelRect& area)
       : bounds(area),
-        values(area.isEmpty() ? 0
-                              : static_cast<std::size_t>(area.width()) *
-                                    static_cast<std::size_t>(area.height())) {}
+        stride(area.isEmpty() ? 0 : cellStride(area.width())),
+        values(std::make_unique_for_overwrite<std::uint16_t[]>(
+            area.isEmpty() ? 0 : stride * static_cast<std::size_t>(area.height()))) {}
   std::uint16_t* row(int y) {
-    return values.data() +
-           static_cast<std::size_t>(y - bounds.y0) * static_cast<std::size_t>(bounds.width());
+    return values.get() + static_cast<std::size_t>(y - bounds.y0) * stride;
   }
   const std::uint16_t* row(int y) const {
-    return values.data() +
-           static_cast<std::size_t>(y - bounds.y0) * static_cast<std::size_t>(bounds.width());
+    return values.get() + static_cast<std::size_t>(y - bounds.y0) * stride;
   }
 };
 

@@ -136,10 +136,11 @@ struct Kernels {
   /// coverage := coverage × other, or × one fraction.
   void (*multiplyCoverage)(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count);
   void (*scaleCoverage)(std::uint16_t* coverage, int fraction, std::size_t count);
-  /// out[i] := sum of taps[k] × rows[k][i], for a vertical or (with shifted rows) horizontal
-  /// filter. Taps are fractions that sum to at most one.
+  /// One row of a symmetric filter over 2·reach + 1 rows: taps[0] weighs the middle row, taps[k]
+  /// the two rows k away from it together. Taps are fractions that sum to at most one; `count` is a
+  /// multiple of kBlock. Down a picture the rows are rows; along one, the same row shifted.
   void (*filter)(std::uint16_t* out, const std::uint16_t* const* rows, const std::int16_t* taps,
-                 std::size_t tapCount, std::size_t count);
+                 std::size_t reach, std::size_t count);
 };
 
 /// The fastest table for this machine.

@@ -491,21 +491,14 @@ void scaleCoverage(std::uint16_t* coverage, int fraction, std::size_t count) {
 }
 
 void filter(std::uint16_t* out, const std::uint16_t* const* rows, const std::int16_t* taps,
-            std::size_t tapCount, std::size_t count) {
-  std::size_t i = 0;
-  for (; i + kBlock <= count; i += kBlock) {
-    __m256i total = _mm256_setzero_si256();
-    for (std::size_t k = 0; k < tapCount; ++k) {
-      const __m256i part = _mm256_mulhrs_epi16(load(rows[k] + i), _mm256_set1_epi16(taps[k]));
-      total = _mm256_adds_epi16(total, part);
+            std::size_t reach, std::size_t count) {
+  for (std::size_t i = 0; i < count; i += kBlock) {
+    __m256i total = _mm256_mulhrs_epi16(load(rows[reach] + i), _mm256_set1_epi16(taps[0]));
+    for (std::size_t k = 1; k <= reach; ++k) {
+      const __m256i mean = _mm256_avg_epu16(load(rows[reach - k] + i), load(rows[reach + k] + i));
+      total = _mm256_adds_epi16(total, _mm256_mulhrs_epi16(mean, _mm256_set1_epi16(taps[k])));
     }
     store(out + i, total);
-  }
-  if (i == count) return;
-  for (; i < count; ++i) {
-    int total = 0;
-    for (std::size_t k = 0; k < tapCount; ++k) total += scaled(rows[k][i], taps[k]);
-    out[i] = static_cast<std::uint16_t>(total < kOne ? total : kOne);
   }
 }
 

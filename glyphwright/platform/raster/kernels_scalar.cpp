@@ -200,10 +200,13 @@ void scaleCoverage(std::uint16_t* coverage, int fraction, std::size_t count) {
 }
 
 void filter(std::uint16_t* out, const std::uint16_t* const* rows, const std::int16_t* taps,
-            std::size_t tapCount, std::size_t count) {
+            std::size_t reach, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
-    int total = 0;
-    for (std::size_t k = 0; k < tapCount; ++k) total += scaled(rows[k][i], taps[k]);
+    int total = scaled(rows[reach][i], taps[0]);
+    for (std::size_t k = 1; k <= reach; ++k) {
+      const int mean = (rows[reach - k][i] + rows[reach + k][i] + 1) >> 1;
+      total += scaled(mean, taps[k]);
+    }
     out[i] = static_cast<std::uint16_t>(std::min(total, kOne));
   }
 }

@@ -18,6 +18,6 @@ void strokePolygons(const CGPath& path, const std::vector<CGPoint>& points, doub
 
 /// The flattening tolerance of strokes, in pixels; the outside of a curve bends wider than its
 /// middle.
-inline constexpr double kStrokeTolerance = 0.02;
+inline constexpr double kStrokeTolerance = 0.03;
 
 }  // namespace glyphwright::raster

@@ -1,6 +1,5 @@
 // Images from attribute records, single and on a canvas.
 
-#include <cmath>
 #include <limits>
 #include <vector>
 
@@ -127,6 +126,20 @@ TEST(RecordImage, BorderIsReadAsAWholeNumber) {
     EXPECT_EQ(boxAround(square.makeImage(attributes), [](const Rgba& p) { return p == kRed; }),
               row.red)
         << row.width;
+  }
+}
+
+TEST(RecordImage, ABlurBelowZeroReadsAsZero) {
+  const ScreenScale scale(1);
+  const UIBezierPath square = UIBezierPath::bezierPathWithRect({0, 0, 10, 10});
+  IconAttributes attributes = flat({40, 40});
+  attributes.dropShadow = IconShadow(blue, {2, 2}, 0);
+  const UIImage sharp = square.makeImage(attributes);
+  EXPECT_EQ(boxAround(sharp, [](const Rgba& p) { return p == kRed; }), (Box{2, 2, 38, 38}));
+  EXPECT_EQ(at(sharp, 39, 20), kBlue);
+  for (const CGFloat blur : {-8.0, std::numeric_limits<CGFloat>::quiet_NaN()}) {
+    attributes.dropShadow->blur = blur;
+    expectSamePixels(square.makeImage(attributes), sharp);
   }
 }
 

@@ -107,7 +107,10 @@ TEST(InsetShadow, DarkensTheSidesThatTheOffsetPointsAwayFrom) {
 }
 
 TEST(InsetShadow, AgreesWithThePlainSteps) {
+  UIBezierPath filledTwice = UIBezierPath::bezierPathWithRect({2, 2, 36, 30});
+  filledTwice.appendPath(UIBezierPath::bezierPathWithRect({10, 10, 12, 12}));
   const UIBezierPath paths[] = {
+      filledTwice,
       UIBezierPath::bezierPathWithOvalInRect({5.3, 4.1, 30.7, 29.2}),
       UIBezierPath::heartPath(),
       UIBezierPath::gearPath(),

@@ -9,7 +9,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include <glyphwright/catalogue/resolve.h>
+
 #include "paint_text.h"
+#include "suggestions.h"
 #include "usage_error.h"
 
 namespace glyphwright::cli {
@@ -138,6 +141,46 @@ void addSheet(CLI::App& program, std::optional<Command>& command) {
   app->callback([&command, options] { command = *options; });
 }
 
+void addAnimate(CLI::App& program, std::optional<Command>& command) {
+  CLI::App* const app = program.add_subcommand(
+      "animate", "Render an animated picture of an icon: a gradient sweep, a stroke, a morph");
+  auto options = std::make_shared<AnimateOptions>();
+  const auto store = [options](auto AnimateOptions::*field) {
+    return [options, field](auto value) { (*options).*field = std::move(value); };
+  };
+  app->add_option("NAME", options->name, nameHelp)->required()->type_name("");
+  app->add_option("-o,--output", options->output,
+                  "output ending in .png (animated) or .gif, or a folder for a file a frame; - is "
+                  "PNG on standard output")
+      ->required()
+      ->type_name("FILE");
+  addParsed(*app, "--kind", "KIND", animationKindFrom, store(&AnimateOptions::kind),
+            "sweep (a gradient running through the icon, unless given), stroke (the outline being "
+            "drawn) or morph (the icon turning into another one and back)");
+  app->add_option("--to", options->to, "the other icon of a morph")->type_name("NAME");
+  app->add_option("--fps", options->framesPerSecond, "frames in a second, 20 unless given")
+      ->check(CLI::Range(0.1, 100.0))
+      ->type_name("N");
+  app->add_option("--duration", options->duration, "length in seconds, 2 unless given")
+      ->check(CLI::Range(0.01, 600.0))
+      ->type_name("S");
+  addParsed(*app, "--size", "W[xH]", sizeFrom, store(&AnimateOptions::size),
+            "size of the picture in points, 96 unless given; the icon fits into it");
+  addParsed(*app, "--scale", "S", scaleFrom, store(&AnimateOptions::scale),
+            "pixels per point, 1 unless given");
+  addParsed(*app, "--color", "C", colorFrom, store(&AnimateOptions::color),
+            "colour of a stroke or a morph, black unless given");
+  addParsed(*app, "--gradient", "C,C[,C...][:DIRECTION]", gradientFrom,
+            store(&AnimateOptions::gradient), "colours and direction of a sweep");
+  addParsed(*app, "--background", "C", colorFrom, store(&AnimateOptions::background),
+            "colour behind the icon");
+  app->footer(
+      "Example:\n  glyphwright animate heartPath -o heart.png --gradient "
+      "'#ff2d6b,#ff9e33:leftToRight'\n  glyphwright animate heartPath -o change.gif --kind morph "
+      "--to checkmarkPath --duration 3");
+  app->callback([&command, options] { command = *options; });
+}
+
 void addGallery(CLI::App& program, std::optional<Command>& command) {
   CLI::App* const app = program.add_subcommand(
       "gallery", "Write a page to browse all icons (index.html) and a contact sheet (sheet.png)");
@@ -146,6 +189,46 @@ void addGallery(CLI::App& program, std::optional<Command>& command) {
       ->required()
       ->type_name("DIR");
   app->callback([&command, options] { command = *options; });
+}
+
+void addPreset(CLI::App& program, std::optional<Command>& command) {
+  CLI::App* const app = program.add_subcommand(
+      "preset",
+      "Render ready-made images of several colours, such as PresetIcons.createLoopPlayIcon");
+  auto options = std::make_shared<PresetOptions>();
+  CLI::Option* const names =
+      app->add_option("NAME", options->names, "the images, by their dotted names; see --list")
+          ->type_name("");
+  app->add_flag("--all", options->all, "every ready-made image, in place of names")
+      ->excludes(names);
+  app->add_flag("--list", options->list, "show the names and what each takes");
+  app->add_option("-o,--output", options->output,
+                  "output ending in .png or .rgba; - is PNG on standard output; {name} and {scale} "
+                  "are replaced")
+      ->type_name("FILE");
+  addParsed(
+      *app, "--scale", "S", scaleFrom, [options](CGFloat scale) { options->scale = scale; },
+      "pixels per point, 1 unless given");
+  addParsed(
+      *app, "--size", "W[xH]", sizeFrom, [options](CGSize size) { options->size = size; },
+      "size of the image in points, for those that take one");
+  app->add_flag("--selected", options->selected, "the selected look (createSafebeamIcon)");
+  app->add_flag("--withBackground,--with-background", options->withBackground,
+                "on its disc (createSafebeamIcon)");
+  addParsed(
+      *app, "--backgroundColor,--background-color", "C", colorFrom,
+      [options](const UIColor& color) { options->backgroundColor = color; },
+      "colour of the ground (shareIcon), clear unless given");
+  app->callback([&command, options] {
+    if (!options->list) {
+      if (options->names.empty() && !options->all) {
+        throw UsageError("preset: give at least one image, --all or --list");
+      }
+      if (options->output.empty()) throw UsageError("preset: --output is required");
+      options->format = formatOf(options->output);
+    }
+    command = *options;
+  });
 }
 
 void addInspect(CLI::App& program, std::optional<Command>& command) {
@@ -165,12 +248,16 @@ void addInspect(CLI::App& program, std::optional<Command>& command) {
 /// Throws for a first word that is no command.
 void checkCommand(const CLI::App& program, const std::vector<std::string>& arguments) {
   if (arguments.empty() || arguments.front().starts_with('-')) return;
-  std::string known;
+  std::vector<std::string_view> known;
+  std::string all;
   for (const CLI::App* command : program.get_subcommands(nullptr)) {
     if (command->get_name() == arguments.front()) return;
-    known += (known.empty() ? "" : ", ") + command->get_name();
+    known.push_back(command->get_name());
+    all += (all.empty() ? "" : ", ") + command->get_name();
   }
-  throw UsageError("there is no command \"" + arguments.front() + "\"; the commands are " + known);
+  const std::string suggestion = didYouMean(nearestNames(arguments.front(), known, 1));
+  throw UsageError("there is no command \"" + arguments.front() + '"' +
+                   (suggestion.empty() ? "; the commands are " + all : suggestion));
 }
 
 /// Where to read on after a mistake: the help of the command in question.
@@ -193,7 +280,9 @@ std::variant<Command, HelpText> parseCommandLine(std::vector<std::string> argume
   addPath(program, command);
   addRender(program, command);
   addSheet(program, command);
+  addAnimate(program, command);
   addGallery(program, command);
+  addPreset(program, command);
   addInspect(program, command);
   checkCommand(program, arguments);
   try {

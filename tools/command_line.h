@@ -4,19 +4,21 @@
 #include <variant>
 #include <vector>
 
+#include "animate_command.h"
 #include "console.h"
 #include "gallery_command.h"
 #include "inspect_command.h"
 #include "list_command.h"
 #include "path_command.h"
+#include "preset_command.h"
 #include "render_command.h"
 #include "sheet_command.h"
 
 namespace glyphwright::cli {
 
 /// What the user asked for.
-using Command = std::variant<ListOptions, PathOptions, RenderOptions, SheetOptions, GalleryOptions,
-                             InspectOptions>;
+using Command = std::variant<ListOptions, PathOptions, RenderOptions, SheetOptions, AnimateOptions,
+                             GalleryOptions, PresetOptions, InspectOptions>;
 
 /// A text asked for with --help or --version.
 struct HelpText {

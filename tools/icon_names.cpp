@@ -6,12 +6,11 @@
 #include <glyphwright/catalogue/icon_type.h>
 #include <glyphwright/paths/method_names.h>
 
+#include "suggestions.h"
 #include "usage_error.h"
 
 namespace glyphwright::cli {
 namespace {
-
-constexpr std::size_t suggestionCount = 3;
 
 bool isNumber(std::string_view text) {
   if (text.starts_with('-')) text.remove_prefix(1);
@@ -23,15 +22,9 @@ std::string unknownName(const std::string& name) {
     return "no icon has the number " + name + ": integer types run from 0 to " +
            std::to_string(iconTypes.size() - 1);
   }
-  std::string message = "no icon is called \"" + name + "\"";
-  const std::vector<std::string> near = nearestNames(name, suggestionCount);
-  if (near.empty()) return message + "; `glyphwright list` shows all names";
-  message += "; did you mean ";
-  for (std::size_t i = 0; i < near.size(); ++i) {
-    if (i > 0) message += i + 1 == near.size() ? " or " : ", ";
-    message += near[i];
-  }
-  return message + "?";
+  const std::string suggestion = didYouMean(nearestNames(name, suggestionCount));
+  return "no icon is called \"" + name + '"' +
+         (suggestion.empty() ? "; `glyphwright list` shows all names" : suggestion);
 }
 
 }  // namespace

@@ -39,10 +39,10 @@ class Progress {
 
   /// Says that one more step begins.
   void step();
-
- private:
+  /// Takes the line away, so that a message can stand in its place.
   void clear();
 
+ private:
   Console& console_;
   std::string doing_;
   std::size_t steps_;

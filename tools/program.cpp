@@ -16,7 +16,9 @@ struct Runner {
   int operator()(const PathOptions& options) const { return runPath(options, console); }
   int operator()(const RenderOptions& options) const { return runRender(options, console); }
   int operator()(const SheetOptions& options) const { return runSheet(options, console); }
+  int operator()(const AnimateOptions& options) const { return runAnimate(options, console); }
   int operator()(const GalleryOptions& options) const { return runGallery(options, console); }
+  int operator()(const PresetOptions& options) const { return runPreset(options, console); }
   int operator()(const InspectOptions& options) const {
     return runInspectCommand(options, console);
   }

@@ -9,9 +9,9 @@
 #include <glyphwright/platform/vantel_kit.h>
 
 #include "icon_names.h"
+#include "image_output.h"
 #include "numbers.h"
 #include "path_text.h"
-#include "png.h"
 #include "usage_error.h"
 
 namespace glyphwright::cli {
@@ -81,11 +81,11 @@ std::string svgDocument(const UIBezierPath& path, const IconAttributes& attribut
   return svgElement(path, style) + '\n';
 }
 
-bool isEmptyPicture(std::span<const std::uint8_t> rgba) {
-  return std::ranges::all_of(rgba, [](std::uint8_t byte) { return byte == 0; });
+bool isEmptyPicture(const UIImage& image) {
+  return std::ranges::all_of(image.cgImage().rgba(), [](std::uint8_t byte) { return byte == 0; });
 }
 
-void render(const Job& job, const RenderOptions& options, Console& console) {
+void render(const Job& job, const RenderOptions& options, Console& console, Progress& progress) {
   if (job.icon->icon.builder == nullptr) {
     throw std::runtime_error(job.icon->name + " has no drawing");
   }
@@ -97,20 +97,12 @@ void render(const Job& job, const RenderOptions& options, Console& console) {
   }
   VantelKit::Screen::setScale(job.scale);
   const UIImage image = path.makeImage(attributes);
-  if (!image.hasPixels()) {
-    throw std::runtime_error(job.icon->name + " cannot be drawn at this size");
-  }
-  const CGImage& pixels = image.cgImage();
-  if (isBareStrokes(path.cgPath()) && isEmptyPicture(pixels.rgba())) {
+  if (image.hasPixels() && isBareStrokes(path.cgPath()) && isEmptyPicture(image)) {
+    progress.clear();
     console.err << "glyphwright: " << job.icon->name
                 << " is drawn with strokes alone: without --stroke its image is empty\n";
   }
-  if (options.format == OutputFormat::rgba) {
-    writeOutput(job.file, pixels.rgba(), console);
-  } else {
-    writeOutput(job.file, encodePng(pixels.pixelWidth(), pixels.pixelHeight(), pixels.rgba()),
-                console);
-  }
+  writeImage(image, job.icon->name, job.file, options.format, console);
 }
 
 void checkFormat(const RenderOptions& options, std::size_t jobCount, const Console& console) {
@@ -118,11 +110,10 @@ void checkFormat(const RenderOptions& options, std::size_t jobCount, const Conso
     throw UsageError("an SVG holds the outline with its fill and stroke; " +
                      options.paint.pixelOptions.front() + " cannot go into it");
   }
-  if (options.output != "-") return;
-  if (jobCount > 1) throw UsageError("only one image can go to standard output");
-  if (console.outIsTerminal && options.format != OutputFormat::svg) {
-    throw UsageError("standard output is a terminal: send the image to a file or a pipe");
+  if (options.output == "-" && jobCount > 1) {
+    throw UsageError("only one image can go to standard output");
   }
+  refuseTerminal(options.output, options.format, console);
 }
 
 }  // namespace
@@ -143,8 +134,9 @@ int runRender(const RenderOptions& options, Console& console) {
   for (const Job& job : jobs) {
     progress.step();
     try {
-      render(job, options, console);
+      render(job, options, console, progress);
     } catch (const std::runtime_error& error) {
+      progress.clear();
       console.err << "glyphwright: " << error.what() << '\n';
       status = statusFailed;
     }

@@ -10,6 +10,7 @@
 #include <glyphwright/platform/vantel_kit.h>
 
 #include "icon_names.h"
+#include "image_output.h"
 #include "label_font.h"
 #include "path_text.h"
 #include "pixel_sheet.h"
@@ -130,9 +131,7 @@ SheetOptions::SheetOptions() {
 
 int runSheet(const SheetOptions& options, Console& console) {
   if (formatOf(options.output) != OutputFormat::png) throw UsageError("a sheet is a .png file");
-  if (options.output == "-" && console.outIsTerminal) {
-    throw UsageError("standard output is a terminal: send the image to a file or a pipe");
-  }
+  refuseTerminal(options.output, OutputFormat::png, console);
   const std::vector<NamedIcon> icons =
       options.names.empty() ? allIcons() : iconsNamed(options.names);
   const Layout layout = layoutFor(options, icons);

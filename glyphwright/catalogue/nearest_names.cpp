@@ -191,4 +191,11 @@ std::vector<std::string> nearestNames(std::string_view text, std::size_t count) 
   return std::move(suggestions).best(count);
 }
 
+std::vector<std::string> nearestNames(std::string_view text,
+                                      std::span<const std::string_view> among, std::size_t count) {
+  Suggestions suggestions(text);
+  for (const std::string_view name : among) suggestions.consider(std::string(name), name);
+  return std::move(suggestions).best(count);
+}
+
 }  // namespace glyphwright

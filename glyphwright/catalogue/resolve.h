@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,5 +29,8 @@ std::optional<ResolvedIcon> resolveIcon(std::string_view text);
 /// letters changed, and names made of the same words ("flip camera" finds "cameraFlipIconPath").
 /// Each drawing is named once, in the form that fits the text best. Empty when nothing comes near.
 std::vector<std::string> nearestNames(std::string_view text, std::size_t count);
+/// The same among other names, such as the commands of a program.
+std::vector<std::string> nearestNames(std::string_view text,
+                                      std::span<const std::string_view> among, std::size_t count);
 
 }  // namespace glyphwright

@@ -20,7 +20,10 @@ CGFloat arcSweep(CGFloat start, CGFloat end, bool clockwise) {
   if (std::fabs(sweep) > kFullTurn) {
     // Several turns in the asked direction draw as one; against it, the remainder counts.
     if ((sweep > 0) == clockwise) return clockwise ? kFullTurn : -kFullTurn;
-    sweep = std::fmod(sweep, kFullTurn);
+    // Angles near the end of the number range are too far apart for their difference.
+    sweep = std::isfinite(sweep)
+                ? std::fmod(sweep, kFullTurn)
+                : std::fmod(std::fmod(end, kFullTurn) - std::fmod(start, kFullTurn), kFullTurn);
   }
   if (clockwise && sweep < 0) sweep += kFullTurn;
   if (!clockwise && sweep > 0) sweep -= kFullTurn;

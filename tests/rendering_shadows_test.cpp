@@ -68,11 +68,11 @@ TEST(DropShadow, NoShadowNoChange) {
 TEST(DropShadow, FallsBesideTheImageInItsOwnSize) {
   const ScreenScale scale(2);
   const UIImage image =
-      UIBezierPath().imageWithDropShadow(shadowOf({15, -5}, 0, UIColor(0, 0, 1, 0.5)), redSquare());
+      UIBezierPath().imageWithDropShadow(shadowOf({15, -5}, 0, UIColor(0, 0, 1, 0.6)), redSquare());
   EXPECT_EQ(image.size(), (CGSize{40, 40}));
   EXPECT_EQ(paintedBox(image), (Box{20, 10, 80, 60})) << "what falls outside is cut off";
   EXPECT_EQ(at(image, 40, 30), kRed);
-  EXPECT_EQ(at(image, 70, 12), (Rgba{0, 0, 128, 128}));
+  EXPECT_EQ(at(image, 70, 12), (Rgba{0, 0, 153, 153}));
 }
 
 TEST(DropShadow, RedrawsAtTheScreenScale) {

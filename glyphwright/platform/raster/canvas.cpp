@@ -20,6 +20,15 @@ SolidColor solidColor(double red, double green, double blue, double alpha) {
   return color;
 }
 
+SolidColor solidColor(std::uint32_t pixel) {
+  std::uint8_t bytes[4];
+  std::memcpy(bytes, &pixel, sizeof(bytes));
+  SolidColor color;
+  for (int c = 0; c < 4; ++c) color.channels[c] = static_cast<std::int16_t>(bytes[c] << 6);
+  color.alpha = static_cast<std::int16_t>((bytes[3] << 7) + (bytes[3] >> 1));
+  return color;
+}
+
 void fillPixels(std::uint8_t* rgba, std::size_t count, const SolidColor& color) {
   std::uint8_t pixel[4];
   for (int c = 0; c < 4; ++c) pixel[c] = toByte(color.channels[c]);
@@ -115,7 +124,9 @@ void Canvas::Painter::row(const CoverageRow& row) {
 }
 
 bool Canvas::Painter::cells(int y, const CellRows& rows) {
-  if (clip_ != nullptr || paint_.source != nullptr) return false;
+  const bool byRow = paint_.source != nullptr && paint_.sourceAlpha == kOne &&
+                     paint_.source->rowColor(y).has_value();
+  if (clip_ != nullptr || (paint_.source != nullptr && !byRow)) return false;
   std::uint8_t* line = canvas_.rowAt(y);
   if (laysGround_ && !(writes_ && rows.width * 4 == canvas_.rowBytes_)) {
     for (std::size_t row = 0; row < rows.rows; ++row) {
@@ -123,12 +134,26 @@ bool Canvas::Painter::cells(int y, const CellRows& rows) {
     }
   }
   std::uint8_t* rgba = line + static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0) * 4;
-  if (writes_) {
-    scratch_.kernels->writeCells(rgba, canvas_.rowBytes_, rows, paint_.color);
-  } else {
-    scratch_.kernels->blendCells(rgba, canvas_.rowBytes_, rows, paint_.color);
+  if (!byRow) {
+    paintCells(rgba, rows, paint_.color);
+    return true;
+  }
+  CellRows one = rows;
+  one.rows = 1;
+  for (std::size_t row = 0; row < rows.rows; ++row) {
+    const std::optional<SolidColor> color = paint_.source->rowColor(y + static_cast<int>(row));
+    paintCells(rgba, one, color.value_or(SolidColor{}));
+    rgba += canvas_.rowBytes_;
+    one.cells += one.stride;
+    if (one.touched != nullptr) one.touched += one.stride / kBlock;
   }
   return true;
+}
+
+void Canvas::Painter::paintCells(std::uint8_t* rgba, const CellRows& rows,
+                                 const SolidColor& color) const {
+  const auto paint = writes_ ? scratch_.kernels->writeCells : scratch_.kernels->blendCells;
+  paint(rgba, canvas_.rowBytes_, rows, color);
 }
 
 void Canvas::Painter::span(std::uint8_t* rgba, const CoverageSpan& s, const std::uint16_t* coverage,

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -36,6 +37,11 @@ class PixelSource {
  public:
   /// Fills `rgba` with the pixels from (x, y) to (x + count, y).
   virtual void pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const = 0;
+  /// The one colour of all pixels of row `y`, where the source knows that there is one.
+  virtual std::optional<SolidColor> rowColor(int y) const {
+    static_cast<void>(y);
+    return std::nullopt;
+  }
 
  protected:
   ~PixelSource() = default;
@@ -76,6 +82,7 @@ class Canvas {
 
    private:
     void layRowGround(std::uint8_t* line) const;
+    void paintCells(std::uint8_t* rgba, const CellRows& rows, const SolidColor& color) const;
     void span(std::uint8_t* rgba, const CoverageSpan& span, const std::uint16_t* coverage, int y);
     void solid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count);
 
@@ -112,6 +119,9 @@ class Canvas {
 
 /// Sets `count` pixels to one premultiplied colour.
 void fillPixels(std::uint8_t* rgba, std::size_t count, const SolidColor& color);
+
+/// The colour of a premultiplied pixel, four bytes in memory order.
+SolidColor solidColor(std::uint32_t pixel);
 
 /// A premultiplied colour from components (clamped to 0…1) times an alpha.
 SolidColor solidColor(double red, double green, double blue, double alpha);

@@ -37,26 +37,42 @@ double stretch(const CGAffineTransform& t) {
 }  // namespace
 
 GradientRamp::GradientRamp(const CGGradient& gradient, double devicePixels)
-    : first_(packed(gradient.stops().front().color)), last_(packed(gradient.stops().back().color)) {
-  const std::span<const CGGradient::Stop> stops = gradient.stops();
+    : stops_(gradient.stops()),
+      first_(packed(stops_.front().color)),
+      last_(packed(stops_.back().color)) {
   const double wanted = devicePixels * 2;
-  const std::size_t size = wanted > 32 ? static_cast<std::size_t>(std::min(wanted, 4096.0)) : 32;
-  entries_.resize(size);
-  std::size_t next = 0;  // the first stop that lies beyond the entry
-  for (std::size_t i = 0; i < size; ++i) {
-    const double t = (static_cast<double>(i) + 0.5) / static_cast<double>(size);
-    while (next < stops.size() && stops[next].location <= t) ++next;
-    if (next == 0) {
-      entries_[i] = packed(stops.front().color);
-    } else if (next == stops.size()) {
-      entries_[i] = packed(stops.back().color);
-    } else {
-      const CGGradient::Stop& a = stops[next - 1];
-      const CGGradient::Stop& b = stops[next];
-      const double part = (t - a.location) / (b.location - a.location);
-      entries_[i] = packed(mixed(a.color, b.color, part));
-    }
+  size_ = wanted > 32 ? static_cast<std::uint32_t>(std::min(wanted, 4096.0)) : 32;
+}
+
+// The first stop that lies beyond the entry, looked for from `from` on.
+std::size_t GradientRamp::stopBeyond(std::size_t index, std::size_t from) const {
+  while (from < stops_.size() && stops_[from].location <= place(index)) ++from;
+  return from;
+}
+
+std::uint32_t GradientRamp::entry(std::size_t index, std::size_t next) const {
+  if (next == 0) return first_;
+  if (next == stops_.size()) return last_;
+  const CGGradient::Stop& a = stops_[next - 1];
+  const CGGradient::Stop& b = stops_[next];
+  const double part = (place(index) - a.location) / (b.location - a.location);
+  return packed(mixed(a.color, b.color, part));
+}
+
+void GradientRamp::fill() {
+  entries_.resize(size_);
+  std::size_t next = 0;
+  for (std::size_t i = 0; i < size_; ++i) {
+    next = stopBeyond(i, next);
+    entries_[i] = entry(i, next);
   }
+}
+
+std::uint32_t GradientRamp::entryAt(double location) const {
+  if (!(location >= 0)) return first_;
+  if (location >= static_cast<double>(size_)) return last_;
+  const auto index = static_cast<std::size_t>(location);
+  return entry(index, stopBeyond(index, 0));
 }
 
 LinearGradientSource::LinearGradientSource(const CGGradient& gradient, CGPoint start, CGPoint end,
@@ -79,15 +95,21 @@ LinearGradientSource::LinearGradientSource(const CGGradient& gradient, CGPoint s
   const CGPoint corner = CGPointApplyAffineTransform({0.5, 0.5}, inverse);
   base_ = ((corner.x - start.x) * dx + (corner.y - start.y) * dy) * perUnit;
   drawable_ = std::isfinite(base_) && std::isfinite(perColumn_) && std::isfinite(perRow_);
+  if (perColumn_ != 0) ramp_.fill();
+}
+
+std::optional<SolidColor> LinearGradientSource::rowColor(int y) const {
+  if (perColumn_ != 0) return std::nullopt;
+  const double entry = base_ + perRow_ * y;
+  return isOutside(entry) ? SolidColor{} : solidColor(ramp_.entryAt(entry));
 }
 
 void LinearGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const {
   const double first = base_ + perColumn_ * x + perRow_ * y;
-  const auto limit = static_cast<double>(ramp_.size());
   for (std::size_t i = 0; i < count; ++i) {
     const double entry = first + perColumn_ * static_cast<double>(i);
-    std::uint32_t word = ramp_.at(entry);
-    if ((entry < 0 && !before_) || (entry > limit && !after_)) word = 0;
+    std::uint32_t word = perColumn_ == 0 ? ramp_.entryAt(entry) : ramp_.at(entry);
+    if (isOutside(entry)) word = 0;
     std::memcpy(rgba + i * 4, &word, sizeof(word));
   }
 }
@@ -102,6 +124,7 @@ RadialGradientSource::RadialGradientSource(const CGGradient& gradient, CGPoint c
                               CGAffineTransformMakeTranslation(-center.x, -center.y)),
       CGAffineTransformMakeScale(scale, scale));
   drawable_ = std::isfinite(toUnit_.tx) && std::isfinite(toUnit_.ty);
+  ramp_.fill();
 }
 
 void RadialGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const {
@@ -120,6 +143,7 @@ ConicGradientSource::ConicGradientSource(const CGGradient& gradient, CGPoint cen
   toCentered_ = CGAffineTransformConcat(CGAffineTransformInvert(toDevice),
                                         CGAffineTransformMakeTranslation(-center.x, -center.y));
   drawable_ = std::isfinite(toCentered_.tx) && std::isfinite(toCentered_.ty);
+  ramp_.fill();
 }
 
 void ConicGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const {

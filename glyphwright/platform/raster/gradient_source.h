@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <span>
 #include <vector>
 
 #include <glyphwright/platform/geometry.h>
@@ -9,28 +11,39 @@
 
 namespace glyphwright::raster {
 
-/// The colours of a gradient at evenly spaced places, premultiplied and rounded once.
+/// The colours of a gradient at evenly spaced places, premultiplied and rounded once. It refers to
+/// the gradient.
 class GradientRamp {
  public:
   /// `devicePixels` is the gradient's length on the device; the ramp is twice as fine, within
   /// 32…4096 entries, so that a hard edge lies within a quarter pixel.
   GradientRamp(const CGGradient& gradient, double devicePixels);
 
-  std::uint32_t size() const { return static_cast<std::uint32_t>(entries_.size()); }
+  /// Works out all entries, for at(); entryAt() needs none.
+  void fill();
+  std::uint32_t size() const { return size_; }
   /// The entry of a location in units of entries; beyond the ends, exactly the first and the last
-  /// colour. NaN gives the first.
-  std::uint32_t at(double entry) const {
-    if (!(entry >= 0)) return first_;
-    return entry >= static_cast<double>(entries_.size())
-               ? last_
-               : entries_[static_cast<std::size_t>(entry)];
+  /// colour. NaN gives the first. Four bytes in memory order.
+  std::uint32_t at(double location) const {
+    if (!(location >= 0)) return first_;
+    return location >= static_cast<double>(size_) ? last_
+                                                  : entries_[static_cast<std::size_t>(location)];
   }
-  const std::uint32_t* data() const { return entries_.data(); }
+  /// The same, worked out on the spot.
+  std::uint32_t entryAt(double location) const;
 
  private:
-  std::vector<std::uint32_t> entries_;  // four bytes each, in memory order
+  std::uint32_t entry(std::size_t index, std::size_t next) const;
+  std::size_t stopBeyond(std::size_t index, std::size_t from) const;
+  double place(std::size_t index) const {
+    return (static_cast<double>(index) + 0.5) / static_cast<double>(size_);
+  }
+
+  std::span<const CGGradient::Stop> stops_;
+  std::uint32_t size_;
   std::uint32_t first_;
   std::uint32_t last_;
+  std::vector<std::uint32_t> entries_;
 };
 
 /// Bands across a line; `start` and `end` in user space, which `toDevice` maps to pixels.
@@ -41,8 +54,14 @@ class LinearGradientSource final : public PixelSource {
   /// False when the points or the transform give no direction; then nothing is to be painted.
   bool isDrawable() const { return drawable_; }
   void pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const override;
+  /// A gradient that runs straight down has rows of one colour.
+  std::optional<SolidColor> rowColor(int y) const override;
 
  private:
+  bool isOutside(double entry) const {
+    return (entry < 0 && !before_) || (entry > static_cast<double>(ramp_.size()) && !after_);
+  }
+
   GradientRamp ramp_;
   bool drawable_ = false;
   bool before_ = false;

@@ -1,0 +1,23 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+#include <string>
+
+namespace {
+
+std::string contentsOf(const std::string& path) {
+  std::ifstream file(std::string(GLYPHWRIGHT_SOURCE_DIR) + "/" + path);
+  std::ostringstream text;
+  text << file.rdbuf();
+  return text.str();
+}
+
+// What newcomers copy is what the examples compile.
+TEST(Readme, ShowsTheFirstExampleAsItStands) {
+  const std::string example = contentsOf("examples/first_icon.cpp");
+  ASSERT_FALSE(example.empty());
+  EXPECT_NE(contentsOf("README.md").find("```cpp\n" + example + "```\n"), std::string::npos);
+}
+
+}  // namespace

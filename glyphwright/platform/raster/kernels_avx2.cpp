@@ -266,7 +266,7 @@ void blendPixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t 
 
 template <FillRule rule, typename Painter>
 void paintRow(std::int16_t* cells, const std::uint8_t* touched, std::size_t stride,
-              std::size_t width, const Painter& painter, std::uint8_t* rgba) {
+              std::size_t width, const RowEnd& end, const Painter& painter, std::uint8_t* rgba) {
   const __m256i zero = _mm256_setzero_si256();
   const std::size_t whole = width / kBlock;
   __m256i running = zero;
@@ -287,7 +287,7 @@ void paintRow(std::int16_t* cells, const std::uint8_t* touched, std::size_t stri
   }
   if (width % kBlock != 0) {
     const __m256i sums = _mm256_add_epi16(prefixSum(load(cells + block * kBlock)), running);
-    painter.paint(RowEnd(width % kBlock), rgba + block * kBlock * 4, foldWinding<rule>(sums));
+    painter.paint(end, rgba + block * kBlock * 4, foldWinding<rule>(sums));
   }
   for (std::size_t x = block * kBlock; x < stride; x += kBlock) store(cells + x, zero);
 }
@@ -296,12 +296,13 @@ template <typename Painter>
 void paintCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                 const Painter& painter) {
   const std::uint8_t* touched = rows.touched;
+  const RowEnd end(rows.width % kBlock);
   for (std::size_t row = 0; row < rows.rows; ++row) {
     std::int16_t* cells = rows.cells + row * rows.stride;
     if (rows.rule == FillRule::nonZero) {
-      paintRow<FillRule::nonZero>(cells, touched, rows.stride, rows.width, painter, rgba);
+      paintRow<FillRule::nonZero>(cells, touched, rows.stride, rows.width, end, painter, rgba);
     } else {
-      paintRow<FillRule::evenOdd>(cells, touched, rows.stride, rows.width, painter, rgba);
+      paintRow<FillRule::evenOdd>(cells, touched, rows.stride, rows.width, end, painter, rgba);
     }
     rgba += rowBytes;
     if (touched != nullptr) touched += rows.stride / kBlock;
@@ -392,6 +393,62 @@ void sampleCurve(Curve& curve) {
   }
 }
 
+// What cutting needs to know of eight edges, each running down.
+struct EdgeGroup {
+  explicit EdgeGroup(const EdgeRows& rows) {
+    const std::size_t left = rows.count - rows.next;
+    const Edge* edges = rows.edges + rows.next;
+    Edge rest[8];
+    if (left < 8) {
+      for (std::size_t i = 0; i < 8; ++i) rest[i] = edges[i < left ? i : 0];
+      edges = rest;
+    }
+    count = left < 8 ? left : 8;
+    // Edges i and i + 4 in one register; then all x0, all x1, all y0, all y1.
+    const auto pair = [&](int i) { return _mm256_loadu2_m128(&edges[i + 4].x0, &edges[i].x0); };
+    const __m256 x01 = _mm256_unpacklo_ps(pair(0), pair(1));
+    const __m256 y01 = _mm256_unpackhi_ps(pair(0), pair(1));
+    const __m256 x23 = _mm256_unpacklo_ps(pair(2), pair(3));
+    const __m256 y23 = _mm256_unpackhi_ps(pair(2), pair(3));
+    const __m256 xFrom = _mm256_shuffle_ps(x01, x23, _MM_SHUFFLE(1, 0, 1, 0));
+    const __m256 xTo = _mm256_shuffle_ps(x01, x23, _MM_SHUFFLE(3, 2, 3, 2));
+    const __m256i top = _mm256_set1_epi32(rows.top);
+    const auto units = [&](__m256 v) { return _mm256_sub_epi32(_mm256_castps_si256(v), top); };
+    const __m256i yFrom = units(_mm256_shuffle_ps(y01, y23, _MM_SHUFFLE(1, 0, 1, 0)));
+    const __m256i yTo = units(_mm256_shuffle_ps(y01, y23, _MM_SHUFFLE(3, 2, 3, 2)));
+    const __m256i rises = _mm256_cmpgt_epi32(yFrom, yTo);
+    const __m256 upper = _mm256_blendv_ps(xFrom, xTo, _mm256_castsi256_ps(rises));
+    const __m256 lower = _mm256_blendv_ps(xTo, xFrom, _mm256_castsi256_ps(rises));
+    const __m256i yUpper = _mm256_min_epi32(yFrom, yTo);
+    const __m256i yLower = _mm256_max_epi32(yFrom, yTo);
+    const __m256 height = _mm256_cvtepi32_ps(_mm256_sub_epi32(yLower, yUpper));
+    _mm256_storeu_ps(x0, upper);
+    _mm256_storeu_ps(x1, lower);
+    _mm256_storeu_ps(slope, _mm256_div_ps(_mm256_sub_ps(lower, upper), height));
+    store(y0, yUpper);
+    store(y1, yLower);
+    store(sign, _mm256_or_si256(rises, _mm256_set1_epi32(1)));
+    const __m256i one = _mm256_set1_epi32(1);
+    store(first, _mm256_max_epi32(_mm256_srai_epi32(yUpper, kUnitShift), _mm256_setzero_si256()));
+    store(last, _mm256_min_epi32(_mm256_srai_epi32(_mm256_sub_epi32(yLower, one), kUnitShift),
+                                 _mm256_set1_epi32(rows.rows - 1)));
+  }
+
+  std::size_t count;
+  float x0[8];
+  float x1[8];
+  float slope[8];
+  std::int32_t y0[8];
+  std::int32_t y1[8];
+  std::int32_t sign[8];
+  std::int32_t first[8];  // row
+  std::int32_t last[8];
+};
+
+__m256i everyLane(const std::int32_t& value) {
+  return _mm256_set1_epi32(value);
+}
+
 // Eight rows at a time: most edges of small shapes end within them, so there is no loop whose end
 // the processor could guess wrong. Pieces beyond the edge's end are overwritten by the next edge.
 void cutEdges(EdgeRows& rows, Pieces& p) {
@@ -399,42 +456,40 @@ void cutEdges(EdgeRows& rows, Pieces& p) {
   const __m256i strides = _mm256_mullo_epi32(steps, _mm256_set1_epi32(rows.stride));
   const __m256i depths = _mm256_slli_epi32(steps, kUnitShift);
   std::size_t count = 0;
-  for (; rows.next < rows.count; ++rows.next, rows.nextRow = 0) {
-    const Edge& edge = rows.edges[rows.next];
-    const bool down = edge.y0 < edge.y1;
-    const float x0 = down ? edge.x0 : edge.x1;
-    const float x1 = down ? edge.x1 : edge.x0;
-    const int y0 = (down ? edge.y0 : edge.y1) - rows.top;
-    const int y1 = (down ? edge.y1 : edge.y0) - rows.top;
-    const float slope = (x1 - x0) / static_cast<float>(y1 - y0);
-    const int from = y0 >> kUnitShift;
-    const int first = from > rows.nextRow ? from : rows.nextRow;  // nextRow is never below 0
-    const int end = (y1 - 1) >> kUnitShift;
-    const int last = end < rows.rows ? end : rows.rows - 1;
-    const __m256i upper = _mm256_set1_epi32(y0);
-    const __m256i lower = _mm256_set1_epi32(y1);
-    const __m256i sign = _mm256_set1_epi32(down ? 1 : -1);
-    const auto xAt = [&](__m256i y) {
-      const __m256 depth = _mm256_cvtepi32_ps(_mm256_sub_epi32(y, upper));
-      return _mm256_add_ps(_mm256_set1_ps(x0), _mm256_mul_ps(depth, _mm256_set1_ps(slope)));
-    };
-    for (int row = first; row <= last; row += 8) {
-      if (count + 8 > Pieces::kCapacity) {
-        rows.nextRow = row;
-        p.count = count;
-        return;
+  while (rows.next < rows.count) {
+    const EdgeGroup group(rows);
+    for (std::size_t e = 0; e < group.count; ++e, ++rows.next, rows.nextRow = 0) {
+      const __m256 x0 = _mm256_broadcast_ss(group.x0 + e);
+      const __m256 x1 = _mm256_broadcast_ss(group.x1 + e);
+      const __m256 slope = _mm256_broadcast_ss(group.slope + e);
+      const __m256i upper = everyLane(group.y0[e]);
+      const __m256i lower = everyLane(group.y1[e]);
+      const __m256i sign = everyLane(group.sign[e]);
+      const auto xAt = [&](__m256i y) {
+        const __m256 depth = _mm256_cvtepi32_ps(_mm256_sub_epi32(y, upper));
+        return _mm256_add_ps(x0, _mm256_mul_ps(depth, slope));
+      };
+      const int last = group.last[e];
+      int row = group.first[e];
+      if (row < rows.nextRow) row = rows.nextRow;
+      for (; row <= last; row += 8) {
+        if (count + 8 > Pieces::kCapacity) {
+          rows.nextRow = row;
+          p.count = count;
+          return;
+        }
+        const __m256i rowTop = _mm256_add_epi32(_mm256_set1_epi32(row << kUnitShift), depths);
+        const __m256i rowEnd = _mm256_add_epi32(rowTop, _mm256_set1_epi32(kUnitsPerPixel));
+        const __m256i top = _mm256_max_epi32(rowTop, upper);
+        const __m256i bottom = _mm256_min_epi32(rowEnd, lower);
+        const __m256 isEnd = _mm256_castsi256_ps(_mm256_cmpeq_epi32(bottom, lower));
+        _mm256_storeu_ps(p.xa + count, xAt(top));
+        _mm256_storeu_ps(p.xb + count, _mm256_blendv_ps(xAt(bottom), x1, isEnd));
+        store(p.cover + count, _mm256_sign_epi32(_mm256_sub_epi32(bottom, top), sign));
+        store(p.cell + count, _mm256_add_epi32(_mm256_set1_epi32(row * rows.stride), strides));
+        const int left = last - row + 1;
+        count += static_cast<std::size_t>(left < 8 ? left : 8);
       }
-      const __m256i rowTop = _mm256_add_epi32(_mm256_set1_epi32(row << kUnitShift), depths);
-      const __m256i rowEnd = _mm256_add_epi32(rowTop, _mm256_set1_epi32(kUnitsPerPixel));
-      const __m256i top = _mm256_max_epi32(rowTop, upper);
-      const __m256i bottom = _mm256_min_epi32(rowEnd, lower);
-      const __m256 isEnd = _mm256_castsi256_ps(_mm256_cmpeq_epi32(bottom, lower));
-      _mm256_storeu_ps(p.xa + count, xAt(top));
-      _mm256_storeu_ps(p.xb + count, _mm256_blendv_ps(xAt(bottom), _mm256_set1_ps(x1), isEnd));
-      store(p.cover + count, _mm256_sign_epi32(_mm256_sub_epi32(bottom, top), sign));
-      store(p.cell + count, _mm256_add_epi32(_mm256_set1_epi32(row * rows.stride), strides));
-      const int left = last - row + 1;
-      count += static_cast<std::size_t>(left < 8 ? left : 8);
     }
   }
   p.count = count;

@@ -17,7 +17,7 @@ int runPath(const PathOptions& options, Console& console) {
   if (options.svg) {
     console.out << svgElement(path, {}) << '\n';
   } else {
-    console.out << pathJson(named.name, path);
+    console.out << pathJson(named.icon.method, path);
   }
   return statusDone;
 }

@@ -1,0 +1,202 @@
+// The program's text commands, and how it answers mistakes.
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <glyphwright/bezier_path.h>
+#include <glyphwright/catalogue/catalogue.h>
+#include <glyphwright/catalogue/icons.h>
+#include <glyphwright/paths/method_names.h>
+#include <glyphwright/paths/registry.h>
+
+#include "cli_program.h"
+#include "tools/path_text.h"
+
+namespace glyphwright {
+namespace {
+
+using cli_test::Outcome;
+using cli_test::run;
+using nlohmann::json;
+
+TEST(CliList, HoldsTheWholeCatalogueAsJson) {
+  const Outcome result = run({"list", "--json"});
+  ASSERT_EQ(result.status, 0) << result.err;
+  EXPECT_EQ(result.err, "");
+  const json list = json::parse(result.out);
+
+  std::vector<std::string> tabs;
+  for (const json& tab : list.at("tabs")) tabs.push_back(tab.at("key"));
+  EXPECT_EQ(tabs, (std::vector<std::string>{"app", "recs", "location", "profile", "matches",
+                                            "revenue", "videoChat", "mixer"}));
+  const json& app = list["tabs"][0];
+  EXPECT_EQ(app.at("title"), "App");
+  EXPECT_EQ(app.at("sections").size(), 14U);
+  EXPECT_EQ(app["sections"][13].at("title"), "Third Party");
+  EXPECT_EQ(app["sections"][0]["cases"][0],
+            json({{"name", "alertClockIcon"}, {"rawValue", "clockIcon"}}));
+
+  ASSERT_EQ(list.at("enumerations").size(), std::size(catalogueEnumerations));
+  for (std::size_t i = 0; i < std::size(catalogueEnumerations); ++i) {
+    const EnumerationRecord& expected = *catalogueEnumerations[i];
+    const json& actual = list["enumerations"][i];
+    EXPECT_EQ(actual.at("name"), expected.name);
+    EXPECT_EQ(actual.at("title"), expected.title);
+    EXPECT_EQ(actual.at("cases").size(), expected.cases.size());
+  }
+  ASSERT_EQ(list.at("icons").size(), Icons::allCases.size());
+  EXPECT_EQ(list["icons"][131],
+            json({{"index", 131}, {"name", "shieldIcon"}, {"rawValue", "safetyCenterShield"}}));
+  ASSERT_EQ(list.at("types").size(), 129U);
+  EXPECT_EQ(list["types"][7], json({{"value", 7}, {"method", "checkmarkPath"}}));
+  const std::vector<std::string> methods = list.at("methods");
+  EXPECT_TRUE(std::ranges::equal(methods, iconMethodNames));
+}
+
+TEST(CliList, NamesEveryCaseAndMethodAsText) {
+  const Outcome result = run({"list"});
+  ASSERT_EQ(result.status, 0) << result.err;
+  for (const char* name : {"App.Shapes.Triangles.cornerCutTriangle", "Icons.superSurgoBannerIcon",
+                           "Recs.Gamepad.Surgo.surgoBolt", "errorIconPath"}) {
+    EXPECT_NE(result.out.find(name), std::string::npos) << name;
+  }
+}
+
+void expectElements(const json& elements, const CGPath& path) {
+  ASSERT_EQ(elements.size(), path.verbs().size());
+  std::size_t next = 0;
+  for (std::size_t i = 0; i < elements.size(); ++i) {
+    const PathVerb verb = path.verbs()[i];
+    const json& element = elements[i];
+    EXPECT_EQ(element[0], std::string(1, "MLQCZ"[static_cast<std::size_t>(verb)]));
+    ASSERT_EQ(element.size(), 1 + 2 * pointCount(verb));
+    for (std::size_t k = 1; k < element.size(); k += 2) {
+      EXPECT_EQ(element[k].get<double>(), path.points()[next].x);
+      EXPECT_EQ(element[k + 1].get<double>(), path.points()[next].y);
+      ++next;
+    }
+  }
+}
+
+TEST(CliPath, PrintsNumbersThatReadBackTheSame) {
+  for (const std::string_view name : iconMethodNames) {
+    const UIBezierPath path = findClassMethod(name)();
+    const json object = json::parse(cli::pathJson(name, path));
+    SCOPED_TRACE(name);
+    EXPECT_EQ(object.at("name"), name);
+    const CGRect bounds = path.bounds();
+    EXPECT_EQ(object.at("bounds"),
+              json({bounds.origin.x, bounds.origin.y, bounds.size.width, bounds.size.height}));
+    EXPECT_EQ(object.at("usesEvenOddFillRule"), path.usesEvenOddFillRule());
+    EXPECT_EQ(object.at("lineWidth"), path.lineWidth());
+    EXPECT_EQ(object.at("miterLimit"), path.miterLimit());
+    expectElements(object.at("elements"), path.cgPath());
+  }
+}
+
+TEST(CliPath, TakesEveryFormOfName) {
+  for (const char* name :
+       {"checkmarkPath", "App.Shapes.Checks.checkmark", "Icons.checkmark", "7"}) {
+    const Outcome result = run({"path", name, "--json"});
+    ASSERT_EQ(result.status, 0) << result.err;
+    const json object = json::parse(result.out);
+    EXPECT_EQ(object.at("name"), "checkmarkPath");
+    EXPECT_EQ(object.at("lineCapStyle"), "butt");
+    EXPECT_EQ(object.at("lineJoinStyle"), "miter");
+    expectElements(object.at("elements"), UIBezierPath::checkmarkPath().cgPath());
+  }
+}
+
+TEST(CliPath, DrawsAsSvg) {
+  const Outcome result = run({"path", "facebookLogo", "--svg"});
+  ASSERT_EQ(result.status, 0) << result.err;
+  EXPECT_TRUE(result.out.starts_with(
+      "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 18 18\"><path "))
+      << result.out;
+  EXPECT_NE(result.out.find("fill-rule=\"evenodd\""), std::string::npos);
+  EXPECT_NE(result.out.find(" d=\"M18 9.05C18 4.05 13.97 0 9 0C"), std::string::npos);
+}
+
+// A fill of two bare lines paints nothing; shown as a document they are stroked.
+TEST(CliPath, StrokesWhatHasNoInside) {
+  EXPECT_TRUE(cli::isBareStrokes(UIBezierPath::chatActionBarCloseIcon().cgPath()));
+  EXPECT_FALSE(cli::isBareStrokes(UIBezierPath::dropDownArrowIcon().cgPath()));
+  EXPECT_FALSE(cli::isBareStrokes(UIBezierPath::homeCircleIcon().cgPath()));
+  EXPECT_FALSE(cli::isBareStrokes(CGPath()));
+  const std::string svg = run({"path", "chatActionBarCloseIcon", "--svg"}).out;
+  EXPECT_NE(svg.find("fill=\"none\" stroke=\"currentColor\" stroke-width=\"2\""), std::string::npos)
+      << svg;
+}
+
+TEST(CliUsage, AnswersMistakesWithStatusTwoAndAHint) {
+  struct Row {
+    std::vector<std::string> arguments;
+    const char* hint;
+  };
+  for (const Row& row : {
+           Row{{}, "--help"},
+           Row{{"rendr"}, "did you mean render"},
+           Row{{"zzz"}, "list, path, render"},
+           Row{{"list", "--nope"}, "list --help"},
+           Row{{"path"}, "NAME"},
+           Row{{"path", "chekmark"}, "checkmarkPath"},
+           Row{{"path", "App.Shapes.Check.checkmark"}, "App.Shapes.Checks.checkmark"},
+           Row{{"path", "129"}, "0 to 128"},
+           Row{{"path", "xPath", "--json", "--svg"}, "excludes"},
+           Row{{"path", "xPath", "heartPath"}, "heartPath"},
+           Row{{"render", "xPath"}, "--output"},
+           Row{{"render", "-o", "x.png"}, "--all"},
+           Row{{"render", "xPath", "-o", "x.gif"}, ".png, .svg or .rgba"},
+           Row{{"render", "xPath", "-o", "{nme}.png"}, "{name}"},
+           Row{{"render", "xPath", "heartPath", "-o", "x.png"}, "{name}"},
+           Row{{"render", "xPath", "-o", "x.png", "--scale", "1,2"}, "{scale}"},
+           Row{{"render", "xPath", "heartPath", "-o", "-"}, "standard output"},
+           Row{{"render", "xPath", "-o", "x.png", "--size", "0"}, "--size"},
+           Row{{"render", "xPath", "-o", "x.png", "--fill", "blurple"}, "--fill"},
+           Row{{"render", "xPath", "-o", "x.svg", "--border", "red:1"}, "--border"},
+           Row{{"render", "xPath", "-o", "x.png", "--stroke", "red:1", "--hairline"}, "excludes"},
+           Row{{"sheet", "-o", "x.svg"}, ".png"},
+           Row{{"gallery"}, "--output"},
+           Row{{"preset", "gifNormal", "-o", "x.png"}, "ChatIcons.ActionBar.gifNormalIcon"},
+           Row{{"preset", "ChatIcons.ActionBar.gifNormalIcon", "-o", "x.png", "--size", "9"},
+               "takes no --size"},
+           Row{{"inspect"}, "--all"},
+       }) {
+    const Outcome result = run(row.arguments);
+    SCOPED_TRACE(testing::PrintToString(row.arguments));
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_NE(result.err.find(row.hint), std::string::npos) << result.err;
+  }
+}
+
+TEST(CliUsage, HelpsEverywhere) {
+  for (const std::vector<std::string>& words : {std::vector<std::string>{},
+                                                {"list"},
+                                                {"path"},
+                                                {"render"},
+                                                {"sheet"},
+                                                {"gallery"},
+                                                {"preset"},
+                                                {"inspect"}}) {
+    std::vector<std::string> arguments = words;
+    arguments.emplace_back("--help");
+    const Outcome result = run(arguments);
+    EXPECT_EQ(result.status, 0) << testing::PrintToString(words);
+    EXPECT_NE(result.out.find("Usage: glyphwright"), std::string::npos);
+    EXPECT_EQ(result.err, "");
+  }
+}
+
+TEST(CliInspect, TakesEveryFormOfName) {
+  const Outcome result = run({"inspect", "Icons.checkmark"});
+  EXPECT_EQ(result.status, 0) << result.err;
+  EXPECT_TRUE(result.out.starts_with("checkmarkPath")) << result.out;
+}
+
+}  // namespace
+}  // namespace glyphwright

@@ -25,8 +25,6 @@ class EdgeWriter {
     out_.verticalRuns = runs_;
   }
 
-  double left() const { return left_; }
-  double top() const { return top_; }
 
  protected:
   void makeRoom(std::size_t edges) {
@@ -77,7 +75,7 @@ struct CubicSteps {
 int chordCount(double bend, double tolerance) {
   // |p''| ≤ 6·bend, and a chord over a parameter step h strays by at most h²·|p''|/8.
   const double count = std::sqrt(bend * (6.0 / 8.0) / tolerance);
-  return count < Curve::kMaxChords ? static_cast<int>(count) + 1 : Curve::kMaxChords;
+  return count < kMaxChords ? static_cast<int>(count) + 1 : kMaxChords;
 }
 
 // Points relative to the region.
@@ -111,66 +109,76 @@ CubicSteps stepsOf(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3, double tolera
           6 * ay * h3};
 }
 
-// For shapes that lie inside the region as a whole.
+// For shapes that lie inside the region as a whole. First all corners are gathered, then they are
+// made edges: the count of a curve's samples comes late, and nothing else should wait for it.
 class InsideWriter : public EdgeWriter {
  public:
   InsideWriter(EdgeList& out, const PixelRect& region, double tolerance, const Kernels* kernels)
-      : EdgeWriter(out, region),
-        kernels_(kernels),
-        right_(static_cast<float>(width_)),
-        foot_(region.height() * kUnitsPerPixel) {
+      : EdgeWriter(out, region), kernels_(kernels) {
     const double factor = 6.0 / 8.0 / tolerance;
-    curve_.chordFactor = static_cast<float>(factor * factor);
-    curve_.width = right_;
-    curve_.height = foot_;
+    frame_ = {left_, top_, static_cast<float>(width_), region.height() * kUnitsPerPixel,
+              static_cast<float>(factor * factor)};
+    out.contourEnds.clear();
   }
 
-  void moveTo(CGPoint p) {
-    closeContour();
-    fromX_ = startX_ = column(p.x);
-    fromY_ = startY_ = units(p.y);
-    startRuns();
+  void moveTo(const CGPoint* p) {
+    endContour();
+    lineTo(p);
   }
-  void lineTo(CGPoint p) {
-    makeRoom(1);
-    edgeTo(column(p.x), units(p.y));
+  void lineTo(const CGPoint* p) {
+    makeCornerRoom(1);
+    put(corners_++, *p);
   }
-  void cubicTo(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3) {
-    float* to = curve_.points;
-    for (const CGPoint& p : {p0, p1, p2, p3}) {
-      *to++ = static_cast<float>(p.x);
-      *to++ = static_cast<float>(p.y);
+  // The curve's first end stands before the others.
+  void cubicTo(const CGPoint* p) {
+    makeCornerRoom(kMaxChords);
+    const int samples = kernels_->sampleCurve(&p[-1].x, frame_, x_ + corners_, y_ + corners_);
+    corners_ += static_cast<std::size_t>(samples);
+    put(corners_ - 1, p[2]);
+  }
+  void closeContour() {}
+
+  void finish() {
+    endContour();
+    makeRoom(corners_ + out_.contourEnds.size());
+    std::size_t first = 0;
+    for (const std::size_t end : out_.contourEnds) {
+      startRuns();
+      for (std::size_t i = first + 1; i < end; ++i) push(x_[i - 1], y_[i - 1], x_[i], y_[i]);
+      push(x_[end - 1], y_[end - 1], x_[first], y_[first]);
+      first = end;
     }
-    kernels_->sampleCurve(curve_);
-    const int inner = curve_.count - 1;
-    makeRoom(static_cast<std::size_t>(inner + 1));
-    for (int k = 0; k < inner; ++k) edgeTo(curve_.x[k], curve_.y[k]);
-    edgeTo(column(p3.x), units(p3.y));
-  }
-  void closeContour() {
-    makeRoom(1);
-    edgeTo(startX_, startY_);
   }
 
  private:
-  float column(double x) const { return std::clamp(static_cast<float>(x), 0.0F, right_); }
-  int units(double y) const {
-    return std::clamp(static_cast<int>(y * kUnitsPerPixel + 0.5), 0, foot_);
+  void makeCornerRoom(std::size_t corners) {
+    if (capacity_ < corners_ + corners) {
+      const std::size_t wanted = 2 * (corners_ + corners);
+      if (out_.cornerX.size() < wanted) {
+        out_.cornerX.resize(wanted);
+        out_.cornerY.resize(wanted);
+      }
+      x_ = out_.cornerX.data();
+      y_ = out_.cornerY.data();
+      capacity_ = out_.cornerX.size();
+    }
   }
-  void edgeTo(float x, int y) {
-    push(fromX_, fromY_, x, y);
-    fromX_ = x;
-    fromY_ = y;
+  void put(std::size_t at, const CGPoint& p) {
+    x_[at] = std::clamp(static_cast<float>(p.x - left_), 0.0F, frame_.width);
+    const int units = static_cast<int>((p.y - top_) * kUnitsPerPixel + 0.5);
+    y_[at] = std::clamp(units, 0, frame_.height);
+  }
+  void endContour() {
+    const std::size_t first = out_.contourEnds.empty() ? 0 : out_.contourEnds.back();
+    if (corners_ > first) out_.contourEnds.push_back(corners_);
   }
 
   const Kernels* kernels_;
-  float right_;
-  int foot_;
-  float fromX_ = 0;
-  float startX_ = 0;
-  int fromY_ = 0;
-  int startY_ = 0;
-  Curve curve_;
+  CurveFrame frame_;
+  std::size_t corners_ = 0;
+  std::size_t capacity_ = 0;
+  float* x_ = nullptr;
+  std::int32_t* y_ = nullptr;
 };
 
 // For shapes that the region cuts. What lies to the left is pushed to the region's left side,
@@ -183,13 +191,22 @@ class ClippedWriter : public EdgeWriter {
     static_cast<void>(kernels);
   }
 
-  void moveTo(CGPoint p) {
+  void moveTo(const CGPoint* p) {
     closeContour();
-    start_ = from_ = p;
+    start_ = from_ = relative(*p);
     startRuns();
   }
+  void lineTo(const CGPoint* p) { segmentTo(relative(*p)); }
+  void cubicTo(const CGPoint* p) {
+    curveTo(relative(p[-1]), relative(p[0]), relative(p[1]), relative(p[2]));
+  }
+  void closeContour() { segmentTo(start_); }
+  void finish() { closeContour(); }
 
-  void lineTo(CGPoint p) {
+ private:
+  CGPoint relative(const CGPoint& p) const { return {p.x - left_, p.y - top_}; }
+
+  void segmentTo(CGPoint p) {
     const CGPoint a = from_;
     from_ = p;
     if ((a.y <= 0 && p.y <= 0) || (a.y >= height_ && p.y >= height_) || a.y == p.y) return;
@@ -220,7 +237,7 @@ class ClippedWriter : public EdgeWriter {
     pushClamped(xa, ya, xb, yb);
   }
 
-  void cubicTo(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3) {
+  void curveTo(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3) {
     const double minX = std::min(std::min(p0.x, p1.x), std::min(p2.x, p3.x));
     const double maxX = std::max(std::max(p0.x, p1.x), std::max(p2.x, p3.x));
     const double minY = std::min(std::min(p0.y, p1.y), std::min(p2.y, p3.y));
@@ -230,15 +247,12 @@ class ClippedWriter : public EdgeWriter {
       CubicSteps steps = stepsOf(p0, p1, p2, p3, tolerance_);
       for (int k = 1; k < steps.count; ++k) {
         steps.advance();
-        lineTo({steps.x, steps.y});
+        segmentTo({steps.x, steps.y});
       }
     }
-    lineTo(p3);
+    segmentTo(p3);
   }
 
-  void closeContour() { lineTo(start_); }
-
- private:
   static int units(double y) { return static_cast<int>(y * kUnitsPerPixel + 0.5); }
 
   void pushClamped(double xa, double ya, double xb, double yb) {
@@ -258,62 +272,49 @@ template <typename Writer>
 void writePath(const CGPath& path, const std::vector<CGPoint>& devicePoints,
                const PixelRect& region, double tolerance, const Kernels& kernels, EdgeList& out) {
   Writer writer(out, region, tolerance, &kernels);
-  const double left = writer.left();
-  const double top = writer.top();
   const CGPoint* next = devicePoints.data();
-  const auto at = [&](int i) { return CGPoint{next[i].x - left, next[i].y - top}; };
-  CGPoint current;
   for (const PathVerb verb : path.verbs()) {
     switch (verb) {
       case PathVerb::move:
-        current = at(0);
-        writer.moveTo(current);
+        writer.moveTo(next);
         break;
       case PathVerb::line:
-        current = at(0);
-        writer.lineTo(current);
+        writer.lineTo(next);
         break;
       case PathVerb::quad: {
-        const CGPoint control = at(0);
-        const CGPoint end = at(1);
-        const CGPoint c1{current.x + (control.x - current.x) * (2.0 / 3.0),
-                         current.y + (control.y - current.y) * (2.0 / 3.0)};
-        const CGPoint c2{end.x + (control.x - end.x) * (2.0 / 3.0),
-                         end.y + (control.y - end.y) * (2.0 / 3.0)};
-        writer.cubicTo(current, c1, c2, end);
-        current = end;
+        const CGPoint& from = next[-1];
+        const CGPoint& control = next[0];
+        const CGPoint& end = next[1];
+        const auto towards = [&](const CGPoint& p) {
+          return CGPoint{p.x + (control.x - p.x) * (2.0 / 3.0),
+                         p.y + (control.y - p.y) * (2.0 / 3.0)};
+        };
+        const CGPoint cubic[4] = {from, towards(from), towards(end), end};
+        writer.cubicTo(cubic + 1);
         break;
       }
-      case PathVerb::cubic: {
-        const CGPoint end = at(2);
-        writer.cubicTo(current, at(0), at(1), end);
-        current = end;
+      case PathVerb::cubic:
+        writer.cubicTo(next);
         break;
-      }
       case PathVerb::close:
         writer.closeContour();
         break;
     }
     next += pointCount(verb);
   }
-  writer.closeContour();
+  writer.finish();
 }
 
 template <typename Writer>
 void writePolygons(const Polygons& polygons, const PixelRect& region, EdgeList& out) {
   Writer writer(out, region, kFillTolerance, nullptr);
+  const CGPoint* points = polygons.points.data();
   std::size_t i = 0;
   for (const std::size_t end : polygons.ends) {
-    for (bool first = true; i < end; ++i, first = false) {
-      const CGPoint p{polygons.points[i].x - writer.left(), polygons.points[i].y - writer.top()};
-      if (first) {
-        writer.moveTo(p);
-      } else {
-        writer.lineTo(p);
-      }
-    }
+    writer.moveTo(points + i);
+    for (++i; i < end; ++i) writer.lineTo(points + i);
   }
-  writer.closeContour();
+  writer.finish();
 }
 
 // Beyond this many pixels only the direction counts; keeping products of coordinates finite.
@@ -367,7 +368,7 @@ DeviceBox mapPoints(const CGPath& path, const CGAffineTransform& toDevice,
 
 DeviceBox boxOf(const Polygons& polygons) {
   BoxBuilder builder;
-  for (const Polygons::Point& p : polygons.points) builder.add(p.x, p.y);
+  for (const CGPoint& p : polygons.points) builder.add(p.x, p.y);
   return builder.box();
 }
 

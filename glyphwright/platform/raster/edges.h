@@ -16,6 +16,10 @@ struct EdgeList {
   PixelRect region;
   std::vector<Edge> storage;  // grows only; the first `count` are in use
   std::size_t count = 0;
+  /// The corners on the way to edges, likewise only growing.
+  std::vector<float> cornerX;
+  std::vector<std::int32_t> cornerY;
+  std::vector<std::size_t> contourEnds;
   /// How often a contour changes between running down and running up, over all contours: no pixel
   /// is wound round more often than half of this.
   int verticalRuns = 0;
@@ -25,11 +29,7 @@ struct EdgeList {
 
 /// Contours of straight lines in device pixels, each closed by an implicit edge to its start.
 struct Polygons {
-  struct Point {
-    double x;
-    double y;
-  };
-  std::vector<Point> points;
+  std::vector<CGPoint> points;
   std::vector<std::size_t> ends;  // one past the last point of each contour
 
   void clear() {

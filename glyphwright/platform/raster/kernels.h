@@ -49,18 +49,16 @@ struct Edge {
   std::int32_t y1;
 };
 
-/// A cubic relative to its region, and the samples that stand for it: those behind its first point,
-/// `count` in all, x in pixels and y in units, clamped to the region. Inner samples are moved out
-/// of the curve's hollow so that the chords keep the area under it.
-struct Curve {
-  static constexpr int kMaxChords = 1024;
-  float points[8];    // x and y of first end, two controls, second end
-  float chordFactor;  // a curve takes the fourth root of (its bend in pixels × this)² chords
-  float width;
-  std::int32_t height;
-  std::int32_t count;
-  float x[kMaxChords];  // room for whole eights
-  std::int32_t y[kMaxChords];
+/// More chords than this are never spent on one curve; at 16384 pixels a quarter circle needs 560.
+inline constexpr int kMaxChords = 1024;
+
+/// The frame that curves are sampled in.
+struct CurveFrame {
+  double left;  // of the region, in device pixels
+  double top;
+  float width;          // of the region, in pixels
+  std::int32_t height;  // and in units
+  float chordFactor;    // a curve takes the fourth root of (its bend in pixels)² × this in chords
 };
 
 /// Rows of a region, and the edges that are to be cut into them.
@@ -103,8 +101,11 @@ struct CellRows {
 /// The loops that touch pixels. One table for each instruction set, all equal to the scalar one
 /// bit for bit; kernels_scalar.cpp is the text that explains them.
 struct Kernels {
-  /// Finds the count of chords for a curve and its samples.
-  void (*sampleCurve)(Curve& curve);
+  /// Samples a cubic, given as x and y of its first end, two controls and second end in device
+  /// pixels: as many points as it takes chords, all but the first end, relative to the region's
+  /// upper left corner and clamped to the region. Inner samples are moved out of the curve's hollow
+  /// so that the chords keep the area under it; the last one is not exact. Writes whole eights.
+  int (*sampleCurve)(const double* points, const CurveFrame& frame, float* x, std::int32_t* y);
   /// Replaces the pieces by the next ones of the edges, as many as there is room for; none when all
   /// edges are done.
   void (*cutEdges)(EdgeRows& rows, Pieces& pieces);

@@ -349,10 +349,11 @@ void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
 }
 
 // Eight samples at a time; the last eight may run past the curve's end.
-void sampleCurve(Curve& curve) {
+int sampleCurve(const double* points, const CurveFrame& frame, float* xs, std::int32_t* ys) {
   // x and y of two points a register.
-  const __m128 p01 = _mm_loadu_ps(curve.points);
-  const __m128 p23 = _mm_loadu_ps(curve.points + 4);
+  const __m256d corner = _mm256_setr_pd(frame.left, frame.top, frame.left, frame.top);
+  const __m128 p01 = _mm256_cvtpd_ps(_mm256_sub_pd(_mm256_loadu_pd(points), corner));
+  const __m128 p23 = _mm256_cvtpd_ps(_mm256_sub_pd(_mm256_loadu_pd(points + 4), corner));
   const __m128 p12 = _mm_shuffle_ps(p01, p23, _MM_SHUFFLE(1, 0, 3, 2));
   const __m128 uv = _mm_add_ps(_mm_sub_ps(p01, _mm_mul_ps(_mm_set1_ps(2), p12)), p23);
   const __m128 squares = _mm_mul_ps(uv, uv);
@@ -360,11 +361,11 @@ void sampleCurve(Curve& curve) {
       _mm_add_ps(squares, _mm_shuffle_ps(squares, squares, _MM_SHUFFLE(2, 3, 0, 1)));
   const __m128 bendSquare = _mm_max_ss(sums, _mm_movehl_ps(sums, sums));
   const __m128 chords =
-      _mm_sqrt_ss(_mm_sqrt_ss(_mm_mul_ss(bendSquare, _mm_set_ss(curve.chordFactor))));
+      _mm_sqrt_ss(_mm_sqrt_ss(_mm_mul_ss(bendSquare, _mm_set_ss(frame.chordFactor))));
   const float wanted = _mm_cvtss_f32(chords);
-  curve.count = wanted < Curve::kMaxChords - 1 ? static_cast<int>(wanted) + 1 : Curve::kMaxChords;
+  const int count = wanted < kMaxChords - 1 ? static_cast<int>(wanted) + 1 : kMaxChords;
 
-  const float h = 1.0F / static_cast<float>(curve.count);
+  const float h = 1.0F / static_cast<float>(count);
   const __m128 lift = _mm_set1_ps(h * h * 0.5F);
   const __m128 a = _mm_sub_ps(_mm_movehl_ps(uv, uv), uv);
   const __m128 b = _mm_mul_ps(_mm_set1_ps(3), uv);
@@ -379,18 +380,19 @@ void sampleCurve(Curve& curve) {
   };
   const __m256 ax = xOf(a), bx = xOf(b), cx = xOf(c), sx = xOf(start);
   const __m256 ay = yOf(a), by = yOf(b), cy = yOf(c), sy = yOf(start);
-  const __m256 width = _mm256_set1_ps(curve.width);
-  const __m256i height = _mm256_set1_epi32(curve.height);
+  const __m256 width = _mm256_set1_ps(frame.width);
+  const __m256i height = _mm256_set1_epi32(frame.height);
   __m256i number = _mm256_setr_epi32(1, 2, 3, 4, 5, 6, 7, 8);
-  for (int k = 0; k < curve.count; k += 8) {
+  for (int k = 0; k < count; k += 8) {
     const __m256 t = _mm256_mul_ps(_mm256_cvtepi32_ps(number), _mm256_set1_ps(h));
     number = _mm256_add_epi32(number, _mm256_set1_epi32(8));
     const __m256 x = at(t, ax, bx, cx, sx);
     const __m256 y = _mm256_mul_ps(at(t, ay, by, cy, sy), _mm256_set1_ps(kUnitsPerPixel));
     const __m256i units = _mm256_cvttps_epi32(_mm256_add_ps(y, _mm256_set1_ps(0.5F)));
-    _mm256_storeu_ps(curve.x + k, _mm256_min_ps(_mm256_max_ps(x, _mm256_setzero_ps()), width));
-    store(curve.y + k, _mm256_min_epi32(_mm256_max_epi32(units, _mm256_setzero_si256()), height));
+    _mm256_storeu_ps(xs + k, _mm256_min_ps(_mm256_max_ps(x, _mm256_setzero_ps()), width));
+    store(ys + k, _mm256_min_epi32(_mm256_max_epi32(units, _mm256_setzero_si256()), height));
   }
+  return count;
 }
 
 // What cutting needs to know of eight edges, each running down.

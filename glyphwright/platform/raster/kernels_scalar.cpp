@@ -12,14 +12,18 @@ namespace {
 // chords goes with the root of the bend, and so with the fourth root of its square.
 int chordCount(float chords4) {
   const float count = std::sqrt(std::sqrt(chords4));
-  return count < Curve::kMaxChords - 1 ? static_cast<int>(count) + 1 : Curve::kMaxChords;
+  return count < kMaxChords - 1 ? static_cast<int>(count) + 1 : kMaxChords;
 }
 
 // p(t) = a·t³ + b·t² + c·t + p0. Chords of a curve lose area to its hollow side; moving the inner
 // points by −h²·p''/12 gives it back, and folds into the two lower coefficients because
 // p'' = 6a·t + 2b is linear in t.
-void sampleCurve(Curve& curve) {
-  const float* p = curve.points;
+int sampleCurve(const double* points, const CurveFrame& frame, float* xs, std::int32_t* ys) {
+  float p[8];
+  for (int i = 0; i < 8; i += 2) {
+    p[i] = static_cast<float>(points[i] - frame.left);
+    p[i + 1] = static_cast<float>(points[i + 1] - frame.top);
+  }
   float u[2];
   float v[2];
   for (int i = 0; i < 2; ++i) {
@@ -27,8 +31,8 @@ void sampleCurve(Curve& curve) {
     v[i] = p[2 + i] - 2.0F * p[4 + i] + p[6 + i];
   }
   const float bendSquare = std::max(u[0] * u[0] + u[1] * u[1], v[0] * v[0] + v[1] * v[1]);
-  curve.count = chordCount(bendSquare * curve.chordFactor);
-  const float h = 1.0F / static_cast<float>(curve.count);
+  const int count = chordCount(bendSquare * frame.chordFactor);
+  const float h = 1.0F / static_cast<float>(count);
   float a[2];
   float b[2];
   float c[2];
@@ -39,14 +43,15 @@ void sampleCurve(Curve& curve) {
     c[i] = 3.0F * (p[2 + i] - p[i]) - a[i] * (h * h * 0.5F);
     start[i] = p[i] - u[i] * (h * h * 0.5F);
   }
-  for (int k = 0; k < curve.count; ++k) {
+  for (int k = 0; k < count; ++k) {
     const float t = static_cast<float>(k + 1) * h;
     const float x = ((a[0] * t + b[0]) * t + c[0]) * t + start[0];
     const float y = ((a[1] * t + b[1]) * t + c[1]) * t + start[1];
     // A sample that was moved out of a hollow may pass the region's side by a hair.
-    curve.x[k] = std::min(std::max(x, 0.0F), curve.width);
-    curve.y[k] = std::clamp(static_cast<int>(y * kUnitsPerPixel + 0.5F), 0, curve.height);
+    xs[k] = std::min(std::max(x, 0.0F), frame.width);
+    ys[k] = std::clamp(static_cast<int>(y * kUnitsPerPixel + 0.5F), 0, frame.height);
   }
+  return count;
 }
 
 void cutEdges(EdgeRows& rows, Pieces& p) {

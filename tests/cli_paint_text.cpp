@@ -32,8 +32,8 @@ TEST(CliPaintText, ReadsColours) {
 }
 
 TEST(CliPaintText, ReadsSizesAndScales) {
-  EXPECT_EQ(sizeFrom("64"), CGSize(64, 64));
-  EXPECT_EQ(sizeFrom("64x32.5"), CGSize(64, 32.5));
+  EXPECT_EQ(sizeFrom("64"), (CGSize{64, 64}));
+  EXPECT_EQ(sizeFrom("64x32.5"), (CGSize{64, 32.5}));
   EXPECT_EQ(scalesFrom("1,2,3.5"), (std::vector<CGFloat>{1, 2, 3.5}));
   for (const char* text : {"", "x", "64x", "x64", "1x2x3", "0", "-1", "nan", "inf", "1e999", "64 ",
                            "64X32", "64,32", "0x10"}) {
@@ -50,7 +50,7 @@ TEST(CliPaintText, ReadsStrokesBordersAndShadows) {
   EXPECT_EQ(stroke.color, UIColor(1, 0, 0, 1));
   EXPECT_EQ(borderFrom("blue:3").width, 3);
   const IconShadow shadow = shadowFrom("#0008:-1,+3.5:4");
-  EXPECT_EQ(shadow.offset, CGSize(-1, 3.5));
+  EXPECT_EQ(shadow.offset, (CGSize{-1, 3.5}));
   EXPECT_EQ(shadow.blur, 4);
   EXPECT_EQ(shadow.color.alpha(), 136 / 255.0);
   for (const char* text : {"red", "red:", ":2", "red:2:3", "red:-1", "red:wide"}) {
@@ -66,9 +66,9 @@ TEST(CliPaintText, ReadsStrokesBordersAndShadows) {
 TEST(CliPaintText, ReadsGradients) {
   const IconGradient down = gradientFrom("red,#0f0,blue");
   EXPECT_EQ(down.points, (std::vector<CGFloat>{0, 0.5, 1}));
-  EXPECT_EQ(down.locations.back(), CGPoint(0, 1));
-  EXPECT_EQ(gradientFrom("red,blue:leftToRight").locations.back(), CGPoint(1, 0));
-  EXPECT_EQ(gradientFrom("red,blue:bottomLeftToTopRight").locations.front(), CGPoint(1, 1));
+  EXPECT_EQ(down.locations.back(), (CGPoint{0, 1}));
+  EXPECT_EQ(gradientFrom("red,blue:leftToRight").locations.back(), (CGPoint{1, 0}));
+  EXPECT_EQ(gradientFrom("red,blue:bottomLeftToTopRight").locations.front(), (CGPoint{1, 1}));
   for (const char* text :
        {"", "red", "red,", "red,blue:", "red,blue:sideways", "red,blue:leftToRight:x"}) {
     EXPECT_THROW(gradientFrom(text), UsageError) << text;

@@ -12,6 +12,10 @@
 #include <glyphwright/catalogue/icons.h>
 #include <glyphwright/catalogue/pathable.h>
 
+#if defined(GLYPHWRIGHT_CASES) || defined(GLYPHWRIGHT_EACH) || defined(GLYPHWRIGHT_ICON_TYPE)
+#error "the macros of the catalogue's tables have leaked"
+#endif
+
 namespace glyphwright {
 namespace {
 

@@ -93,8 +93,9 @@ TEST(PresetsSizes, TheCamerasDiscFollowsTheSizeTheCameraDoesNot) {
   EXPECT_EQ(at(wide, 76, 1).alpha, 255);
   EXPECT_EQ(at(wide, 4, 10), kNone);
   // From the upper right to the lower left corner, whatever the shape.
-  EXPECT_NEAR(at(wide, 120, 12).green, 0.48 * 255, 25);
-  EXPECT_NEAR(at(wide, 32, 64).green, 0.16 * 255, 25);
+  // A fifth of the way in from each end:
+  EXPECT_NEAR(at(wide, 120, 12).green, (0.48 - 0.32 * 0.2) * 255, 2);
+  EXPECT_NEAR(at(wide, 32, 64).green, (0.48 - 0.32 * 0.8) * 255, 2);
 }
 
 TEST(PresetsSizes, TheSafebeamsBackgroundMayBeClear) {

@@ -2,15 +2,36 @@
 
 #include <filesystem>
 
+#include <glyphwright/platform/vantel_kit.h>
+
 #include "gallery_page.h"
+#include "image_output.h"
 #include "output.h"
+#include "paintings_page.h"
 #include "sheet_command.h"
 
 namespace glyphwright::cli {
+namespace {
+
+// Fine enough for the largest that the page shows on a dense screen.
+constexpr CGFloat kPaintingScale = 6;
+
+void writePaintings(const std::filesystem::path& folder, Console& console) {
+  writeOutput((folder / "paintings.html").string(), paintingsPage(), console);
+  VantelKit::Screen::setScale(kPaintingScale);
+  for (const PaintingLook& look : allPaintingLooks()) {
+    const std::filesystem::path file = folder / "paintings" / (look.fileName() + ".png");
+    writeImage(look.preset->draw(look.arguments), look.preset->name, file.string(),
+               OutputFormat::png, console);
+  }
+}
+
+}  // namespace
 
 int runGallery(const GalleryOptions& options, Console& console) {
   const std::filesystem::path folder = options.folder;
   writeOutput((folder / "index.html").string(), galleryPage(), console);
+  writePaintings(folder, console);
   SheetOptions sheet;
   sheet.output = (folder / "sheet.png").string();
   return runSheet(sheet, console);

@@ -8,7 +8,6 @@
 
 #include <glyphwright/platform/context.h>
 
-#include "animated_picture.h"
 #include "animation_scenes.h"
 #include "icon_names.h"
 #include "numbers.h"
@@ -70,7 +69,22 @@ std::shared_ptr<CALayer> sceneOf(const AnimateOptions& options) {
   return sweepScene(path, options.gradient, options.size, options.duration);
 }
 
-AnimatedPicture rendered(const AnimateOptions& options, Console& console) {
+void writeFolder(const AnimatedPicture& picture, const std::string& folder, Console& console) {
+  for (std::size_t i = 0; i < picture.frames.size(); ++i) {
+    std::string number = std::to_string(i);
+    number.insert(0, 3 - std::min<std::size_t>(number.size(), 3), '0');
+    writeOutput((std::filesystem::path(folder) / ("frame-" + number + ".png")).string(),
+                encodePng(picture.pixelWidth, picture.pixelHeight, picture.frames[i]), console);
+  }
+}
+
+}  // namespace
+
+AnimateOptions::AnimateOptions()
+    : gradient({UIColor(1, 0.18, 0.42, 1), UIColor(1, 0.62, 0.2, 1)}, {},
+               IconGradient::Direction::topLeftToBottomRight) {}
+
+AnimatedPicture renderAnimation(const AnimateOptions& options, Console& console) {
   const std::size_t frames = frameCount(options);
   const std::shared_ptr<CALayer> scene = sceneOf(options);
   scene->setBackgroundColor(options.background);
@@ -94,21 +108,6 @@ AnimatedPicture rendered(const AnimateOptions& options, Console& console) {
   return picture;
 }
 
-void writeFolder(const AnimatedPicture& picture, const std::string& folder, Console& console) {
-  for (std::size_t i = 0; i < picture.frames.size(); ++i) {
-    std::string number = std::to_string(i);
-    number.insert(0, 3 - std::min<std::size_t>(number.size(), 3), '0');
-    writeOutput((std::filesystem::path(folder) / ("frame-" + number + ".png")).string(),
-                encodePng(picture.pixelWidth, picture.pixelHeight, picture.frames[i]), console);
-  }
-}
-
-}  // namespace
-
-AnimateOptions::AnimateOptions()
-    : gradient({UIColor(1, 0.18, 0.42, 1), UIColor(1, 0.62, 0.2, 1)}, {},
-               IconGradient::Direction::topLeftToBottomRight) {}
-
 AnimationKind animationKindFrom(const std::string& text) {
   if (text == "sweep") return AnimationKind::sweep;
   if (text == "stroke") return AnimationKind::stroke;
@@ -124,7 +123,7 @@ int runAnimate(const AnimateOptions& options, Console& console) {
   if (options.output == "-" && console.outIsTerminal) {
     throw UsageError("standard output is a terminal: send the animation to a file or a pipe");
   }
-  const AnimatedPicture picture = rendered(options, console);
+  const AnimatedPicture picture = renderAnimation(options, console);
   switch (format) {
     case Format::png:
       writeOutput(options.output, encodeAnimatedPng(picture), console);

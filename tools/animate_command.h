@@ -6,6 +6,7 @@
 
 #include <glyphwright/rendering/icon_attributes.h>
 
+#include "animated_picture.h"
 #include "console.h"
 
 namespace glyphwright::cli {
@@ -34,11 +35,15 @@ struct AnimateOptions {
   std::optional<UIColor> background;
 };
 
+/// The frames of an animation that starts over without a jump. Throws UsageError for unknown names
+/// and for more frames or pixels than a picture should have.
+AnimatedPicture renderAnimation(const AnimateOptions& options, Console& console);
+
 /// The kind by its name. Throws UsageError.
 AnimationKind animationKindFrom(const std::string& text);
 
-/// Renders an animation of an icon that starts over without a jump. Throws UsageError for unknown
-/// names and for more frames or pixels than a picture should have.
+/// Renders an animation to a file or a folder. Throws UsageError as renderAnimation does, for an
+/// output of no known kind, and for a morph without, or something else with, a second icon.
 int runAnimate(const AnimateOptions& options, Console& console);
 
 }  // namespace glyphwright::cli

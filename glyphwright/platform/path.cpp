@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <utility>
 
 #include <glyphwright/platform/math.h>
 
@@ -35,6 +37,18 @@ CGFloat cornerRadius(CGFloat asked, CGFloat side) {
 }
 
 }  // namespace
+
+CGPath::CGPath(std::vector<PathVerb> verbs, std::vector<CGPoint> points)
+    : verbs_(std::move(verbs)), points_(std::move(points)) {
+  if (points_.empty()) return;
+  std::size_t start = points_.size();
+  for (std::size_t i = verbs_.size(); i-- > 0;) {
+    start -= pointCount(verbs_[i]);
+    if (verbs_[i] == PathVerb::move) break;
+  }
+  subpathStart_ = points_[start];
+  current_ = verbs_.back() == PathVerb::close ? subpathStart_ : points_.back();
+}
 
 void CGPath::reserve(std::size_t verbs, std::size_t points) {
   verbs_.reserve(verbs_.size() + verbs);
@@ -263,32 +277,39 @@ CGPath CGPath::reversed() const {
 }
 
 CGRect CGPath::boundingBox() const {
-  CGFloat minX = 0;
-  CGFloat minY = 0;
-  CGFloat maxX = 0;
-  CGFloat maxY = 0;
+  constexpr CGFloat infinity = std::numeric_limits<CGFloat>::infinity();
+  CGFloat minX = infinity;
+  CGFloat minY = infinity;
+  CGFloat maxX = -infinity;
+  CGFloat maxY = -infinity;
   bool any = false;
+  const auto add = [&](std::size_t from, std::size_t end) {
+    if (from == end) return;
+    if (!any) {
+      minX = maxX = points_[from].x;
+      minY = maxY = points_[from].y;
+      any = true;
+    }
+    for (const CGPoint* p = points_.data() + from; p != points_.data() + end; ++p) {
+      minX = std::min(minX, p->x);
+      minY = std::min(minY, p->y);
+      maxX = std::max(maxX, p->x);
+      maxY = std::max(maxY, p->y);
+    }
+  };
+  // Everything between lone moves in one go.
+  std::size_t from = 0;
   std::size_t at = 0;
   for (std::size_t verb = 0; verb < verbs_.size(); ++verb) {
-    const std::size_t count = pointCount(verbs_[verb]);
     const bool lone = verbs_[verb] == PathVerb::move &&
                       (verb + 1 == verbs_.size() || verbs_[verb + 1] == PathVerb::move);
-    if (!lone) {
-      for (std::size_t i = 0; i < count; ++i) {
-        const CGPoint p = points_[at + i];
-        if (!any) {
-          minX = maxX = p.x;
-          minY = maxY = p.y;
-          any = true;
-        }
-        minX = std::min(minX, p.x);
-        minY = std::min(minY, p.y);
-        maxX = std::max(maxX, p.x);
-        maxY = std::max(maxY, p.y);
-      }
+    if (lone) {
+      add(from, at);
+      from = at + 1;
     }
-    at += count;
+    at += pointCount(verbs_[verb]);
   }
+  add(from, at);
   if (!any) return CGRectNull;
   return {minX, minY, maxX - minX, maxY - minY};
 }

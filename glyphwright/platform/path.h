@@ -49,6 +49,11 @@ constexpr bool contains(UIRectCorner set, UIRectCorner corner) {
 /// does nothing.
 class CGPath {
  public:
+  CGPath() = default;
+  /// Takes over elements that the calls below could have left: a move comes first and after every
+  /// close, and `points` holds what each element carries, in order.
+  CGPath(std::vector<PathVerb> verbs, std::vector<CGPoint> points);
+
   void moveToPoint(CGPoint point);
   void addLineToPoint(CGPoint point);
   void addQuadCurveToPoint(CGPoint point, CGPoint control);

@@ -25,7 +25,6 @@ class EdgeWriter {
     out_.verticalRuns = runs_;
   }
 
-
  protected:
   void makeRoom(std::size_t edges) {
     if (out_.storage.size() < count_ + edges) {
@@ -37,8 +36,13 @@ class EdgeWriter {
   // this does without a branch.
   void push(float x0, int y0, float x1, int y1) {
     out_.storage[count_] = {x0, x1, y0, y1};
+    count_ += y0 != y1 ? 1 : 0;
+    note(y0, y1);
+  }
+  // Counts a run where an edge from y0 to y1 turns against the one before it.
+  template <typename T>
+  void note(T y0, T y1) {
     const int direction = (y1 > y0 ? 1 : 0) - (y1 < y0 ? 1 : 0);
-    count_ += direction != 0 ? 1 : 0;
     runs_ += static_cast<int>(direction != 0) & static_cast<int>(direction != direction_);
     direction_ = direction != 0 ? direction : direction_;
   }
@@ -209,6 +213,13 @@ class ClippedWriter : public EdgeWriter {
   void segmentTo(CGPoint p) {
     const CGPoint a = from_;
     from_ = p;
+    // What is dropped on the right takes part in the count of runs all the same.
+    note(a.y, p.y);
+    if (isInside(a) && isInside(p)) {
+      makeRoom(1);
+      pushClamped(a.x, a.y, p.x, p.y);
+      return;
+    }
     if ((a.y <= 0 && p.y <= 0) || (a.y >= height_ && p.y >= height_) || a.y == p.y) return;
     makeRoom(3);
     const double slope = (p.x - a.x) / (p.y - a.y);
@@ -251,6 +262,10 @@ class ClippedWriter : public EdgeWriter {
       }
     }
     segmentTo(p3);
+  }
+
+  bool isInside(const CGPoint& p) const {
+    return p.x >= 0 && p.x <= width_ && p.y >= 0 && p.y <= height_;
   }
 
   static int units(double y) { return static_cast<int>(y * kUnitsPerPixel + 0.5); }

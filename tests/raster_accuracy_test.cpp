@@ -202,10 +202,10 @@ TEST(RasterAccuracy, ShadowsAreGaussian) {
   constexpr std::size_t kSide = 96;
   UIBezierPath heart = fitted(findClassMethod("heartPath")(), 56);
   heart.applyTransform(CGAffineTransformMakeTranslation(20, 20));
-  UIBezierPath star = polygon(5, 2, 26, {47.3, 48.1});
+  UIBezierPath pentagon = polygon(5, 1, 26, {47.3, 48.1});
   for (const CGFloat scale : {1.0, 2.0}) {
     for (const CGFloat blur : {1.0, 2.0, 3.5, 6.0, 8.0, 15.0}) {
-      for (const UIBezierPath* path : {&heart, &star}) {
+      for (const UIBezierPath* path : {&heart, &pentagon}) {
         // Hardly blurred, the shadow of a curve shows how the curve itself was drawn.
         if (path == &heart && blur < 2) continue;
         const UIImage image = shadowOf(*path, kSide, blur, scale);

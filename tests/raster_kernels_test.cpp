@@ -1,0 +1,239 @@
+// The loops of this machine against the scalar ones that explain them: equal bit for bit.
+
+#include <cstdint>
+#include <random>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <glyphwright/platform/raster/cells.h>
+#include <glyphwright/platform/raster/kernels.h>
+
+namespace glyphwright::raster {
+namespace {
+
+constexpr std::uint16_t kGuard = 0x5A5A;
+constexpr std::size_t kCounts[] = {1, 2, 7, 8, 9, 15, 16, 17, 23, 24, 31, 32, 33, 63, 64, 100};
+
+class RasterKernels : public testing::Test {
+ protected:
+  int upTo(int most) { return std::uniform_int_distribution<int>(0, most)(random_); }
+  float real(float low, float high) {
+    return std::uniform_real_distribution<float>(low, high)(random_);
+  }
+  // Half of them at the ends, where sums saturate.
+  std::vector<std::uint16_t> coverage(std::size_t count) {
+    std::vector<std::uint16_t> values(count, kGuard);
+    for (auto& v : values) {
+      const int kind = upTo(3);
+      v = static_cast<std::uint16_t>(kind == 0 ? 0 : kind == 1 ? kOne : upTo(kOne));
+    }
+    return values;
+  }
+  std::vector<std::uint8_t> premultiplied(std::size_t count) {
+    std::vector<std::uint8_t> rgba;
+    for (std::size_t i = 0; i < count; ++i) {
+      const int alpha = upTo(2) == 0 ? 255 : upTo(255);
+      for (int c = 0; c < 3; ++c) rgba.push_back(static_cast<std::uint8_t>(upTo(alpha)));
+      rgba.push_back(static_cast<std::uint8_t>(alpha));
+    }
+    return rgba;
+  }
+  SolidColor color() {
+    const int kind = upTo(3);
+    const int alpha = kind == 0 ? 0 : kind == 1 ? kChannelOne : upTo(kChannelOne);
+    SolidColor result;
+    for (int c = 0; c < 3; ++c) result.channels[c] = static_cast<std::int16_t>(upTo(alpha));
+    result.channels[3] = static_cast<std::int16_t>(alpha);
+    result.alpha = static_cast<std::int16_t>(alpha * kOne / kChannelOne);
+    return result;
+  }
+  // Winding up to the limit, and no further.
+  std::vector<std::int16_t> cells(std::size_t stride, std::size_t rows) {
+    std::vector<std::int16_t> values;
+    for (std::size_t row = 0; row < rows; ++row) {
+      int sum = 0;
+      for (std::size_t x = 0; x < stride; ++x) {
+        const int limit = kNarrowWindingLimit * kUnitsPerPixel;
+        const int next = upTo(2) == 0 ? upTo(2 * limit) - limit : sum;
+        values.push_back(static_cast<std::int16_t>(next - sum));
+        sum = static_cast<std::int16_t>(sum + values.back());
+      }
+    }
+    return values;
+  }
+
+  const Kernels& fast_ = kernels();
+  const Kernels& plain_ = scalarKernels();
+  std::mt19937 random_{20240607};
+};
+
+TEST_F(RasterKernels, RowsOfCellsPaintTheSame) {
+  for (const std::size_t width : kCounts) {
+    for (int round = 0; round < 40; ++round) {
+      const std::size_t stride = cellStride(static_cast<int>(width));
+      constexpr std::size_t kRows = 3;
+      const auto start = cells(stride, kRows);
+      std::vector<std::uint8_t> touched(stride / kBlock * kRows);
+      std::vector<std::int16_t> fastCells = start;
+      for (std::size_t b = 0; b < touched.size(); ++b) {
+        touched[b] = static_cast<std::uint8_t>(upTo(1));
+        if (round % 2 == 0 && touched[b] == 0) {
+          std::fill_n(fastCells.begin() + static_cast<std::ptrdiff_t>(b * kBlock), kBlock, 0);
+        }
+      }
+      std::vector<std::int16_t> plainCells = fastCells;
+      const FillRule rule = upTo(1) == 0 ? FillRule::nonZero : FillRule::evenOdd;
+      const std::uint8_t* mask = round % 2 == 0 ? touched.data() : nullptr;
+      const std::size_t rowBytes = width * 4 + 12;
+      const auto below = premultiplied(rowBytes / 4 * kRows);
+      for (const auto kernel : {&Kernels::writeCells, &Kernels::blendCells}) {
+        const SolidColor ink = color();
+        auto fastPixels = below;
+        auto plainPixels = below;
+        auto a = fastCells;
+        auto b = plainCells;
+        (fast_.*kernel)(fastPixels.data(), rowBytes, {a.data(), stride, mask, kRows, width, rule},
+                        ink);
+        (plain_.*kernel)(plainPixels.data(), rowBytes, {b.data(), stride, mask, kRows, width, rule},
+                         ink);
+        ASSERT_EQ(fastPixels, plainPixels) << "width " << width;
+        ASSERT_EQ(a, std::vector<std::int16_t>(a.size(), 0)) << "width " << width;
+        ASSERT_EQ(b, a);
+      }
+      std::vector<std::uint16_t> fastCoverage(stride);
+      std::vector<std::uint16_t> plainCoverage(stride);
+      const int carry = upTo(2 * kUnitsPerPixel) - kUnitsPerPixel;
+      EXPECT_EQ(fast_.sumNarrow(fastCells.data(), stride, carry, rule, fastCoverage.data()),
+                plain_.sumNarrow(plainCells.data(), stride, carry, rule, plainCoverage.data()));
+      ASSERT_EQ(fastCoverage, plainCoverage);
+    }
+  }
+}
+
+TEST_F(RasterKernels, PixelsComposeTheSame) {
+  for (const std::size_t count : kCounts) {
+    for (int round = 0; round < 40; ++round) {
+      const auto levels = coverage(count);
+      const auto source = premultiplied(count);
+      const auto below = premultiplied(count + 3);  // the last three are not to be touched
+      const SolidColor ink = color();
+      const auto expectSame = [&](const char* what, auto&& run) {
+        auto fast = below;
+        auto plain = below;
+        run(fast_, fast.data());
+        run(plain_, plain.data());
+        ASSERT_EQ(fast, plain) << what << ", " << count << " pixels";
+      };
+      expectSame("writeSolid", [&](const Kernels& k, std::uint8_t* to) {
+        k.writeSolid(to, levels.data(), count, ink);
+      });
+      expectSame("blendSolid", [&](const Kernels& k, std::uint8_t* to) {
+        k.blendSolid(to, levels.data(), count, ink);
+      });
+      expectSame("writePixels", [&](const Kernels& k, std::uint8_t* to) {
+        k.writePixels(to, levels.data(), count, source.data());
+      });
+      expectSame("blendPixels", [&](const Kernels& k, std::uint8_t* to) {
+        k.blendPixels(to, levels.data(), count, source.data());
+      });
+    }
+  }
+}
+
+TEST_F(RasterKernels, CoverageMultipliesAndFiltersTheSame) {
+  for (const std::size_t count : kCounts) {
+    auto fast = coverage(count);
+    auto plain = fast;
+    const auto other = coverage(count);
+    fast_.multiplyCoverage(fast.data(), other.data(), count);
+    plain_.multiplyCoverage(plain.data(), other.data(), count);
+    ASSERT_EQ(fast, plain);
+    const int fraction = upTo(kOne);
+    fast_.scaleCoverage(fast.data(), fraction, count);
+    plain_.scaleCoverage(plain.data(), fraction, count);
+    ASSERT_EQ(fast, plain);
+  }
+  for (const std::size_t reach : {0U, 1U, 5U, 31U}) {
+    constexpr std::size_t kCount = 3 * kBlock;
+    std::vector<std::vector<std::uint16_t>> values;
+    std::vector<const std::uint16_t*> rows;
+    for (std::size_t i = 0; i < 2 * reach + 1; ++i) values.push_back(coverage(kCount));
+    for (const auto& row : values) rows.push_back(row.data());
+    // Sums that go past one saturate on both sides alike.
+    std::vector<std::int16_t> taps(reach + 1, static_cast<std::int16_t>(40000 / (reach + 2)));
+    std::vector<std::uint16_t> fast(kCount);
+    std::vector<std::uint16_t> plain(kCount);
+    fast_.filter(fast.data(), rows.data(), taps.data(), reach, kCount);
+    plain_.filter(plain.data(), rows.data(), taps.data(), reach, kCount);
+    ASSERT_EQ(fast, plain) << "reach " << reach;
+  }
+}
+
+TEST_F(RasterKernels, CurvesSampleTheSame) {
+  for (const double size : {3.0, 40.0, 900.0, 16000.0}) {
+    for (int round = 0; round < 200; ++round) {
+      const CurveFrame frame{-3, 7, static_cast<float>(size),
+                             static_cast<std::int32_t>(size) * kUnitsPerPixel, 900.0F};
+      double points[8];
+      for (double& p : points) p = upTo(1000) * size / 1000 + 4;
+      if (round == 0) std::fill_n(points, 8, 5.0);  // no length at all
+      std::vector<float> fastX(kMaxChords + 8, -1);
+      std::vector<float> plainX = fastX;
+      std::vector<std::int32_t> fastY(kMaxChords + 8, -1);
+      std::vector<std::int32_t> plainY = fastY;
+      const int fast = fast_.sampleCurve(points, frame, fastX.data(), fastY.data());
+      const int plain = plain_.sampleCurve(points, frame, plainX.data(), plainY.data());
+      ASSERT_EQ(fast, plain);
+      for (std::size_t i = 0; i < static_cast<std::size_t>(fast); ++i) {
+        ASSERT_EQ(fastX[i], plainX[i]);
+        ASSERT_EQ(fastY[i], plainY[i]);
+      }
+    }
+  }
+}
+
+TEST_F(RasterKernels, EdgesCutAndCountTheSame) {
+  for (const int height : {1, 5, 24, 300}) {
+    for (int round = 0; round < 60; ++round) {
+      std::vector<Edge> edges;
+      const float width = real(1, 400);
+      for (int i = upTo(60); i >= 0; --i) {
+        const bool isSmall = upTo(1) == 0;
+        Edge e{real(0, width), 0, upTo(height * kUnitsPerPixel), upTo(height * kUnitsPerPixel)};
+        e.x1 = upTo(3) == 0 ? e.x0 : isSmall ? std::min(e.x0 + real(0, 2), width) : real(0, width);
+        if (e.y0 != e.y1) edges.push_back(e);
+      }
+      // Also a band in the middle, which edges enter and leave.
+      const int top = round % 2 == 0 ? 0 : height / 3;
+      const int rows = round % 2 == 0 ? height : height / 3 + 1;
+      EdgeRows fastRows{edges.data(), edges.size(), top * kUnitsPerPixel, rows, 416};
+      EdgeRows plainRows = fastRows;
+      Pieces fast;
+      Pieces plain;
+      do {
+        fast_.cutEdges(fastRows, fast);
+        plain_.cutEdges(plainRows, plain);
+        ASSERT_EQ(fast.count, plain.count);
+        fast_.cellAmounts(fast);
+        plain_.cellAmounts(plain);
+        for (std::size_t i = 0; i < fast.count; ++i) {
+          ASSERT_EQ(fast.xa[i], plain.xa[i]);
+          ASSERT_EQ(fast.xb[i], plain.xb[i]);
+          ASSERT_EQ(fast.cover[i], plain.cover[i]);
+          ASSERT_EQ(fast.cell[i], plain.cell[i]);
+          ASSERT_EQ(fast.isWide[i], plain.isWide[i]);
+          if (fast.isWide[i] != 0) continue;
+          ASSERT_EQ(fast.amount0[i], plain.amount0[i]);
+          ASSERT_EQ(fast.amount1[i], plain.amount1[i]);
+          ASSERT_EQ(fast.amount2[i], plain.amount2[i]);
+          // Whatever the rounding, what a piece adds to its row is its height.
+          ASSERT_EQ(fast.amount0[i] + fast.amount1[i] + fast.amount2[i], fast.cover[i]);
+        }
+      } while (fast.count > 0);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace glyphwright::raster

@@ -1,4 +1,4 @@
-# Installs the library, then configures, builds and runs the consumer against the installation.
+# Installs the library, then configures, builds and runs the consumers against the installation.
 # Needs SOURCE (the repository), BUILD (a configured build of it), WORK, SHARED, COMPILER, NM.
 function(run)
   execute_process(COMMAND ${ARGV} COMMAND_ECHO STDOUT COMMAND_ERROR_IS_FATAL ANY)
@@ -18,11 +18,12 @@ run(${CMAKE_COMMAND} -S ${SOURCE}/tests/consumer -B ${WORK}/consumer -G Ninja
   -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_BUILD_TYPE=Release
   -DCMAKE_PREFIX_PATH=${WORK}/prefix)
 run(${CMAKE_COMMAND} --build ${WORK}/consumer)
-run(${WORK}/consumer/consumer)
+run(${WORK}/consumer/one_icon)
+run(${WORK}/consumer/pictures)
 
 # Whoever calls one builder carries one drawing: the linker must have dropped the others.
 if(NOT SHARED AND NM)
-  execute_process(COMMAND ${NM} -C ${WORK}/consumer/consumer OUTPUT_VARIABLE symbols
+  execute_process(COMMAND ${NM} -C ${WORK}/consumer/one_icon OUTPUT_VARIABLE symbols
     COMMAND_ERROR_IS_FATAL ANY)
   if(NOT symbols MATCHES "UIBezierPath::facebookLogo")
     message(FATAL_ERROR "the consumer lost the icon that it calls")

@@ -1,0 +1,47 @@
+// The documents speak of what is there.
+
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "sources.h"
+
+namespace glyphwright::structure {
+namespace {
+
+/// The text of the first ``` block of a language.
+std::string firstBlock(const std::string& document, const std::string& language) {
+  const std::string fence = "```" + language + "\n";
+  const std::size_t open = document.find(fence);
+  if (open == std::string::npos) return {};
+  const std::size_t from = open + fence.size();
+  const std::size_t close = document.find("```", from);
+  return document.substr(from, close - from);
+}
+
+TEST(Documents, TheReadmesProgramIsTheOneThatIsBuilt) {
+  const std::string shown = firstBlock(readText("README.md"), "cpp");
+  ASSERT_FALSE(shown.empty());
+  EXPECT_EQ(shown, readText("examples/first_icon.cpp"));
+}
+
+TEST(Documents, EveryLinkLeadsToAFile) {
+  const std::filesystem::path root = GLYPHWRIGHT_SOURCE_DIR;
+  std::vector<std::string> documents = filesBelow("docs", {".md"});
+  documents.push_back("README.md");
+  std::size_t links = 0;
+  for (const std::string& document : documents) {
+    const std::string text = readText(document);
+    for (std::size_t at = text.find("]("); at != std::string::npos; at = text.find("](", at + 1)) {
+      const std::string target = text.substr(at + 2, text.find_first_of(")#", at + 2) - at - 2);
+      if (target.empty() || target.find("://") != std::string::npos) continue;
+      EXPECT_TRUE(exists((root / document).parent_path() / target))
+          << document << " points at " << target;
+      ++links;
+    }
+  }
+  EXPECT_GE(links, 5U);
+}
+
+}  // namespace
+}  // namespace glyphwright::structure

@@ -53,6 +53,17 @@ struct Node {
   Vector in;
   Vector out;
   bool smooth;
+  Vector normal = {};  // to the left, halfway between both directions
+  Vector along = {};   // the direction of the leg to the next node, where that has a length
+  double legLength = 0;
+};
+
+// The straight way between two nodes.
+struct Leg {
+  Vector along;
+  double length;
+
+  bool hasDirection() const { return length > 0; }
 };
 
 constexpr int kMaxSamples = 1024;
@@ -271,65 +282,74 @@ class Stroker {
     emit(n.at + to * half_);
   }
 
+  // What both sides need of each node, worked out once.
+  void measure() {
+    for (std::size_t i = 0; i < nodes_.size(); ++i) {
+      Node& node = nodes_[i];
+      node.along = nodes_[i + 1 < nodes_.size() ? i + 1 : 0].at - node.at;
+      node.legLength = length(node.along);
+      normalize(node.along);
+      node.normal = leftOf(node.in) + leftOf(node.out);
+      if (!normalize(node.normal)) node.normal = leftOf(node.in);
+    }
+  }
+
   // One side of the stroke, nodes first to last (`step` 1) or last to first (−1). `wraps` joins
   // the ends of a closed line.
   void side(int step, bool wraps) {
     const int count = static_cast<int>(nodes_.size());
-    const auto index = [count](int i) { return static_cast<std::size_t>((i + count) % count); };
     const int first = step > 0 ? 0 : count - 1;
     for (int k = 0; k < count; ++k) {
       const int i = first + k * step;
       const Node& node = nodes_[static_cast<std::size_t>(i)];
+      const Node& previous = nodes_[static_cast<std::size_t>(i > 0 ? i - 1 : count - 1)];
       const bool isEnd = !wraps && (i == 0 || i == count - 1);
-      // Seen backwards, a node is left in the direction opposite to the one it was entered in.
-      const Node n = step > 0 ? node : Node{node.at, -node.out, -node.in, node.smooth};
       if (isEnd) {
-        emit(n.at + leftOf(k == 0 ? n.out : n.in) * half_);
-        continue;
+        const Vector towards =
+            step > 0 ? (k == 0 ? node.out : node.in) : -(k == 0 ? node.in : node.out);
+        emit(node.at + leftOf(towards) * half_);
+      } else if (step > 0) {
+        joinAt(node, {previous.along, previous.legLength}, {node.along, node.legLength}, true);
+      } else {
+        // Seen backwards, a node is left in the direction opposite to the one it was entered in.
+        const Node back{node.at, -node.out, -node.in, node.smooth, -node.normal};
+        joinAt(back, {-node.along, node.legLength}, {-previous.along, previous.legLength}, false);
       }
-      const Node& before = nodes_[index(i - step)];
-      const Node& after = nodes_[index(i + step)];
-      joinAt(n, before.at, after.at, step > 0);
     }
   }
 
-  void joinAt(const Node& n, Vector before, Vector after, bool forwards) {
-    const Vector from = leftOf(n.in);
-    const Vector to = leftOf(n.out);
+  void joinAt(const Node& n, const Leg& incoming, const Leg& outgoing, bool forwards) {
     if (n.smooth || dot(n.in, n.out) > kSameDirection) {
-      smoothPoint(n, from, to, before, after);
+      smoothPoint(n, incoming, outgoing);
       return;
     }
+    const Vector from = leftOf(n.in);
+    const Vector to = leftOf(n.out);
     // Half a turn has no outer side of its own; it is given the forward one.
     const double turning = cross(n.in, n.out);
     if (turning > 0 || (turning == 0 && forwards)) {
       outerJoin(n, from, to);
     } else {
-      innerJoin(n, from, to, std::min(length(n.at - before), length(after - n.at)));
+      innerJoin(n, from, to, std::min(incoming.length, outgoing.length));
     }
   }
 
-  void smoothPoint(const Node& n, Vector from, Vector to, Vector before, Vector after) {
-    Vector normal = from + to;
-    if (!normalize(normal)) normal = from;
-    Vector incoming = n.at - before;
-    Vector outgoing = after - n.at;
-    const bool turned = normalize(incoming) && normalize(outgoing);
+  void smoothPoint(const Node& n, const Leg& incoming, const Leg& outgoing) {
+    const bool turned = incoming.hasDirection() && outgoing.hasDirection();
+    const Vector turn = outgoing.along - incoming.along;
     // On the hollow side of a bend tighter than the pen, the offset would run backwards; each
     // chord then keeps its own rectangle.
-    if (turned && cross(incoming, outgoing) < 0) {
-      const double turn = length(outgoing - incoming);
-      const double stepLength = std::min(length(n.at - before), length(after - n.at));
-      if (turn * half_ > stepLength) {
-        emit(n.at + leftOf(incoming) * half_);
+    if (turned && cross(incoming.along, outgoing.along) < 0) {
+      if (length(turn) * half_ > std::min(incoming.length, outgoing.length)) {
+        emit(n.at + leftOf(incoming.along) * half_);
         emit(n.at);
-        emit(n.at + leftOf(outgoing) * half_);
+        emit(n.at + leftOf(outgoing.along) * half_);
         return;
       }
     }
     // The offset's own chords lose area like any curve's: lift by the square of the turn a step.
-    const double lift = turned ? dot(outgoing - incoming, outgoing - incoming) / 12 : 0;
-    emit(n.at + normal * (half_ * (1 + std::min(lift, 0.05))));
+    const double lift = turned ? dot(turn, turn) / 12 : 0;
+    emit(n.at + n.normal * (half_ * (1 + std::min(lift, 0.05))));
   }
 
   void cap(Vector at, Vector forward, CGLineCap style) {
@@ -348,6 +368,7 @@ class Stroker {
   }
 
   void outlineOpen(CGLineCap style) {
+    measure();
     side(1, false);
     cap(nodes_.back().at, nodes_.back().in, style);
     side(-1, false);
@@ -356,6 +377,7 @@ class Stroker {
   }
 
   void outlineClosed() {
+    measure();
     side(1, true);
     out_.endContour();
     side(-1, true);

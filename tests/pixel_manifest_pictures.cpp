@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -17,6 +18,7 @@
 
 #include "pixel_manifest.h"
 #include "pixels.h"
+#include "tools/paintings_page.h"
 
 namespace glyphwright::pixel_manifest {
 namespace {
@@ -131,6 +133,17 @@ void addOthers(std::vector<Picture>& list) {
                   }});
 }
 
+void addReadyMade(std::vector<Picture>& list) {
+  for (const cli::PaintingLook& look : cli::allPaintingLooks()) {
+    std::string name = look.fileName();
+    std::replace(name.begin(), name.end(), '.', '-');
+    list.push_back({std::move(name), [look] {
+                      const pixels::ScreenScale scale(2);
+                      return look.preset->draw(look.arguments);
+                    }});
+  }
+}
+
 }  // namespace
 
 std::vector<Picture> pictures() {
@@ -138,6 +151,7 @@ std::vector<Picture> pictures() {
   addIcons(list);
   addRecords(list);
   addOthers(list);
+  addReadyMade(list);
   return list;
 }
 

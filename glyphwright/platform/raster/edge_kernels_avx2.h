@@ -1,0 +1,12 @@
+#pragma once
+
+#include <glyphwright/platform/raster/kernels.h>
+
+/// The loops between a path and its cells, for machines with AVX2; kernels.h says what they do.
+namespace glyphwright::raster::avx2 {
+
+int sampleCurve(const double* points, const CurveFrame& frame, float* x, std::int32_t* y);
+void cutEdges(EdgeRows& rows, Pieces& pieces);
+void cellAmounts(Pieces& pieces);
+
+}  // namespace glyphwright::raster::avx2

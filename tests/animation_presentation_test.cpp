@@ -150,6 +150,7 @@ TEST(Presentation, EveryAnimatablePropertyMoves) {
   const UIColor purple(0.5, 0, 0.5, 1);
   const std::vector<Case> ofAll{
       {"bounds", CGRect{0, 0, 10, 10}, CGRect{2, 4, 20, 30}, CGRect{1, 2, 15, 20}},
+      {"bounds", CGRect{0, 0, 10, 10}, CGRect{0, 0, -30, 10}, CGRect{-10, 0, 10, 10}},
       {"bounds.size", CGSize{10, 10}, CGSize{20, 30}, CGSize{15, 20}},
       {"position", CGPoint{0, 0}, CGPoint{10, 20}, CGPoint{5, 10}},
       {"position.x", 4.0, 8.0, 6.0},

@@ -118,7 +118,11 @@ TEST(AnimationTiming, FillModes) {
          {.count = 0.5, .reverses = true, .fill = fill},
          9,
          after ? Phase{{1, 0}} : std::nullopt},
-        // 3 · 0.1 is more than 0.3: rounding must not start a fourth run.
+        // 3 · 0.1 is more than 0.3: rounding must not start a fourth run, nor leave out the third.
+        {"after thrice a tenth",
+         {.duration = 0.1, .repeatDuration = 3 * 0.1, .fill = fill},
+         0.5,
+         after ? Phase{{1, 2}} : std::nullopt},
         {"after three tenths",
          {.duration = 0.1, .repeatDuration = 0.3, .fill = fill},
          0.5,

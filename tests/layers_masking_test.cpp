@@ -75,6 +75,15 @@ TEST(LayerMasking, OnlyTheAlphaOfAMaskCounts) {
   mask->setBackgroundColor(UIColor(0, 1, 0, 0.5));
   EXPECT_EQ(at(drawn(*layer, 1), 15, 15), (Rgba{128, 0, 0, 128}));
   EXPECT_EQ(pixels::paintedBox(drawn(*layer, 1)), (pixels::Box{10, 0, 30, 20}));
+  mask->setBackgroundColor(std::nullopt);
+  CGPath path;
+  path.addRect({0, 0, 20, 20});
+  mask->setPath(path);
+  mask->setFillColor(UIColor(0, 1, 0, 0.5));
+  EXPECT_EQ(at(drawn(*layer, 1), 15, 15), (Rgba{128, 0, 0, 128}));
+  mask->setPosition({500, 0});
+  EXPECT_EQ(pixels::paintedBox(drawn(*layer)), pixels::Box{});
+  mask->setPosition({20, 10});
   mask->setHidden(true);
   EXPECT_EQ(pixels::paintedBox(drawn(*layer)), pixels::Box{});
 }

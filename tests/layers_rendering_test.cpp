@@ -194,6 +194,18 @@ TEST(LayerRendering, SublayersAreDrawnByZAndThenInOrder) {
   EXPECT_EQ(at(drawn(*parent), 0, 0), pixels::kNone);
 }
 
+TEST(LayerRendering, ManySublayersOfOneHeightKeepTheirOrder) {
+  const auto parent = CALayer::layer();
+  for (int i = 0; i < 99; ++i) {
+    const auto layer = CALayer::layer();
+    layer->setBackgroundColor(UIColor(i / 98.0, 1 - i / 98.0, 0, 1));
+    layer->setFrame({0, 0, 10, 10});
+    layer->setZPosition(i % 3 == 0 ? 1 : 0);
+    parent->addSublayer(layer);
+  }
+  EXPECT_EQ(at(drawn(*parent), 0, 0), (Rgba{250, 5, 0, 255}));  // the 97th
+}
+
 TEST(LayerRendering, OpacityIsTheGroups) {
   const auto parent = CALayer::layer();
   for (int i = 0; i < 3; ++i) {

@@ -56,6 +56,7 @@ TEST(PathTrimming, CutsByLengthAlongAllSubpaths) {
   for (const Case& c : {
            Case{0, 0.125, polyline({{0, 0}, {10, 0}})},
            Case{0.0625, 0.1875, polyline({{5, 0}, {10, 0}, {10, 5}})},
+           Case{0.0625, 0.5, polyline({{5, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}})},
            Case{0.375, 0.5, polyline({{0, 10}, {0, 0}})},
            Case{0, 0.75, closedAndMore},
            Case{0.375, 0.75, across},

@@ -4,10 +4,12 @@
 
 #include <glyphwright/platform/vantel_kit.h>
 
+#include "animations_page.h"
 #include "gallery_page.h"
 #include "image_output.h"
 #include "output.h"
 #include "paintings_page.h"
+#include "png.h"
 #include "sheet_command.h"
 
 namespace glyphwright::cli {
@@ -26,12 +28,26 @@ void writePaintings(const std::filesystem::path& folder, Console& console) {
   }
 }
 
+void writeAnimations(const std::filesystem::path& folder, Console& console) {
+  writeOutput((folder / "animations.html").string(), animationsPage(), console);
+  for (const Showpiece& piece : showpieces()) {
+    const AnimatedPicture picture = renderAnimation(piece.options, console);
+    const std::string file = (folder / "animations" / piece.fileName()).string();
+    writeOutput(file + ".png", encodeAnimatedPng(picture), console);
+    const auto still =
+        static_cast<std::size_t>(piece.still * static_cast<double>(picture.frames.size()));
+    writeOutput(file + "-still.png",
+                encodePng(picture.pixelWidth, picture.pixelHeight, picture.frames[still]), console);
+  }
+}
+
 }  // namespace
 
 int runGallery(const GalleryOptions& options, Console& console) {
   const std::filesystem::path folder = options.folder;
   writeOutput((folder / "index.html").string(), galleryPage(), console);
   writePaintings(folder, console);
+  writeAnimations(folder, console);
   SheetOptions sheet;
   sheet.output = (folder / "sheet.png").string();
   return runSheet(sheet, console);

@@ -12,7 +12,8 @@ struct GalleryOptions {
 };
 
 /// Writes index.html, a page to browse the whole catalogue, and sheet.png, a contact sheet of all
-/// icons. The page needs nothing else.
+/// icons. The page needs nothing else. Beside it stand the pages of ready-made images and of
+/// animations with their pictures.
 int runGallery(const GalleryOptions& options, Console& console);
 
 }  // namespace glyphwright::cli

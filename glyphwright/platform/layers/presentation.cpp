@@ -104,7 +104,7 @@ void CALayer::setAnimatedValueForKey(const AnimationValue& value, std::string_vi
 
 std::optional<AnimationValue> CALayer::valueForKeyPath(std::string_view keyPath) const {
   const std::size_t dot = keyPath.find('.');
-  const std::optional<AnimationValue> whole = valueForKey(keyPath.substr(0, dot));
+  std::optional<AnimationValue> whole = valueForKey(keyPath.substr(0, dot));
   if (!whole || dot == std::string_view::npos) return whole;
   return partOfValue(*whole, keyPath.substr(dot + 1));
 }

@@ -13,7 +13,7 @@ namespace glyphwright::raster {
 inline constexpr int kCellMargin = 3;
 
 constexpr std::size_t cellStride(int width) {
-  return static_cast<std::size_t>((width + kCellMargin + kBlock - 1) / kBlock * kBlock);
+  return static_cast<std::size_t>(width + kCellMargin + kBlock - 1) / kBlock * kBlock;
 }
 
 /// The largest winding that 16-bit cells can hold; shapes that may wind further take 32-bit ones.

@@ -14,6 +14,7 @@
 
 #include <tools/animate_command.h>
 #include <tools/animated_picture.h>
+#include <tools/animations_page.h>
 #include <tools/color_reduction.h>
 #include <tools/console.h>
 #include <tools/path_morph.h>
@@ -166,6 +167,23 @@ TEST(AnimateCommand, RefusesWhatMakesNoPicture) {
   expectRefused("too many frames", [](AnimateOptions& o) { o.duration = 600; });
   expectRefused("too large", [](AnimateOptions& o) { o.scale = 1000; });
   EXPECT_THROW(animationKindFrom("spin"), UsageError);
+}
+
+TEST(AnimationsPage, NamesTheFilesOfItsShowpieces) {
+  std::ostringstream out;
+  std::ostringstream err;
+  Console console{out, err};
+  const std::string page = animationsPage();
+  for (Showpiece& piece : showpieces()) {
+    EXPECT_NE(page.find("\"animations/" + piece.fileName() + ".png\""), std::string::npos);
+    EXPECT_NE(page.find("\"animations/" + piece.fileName() + "-still.png\""), std::string::npos);
+    piece.options.framesPerSecond = 4;
+    const AnimatedPicture picture = renderAnimation(piece.options, console);
+    const auto still =
+        static_cast<std::size_t>(piece.still * static_cast<double>(picture.frames.size()));
+    EXPECT_FALSE(std::ranges::all_of(picture.frames.at(still), [](int byte) { return byte == 0; }))
+        << piece.fileName();
+  }
 }
 
 TEST(ColorReduction, KeepsAllColorsWhenTheyFit) {

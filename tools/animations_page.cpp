@@ -61,7 +61,7 @@ std::vector<Showpiece> showpieces() {
       piece(stroke, "schoolOutlineIconPath", "", "an outline being drawn", 0.5),
       piece(morph, "heartPath", "checkmarkPath", "a heart turning into a tick", 0.3),
       piece(morph, "playPath", "stopPath", "play turning into stop", 0.3),
-      piece(morph, "peopleBadge", "shieldIcon", "a badge turning into a shield", 0.3),
+      piece(morph, "peopleBadge", "heartPath", "a badge turning into a heart", 0.3),
       piece(morph, "chatBubble", "closedEnvelopePath", "a bubble turning into an envelope", 0.3),
   };
   pieces[1].options.gradient = IconGradient(

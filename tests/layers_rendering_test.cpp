@@ -65,14 +65,14 @@ TEST(LayerRendering, GradientsAreTheContextsOwn) {
                                     math::atan2(end.y - start.y, end.x - start.x));
        }},
   };
-  for (const auto& [type, draw] : kinds) {
-    layer->setType(type);
+  for (const auto& kind : kinds) {
+    layer->setType(kind.first);
     const UIImage byHand = drawn([&](CGContextRef context) {
       CGContextClipToRect(context, box);
-      draw(context);
+      kind.second(context);
     });
     pixels::expectSamePixels(drawn(*layer), byHand);
-    EXPECT_EQ(pixels::paintedBox(byHand), (pixels::Box{8, 4, 68, 44})) << type;
+    EXPECT_EQ(pixels::paintedBox(byHand), (pixels::Box{8, 4, 68, 44})) << kind.first;
   }
   layer->setType("spiral");
   const UIImage unknown = drawn(*layer);

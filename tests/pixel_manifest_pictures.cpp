@@ -137,10 +137,12 @@ void addReadyMade(std::vector<Picture>& list) {
   for (const cli::PaintingLook& look : cli::allPaintingLooks()) {
     std::string name = look.fileName();
     std::replace(name.begin(), name.end(), '.', '-');
-    list.push_back({std::move(name), [look] {
-                      const pixels::ScreenScale scale(2);
-                      return look.preset->draw(look.arguments);
-                    }});
+    for (const int scale : {1, 2, 3}) {
+      list.push_back({name + "@" + std::to_string(scale) + "x", [look, scale] {
+                        const pixels::ScreenScale screen(scale);
+                        return look.preset->draw(look.arguments);
+                      }});
+    }
   }
 }
 

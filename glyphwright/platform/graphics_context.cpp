@@ -251,6 +251,8 @@ void CGContext::beginGroup() {
   groups.push_back({std::nullopt, state.clip.bounds, state, saved.size()});
   state.alpha = 1;
   state.shadow.reset();
+  // The clip cuts the finished group once; applied inside as well, it would thin its edges twice.
+  state.clip.node = nullptr;
 }
 
 void CGContext::endGroup() {

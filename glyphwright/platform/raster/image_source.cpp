@@ -29,7 +29,14 @@ ImageSource::ImageSource(const ImagePixels& image, const CGAffineTransform& toDe
     return;
   }
   toImage_ = CGAffineTransformInvert(toDevice);
-  drawable_ = std::isfinite(toImage_.tx) && std::isfinite(toImage_.ty);
+  // An image drawn farther away or smaller than this shows nothing, and its coordinates would not
+  // fit into whole numbers.
+  constexpr double farthest = 1e9;
+  const auto within = [](double v, double limit) { return std::fabs(v) <= limit; };
+  drawable_ = within(toDevice.tx, farthest) && within(toDevice.ty, farthest) &&
+              within(toImage_.a, farthest) && within(toImage_.b, farthest) &&
+              within(toImage_.c, farthest) && within(toImage_.d, farthest) &&
+              within(toImage_.tx, farthest * farthest) && within(toImage_.ty, farthest * farthest);
   if (!drawable_) return;
   const bool isUpright = toDevice.b == 0 && toDevice.c == 0;
   if (isUpright && std::fabs(toDevice.a - 1) < 1e-9 && std::fabs(toDevice.d - 1) < 1e-9 &&

@@ -11,10 +11,11 @@ std::size_t bytes(const std::vector<T>& v) {
 }  // namespace
 
 void Scratch::trim() {
-  const std::size_t kept = bytes(devicePoints) + bytes(edges.storage) + bytes(polygons.points) +
-                           bytes(sortedEdges) + bytes(activeEdges) + bytes(narrowCells) +
-                           bytes(wideCells) + bytes(touched) + bytes(coverage) +
-                           bytes(clippedCoverage) + bytes(sourceRow);
+  const std::size_t kept = bytes(devicePoints) + bytes(edges.storage) + bytes(edges.cornerX) +
+                           bytes(edges.cornerY) + bytes(edges.contourEnds) +
+                           bytes(polygons.points) + bytes(sortedEdges) + bytes(activeEdges) +
+                           bytes(narrowCells) + bytes(wideCells) + bytes(touched) +
+                           bytes(coverage) + bytes(clippedCoverage) + bytes(sourceRow);
   if (kept > kKeptBytes) *this = Scratch{};
 }
 

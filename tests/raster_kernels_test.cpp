@@ -211,6 +211,10 @@ TEST_F(RasterKernels, EdgesCutAndCountTheSame) {
       EdgeRows plainRows = fastRows;
       Pieces fast;
       Pieces plain;
+      std::vector<std::int16_t> fastCells(416 * static_cast<std::size_t>(rows));
+      std::vector<std::int16_t> plainCells(fastCells.size());
+      std::vector<std::uint8_t> fastTouched(fastCells.size() / kBlock);
+      std::vector<std::uint8_t> plainTouched(fastTouched.size());
       do {
         fast_.cutEdges(fastRows, fast);
         plain_.cutEdges(plainRows, plain);
@@ -222,15 +226,24 @@ TEST_F(RasterKernels, EdgesCutAndCountTheSame) {
           ASSERT_EQ(fast.xb[i], plain.xb[i]);
           ASSERT_EQ(fast.cover[i], plain.cover[i]);
           ASSERT_EQ(fast.cell[i], plain.cell[i]);
-          ASSERT_EQ(fast.isWide[i], plain.isWide[i]);
-          if (fast.isWide[i] != 0) continue;
-          ASSERT_EQ(fast.amount0[i], plain.amount0[i]);
-          ASSERT_EQ(fast.amount1[i], plain.amount1[i]);
-          ASSERT_EQ(fast.amount2[i], plain.amount2[i]);
+          const auto bit = [&](const Pieces& p) { return p.wide[i / 8] >> i % 8 & 1; };
+          ASSERT_EQ(bit(fast), bit(plain));
+          int sum = 0;
+          for (int k = 0; k < kPieceCells; ++k) {
+            ASSERT_EQ(fast.amounts[i][k], plain.amounts[i][k]);
+            sum += fast.amounts[i][k];
+          }
           // Whatever the rounding, what a piece adds to its row is its height.
-          ASSERT_EQ(fast.amount0[i] + fast.amount1[i] + fast.amount2[i], fast.cover[i]);
+          ASSERT_EQ(sum, bit(fast) != 0 ? 0 : fast.cover[i]);
         }
+        if (fast.count % 8 != 0) {
+          ASSERT_EQ(fast.wide[fast.count / 8] >> fast.count % 8, 0) << "past the end";
+        }
+        fast_.addPieces(fast, fastCells.data(), fastTouched.data());
+        plain_.addPieces(plain, plainCells.data(), plainTouched.data());
       } while (fast.count > 0);
+      ASSERT_EQ(fastCells, plainCells);
+      ASSERT_EQ(fastTouched, plainTouched);
     }
   }
 }

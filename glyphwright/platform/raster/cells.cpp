@@ -1,7 +1,7 @@
 #include <glyphwright/platform/raster/cells.h>
 
 #include <algorithm>
-#include <cmath>
+#include <bit>
 
 namespace glyphwright::raster {
 namespace {
@@ -16,32 +16,42 @@ void change(Cell& cell, int amount) {
   cell = static_cast<Cell>(cell + amount);
 }
 
-// Adds pieces of edges to a band. Nearly all change three cells, which have been worked out many at
+// Adds pieces of edges to a band. Nearly all change four cells, which have been worked out many at
 // a time; wide ones are walked column by column.
-template <typename Cell, bool Tracked>
+template <typename Cell>
 class Accumulator {
  public:
-  explicit Accumulator(const CellBand<Cell>& band) : band_(band) {}
+  explicit Accumulator(const CellBand<Cell>& band, const Kernels& kernels)
+      : band_(band), kernels_(kernels) {}
 
   void add(const Pieces& pieces) {
-    for (std::size_t i = 0; i < pieces.count; ++i) {
-      const std::int32_t at = pieces.cell[i];
-      if (pieces.isWide[i] != 0) {
-        addWide(pieces.xa[i], pieces.xb[i], pieces.cover[i], at);
-        continue;
-      }
-      Cell* cell = band_.cells + at;
-      change(cell[0], pieces.amount0[i]);
-      change(cell[1], pieces.amount1[i]);
-      change(cell[2], pieces.amount2[i]);
-      if constexpr (Tracked) {
-        band_.touched[at >> kBlockShift] = 1;
-        band_.touched[(at + 2) >> kBlockShift] = 1;
+    if constexpr (sizeof(Cell) == 2) {
+      kernels_.addPieces(pieces, band_.cells, band_.touched);
+    } else {
+      addNarrow(pieces);
+    }
+    for (std::size_t group = 0; group * 8 < pieces.count; ++group) {
+      for (unsigned wide = pieces.wide[group]; wide != 0; wide &= wide - 1) {
+        const std::size_t i = group * 8 + static_cast<std::size_t>(std::countr_zero(wide));
+        addWide(pieces.xa[i], pieces.xb[i], pieces.cover[i], pieces.cell[i]);
       }
     }
   }
 
  private:
+  void addNarrow(const Pieces& pieces) {
+    for (std::size_t i = 0; i < pieces.count; ++i) {
+      const std::int32_t at = pieces.cell[i];
+      for (int k = 0; k < kPieceCells; ++k) change(band_.cells[at + k], pieces.amounts[i][k]);
+      touch(at, at + kPieceCells - 1);
+    }
+  }
+
+  void touch(std::int32_t from, std::int32_t to) {
+    if (band_.touched == nullptr) return;
+    for (std::int32_t b = from >> kBlockShift; b <= to >> kBlockShift; ++b) band_.touched[b] = 1;
+  }
+
   // Pixels left of the piece keep their sum; pixels right of it gain all of the cover; in between,
   // a pixel gains its share of area. Rounding sums instead of changes keeps every total exact.
   void addWide(float xa, float xb, int signedCover, std::int32_t firstCell) {
@@ -68,38 +78,24 @@ class Accumulator {
     const int next = std::max(cover - rounded(perPixel * inLast * inLast * 0.5F), 0);
     change(cell[0], sign * (next - sum));
     change(cell[1], sign * (cover - next));
-    if constexpr (Tracked) {
-      const std::int32_t lastBlock = (firstCell + last + 1 - first) >> kBlockShift;
-      for (std::int32_t b = firstCell >> kBlockShift; b <= lastBlock; ++b) {
-        band_.touched[b] = 1;
-      }
-    }
+    touch(firstCell, firstCell + last + 1 - first);
   }
 
   const CellBand<Cell>& band_;
+  const Kernels& kernels_;
 };
 
-template <typename Cell, bool Tracked>
-void accumulateInto(std::span<const Edge> edges, const CellBand<Cell>& band,
-                    const Kernels& kernels) {
-  Accumulator<Cell, Tracked> accumulator(band);
+}  // namespace
+
+template <typename Cell>
+void accumulate(std::span<const Edge> edges, const CellBand<Cell>& band, const Kernels& kernels) {
+  Accumulator<Cell> accumulator(band, kernels);
   EdgeRows rows{edges.data(), edges.size(), band.firstRow * kUnitsPerPixel, band.rows,
                 static_cast<std::int32_t>(band.stride)};
   Pieces pieces;
   while (kernels.cutEdges(rows, pieces), pieces.count > 0) {
     kernels.cellAmounts(pieces);
     accumulator.add(pieces);
-  }
-}
-
-}  // namespace
-
-template <typename Cell>
-void accumulate(std::span<const Edge> edges, const CellBand<Cell>& band, const Kernels& kernels) {
-  if (band.touched != nullptr) {
-    accumulateInto<Cell, true>(edges, band, kernels);
-  } else {
-    accumulateInto<Cell, false>(edges, band, kernels);
   }
 }
 

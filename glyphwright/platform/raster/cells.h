@@ -10,7 +10,7 @@
 namespace glyphwright::raster {
 
 /// An edge may write this many cells beyond the region's right side.
-inline constexpr int kCellMargin = 3;
+inline constexpr int kCellMargin = kPieceCells;
 
 constexpr std::size_t cellStride(int width) {
   return static_cast<std::size_t>(width + kCellMargin + kBlock - 1) / kBlock * kBlock;

@@ -167,6 +167,7 @@ void cutEdges(EdgeRows& rows, Pieces& p) {
 void cellAmounts(Pieces& p) {
   const __m256 half = _mm256_set1_ps(0.5F);
   const __m256 one = _mm256_set1_ps(1);
+  const __m256 two = _mm256_set1_ps(2);
   const auto units = [&](__m256 v) { return _mm256_cvttps_epi32(_mm256_add_ps(v, half)); };
   for (std::size_t i = 0; i < p.count; i += 8) {
     const __m256 xa = _mm256_loadu_ps(p.xa + i);
@@ -178,22 +179,56 @@ void cellAmounts(Pieces& p) {
     const __m256 start = _mm256_cvtepi32_ps(first);
     const __m256 a = _mm256_sub_ps(low, start);
     const __m256 b = _mm256_sub_ps(high, start);
-    const __m256 past = _mm256_max_ps(_mm256_sub_ps(b, one), _mm256_setzero_ps());
-    const __m256 length = _mm256_max_ps(_mm256_sub_ps(b, a), _mm256_set1_ps(1e-9F));
-    const __m256 lost =
-        _mm256_div_ps(_mm256_mul_ps(past, past), _mm256_mul_ps(_mm256_set1_ps(2), length));
+    const __m256 perLength =
+        _mm256_div_ps(half, _mm256_max_ps(_mm256_sub_ps(b, a), _mm256_set1_ps(1e-9F)));
+    const auto meanPast = [&](__m256 x) {
+      const __m256 past = _mm256_max_ps(_mm256_sub_ps(b, x), _mm256_setzero_ps());
+      return _mm256_mul_ps(_mm256_mul_ps(past, past), perLength);
+    };
+    const __m256 past1 = meanPast(one);
+    const __m256 past2 = meanPast(two);
     const __m256i cover = _mm256_abs_epi32(signedCover);
     const __m256 height = _mm256_cvtepi32_ps(cover);
     const __m256 share =
-        _mm256_add_ps(_mm256_sub_ps(one, _mm256_mul_ps(_mm256_add_ps(a, b), half)), lost);
+        _mm256_add_ps(_mm256_sub_ps(one, _mm256_mul_ps(_mm256_add_ps(a, b), half)), past1);
     const __m256i sum0 = units(_mm256_mul_ps(height, share));
-    const __m256i sum1 = _mm256_sub_epi32(cover, units(_mm256_mul_ps(height, lost)));
-    const __m256 wide = _mm256_cmp_ps(_mm256_sub_ps(high, low), one, _CMP_GT_OQ);
-    store(p.isWide + i, _mm256_castps_si256(wide));
+    const __m256i sum1 =
+        _mm256_sub_epi32(cover, units(_mm256_mul_ps(height, _mm256_sub_ps(past1, past2))));
+    const __m256i sum2 = _mm256_sub_epi32(cover, units(_mm256_mul_ps(height, past2)));
+    const __m256 wide =
+        _mm256_cmp_ps(_mm256_sub_ps(high, low), _mm256_set1_ps(kPieceCells - 2), _CMP_GT_OQ);
+    p.wide[i / 8] = static_cast<std::uint8_t>(_mm256_movemask_ps(wide));
     store(p.cell + i, _mm256_add_epi32(load(p.cell + i), first));
-    store(p.amount0 + i, _mm256_sign_epi32(sum0, signedCover));
-    store(p.amount1 + i, _mm256_sign_epi32(_mm256_sub_epi32(sum1, sum0), signedCover));
-    store(p.amount2 + i, _mm256_sign_epi32(_mm256_sub_epi32(cover, sum1), signedCover));
+    // Each piece's four amounts side by side; none for the wide ones.
+    const __m256i sign = _mm256_andnot_si256(_mm256_castps_si256(wide), signedCover);
+    const auto pair = [&](__m256i even, __m256i odd) {
+      const __m256i low16 = _mm256_set1_epi32(0xFFFF);
+      return _mm256_or_si256(_mm256_and_si256(_mm256_sign_epi32(even, sign), low16),
+                             _mm256_slli_epi32(_mm256_sign_epi32(odd, sign), 16));
+    };
+    const __m256i pair01 = pair(sum0, _mm256_sub_epi32(sum1, sum0));
+    const __m256i pair23 = pair(_mm256_sub_epi32(sum2, sum1), _mm256_sub_epi32(cover, sum2));
+    const __m256i a0145 = _mm256_unpacklo_epi32(pair01, pair23);
+    const __m256i a2367 = _mm256_unpackhi_epi32(pair01, pair23);
+    store(p.amounts[i], _mm256_permute2x128_si256(a0145, a2367, 0x20));
+    store(p.amounts[i + 4], _mm256_permute2x128_si256(a0145, a2367, 0x31));
+  }
+  // The last eight may be fewer.
+  if (p.count % 8 != 0) {
+    std::uint8_t& last = p.wide[p.count / 8];
+    last = static_cast<std::uint8_t>(last & ((1 << p.count % 8) - 1));
+  }
+}
+
+void addPieces(const Pieces& p, std::int16_t* cells, std::uint8_t* touched) {
+  static_assert(kPieceCells == 4);  // one 64-bit word
+  for (std::size_t i = 0; i < p.count; ++i) {
+    auto* cell = reinterpret_cast<__m128i*>(cells + p.cell[i]);
+    const __m128i amounts = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p.amounts[i]));
+    _mm_storel_epi64(cell, _mm_add_epi16(_mm_loadl_epi64(cell), amounts));
+    if (touched == nullptr) continue;
+    touched[p.cell[i] >> kBlockShift] = 1;
+    touched[(p.cell[i] + kPieceCells - 1) >> kBlockShift] = 1;
   }
 }
 

@@ -8,5 +8,6 @@ namespace glyphwright::raster::avx2 {
 int sampleCurve(const double* points, const CurveFrame& frame, float* x, std::int32_t* y);
 void cutEdges(EdgeRows& rows, Pieces& pieces);
 void cellAmounts(Pieces& pieces);
+void addPieces(const Pieces& pieces, std::int16_t* cells, std::uint8_t* touched);
 
 }  // namespace glyphwright::raster::avx2

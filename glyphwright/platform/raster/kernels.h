@@ -72,6 +72,9 @@ struct EdgeRows {
   std::int32_t nextRow = 0;
 };
 
+/// A piece changes this many cells side by side, if it is not wider than two pixels.
+inline constexpr int kPieceCells = 4;
+
 /// Pieces of edges, each inside one row.
 struct Pieces {
   static constexpr std::size_t kCapacity = 128;
@@ -79,13 +82,12 @@ struct Pieces {
   float xa[kCapacity];  // in pixels from the row's start, never below 0 by more than a hair
   float xb[kCapacity];
   std::int32_t cover[kCapacity];  // height in units, negative for pieces running up
-  /// The row's first cell; becomes the first of the three cells that the piece changes.
+  /// The row's first cell; becomes the first of the cells that the piece changes.
   std::int32_t cell[kCapacity];
-  std::int32_t amount0[kCapacity];
-  std::int32_t amount1[kCapacity];
-  std::int32_t amount2[kCapacity];
-  /// Not 0 for a piece wider than a pixel, which three cells cannot hold; its amounts mean nothing.
-  std::int32_t isWide[kCapacity];
+  /// What the cells change by: nothing for pieces that are too wide.
+  std::int16_t amounts[kCapacity][kPieceCells];
+  /// A bit for each of eight pieces, set for those that are too wide.
+  std::uint8_t wide[kCapacity / 8];
 };
 
 /// Rows of cells to be painted. They are set back to zero.
@@ -111,6 +113,9 @@ struct Kernels {
   void (*cutEdges)(EdgeRows& rows, Pieces& pieces);
   /// Works out which cells the pieces change, and by how much.
   void (*cellAmounts)(Pieces& pieces);
+  /// Adds the amounts to the cells, and sets the bytes of the blocks that they lie in to 1, unless
+  /// `touched` is null.
+  void (*addPieces)(const Pieces& pieces, std::int16_t* cells, std::uint8_t* touched);
   /// Sums `count` cells (a multiple of kBlock) from `carry` on, folds the winding by the rule into
   /// coverage, sets the cells back to zero and gives the sum.
   int (*sumNarrow)(std::int16_t* cells, std::size_t count, int carry, FillRule rule,

@@ -86,8 +86,8 @@ void cutEdges(EdgeRows& rows, Pieces& p) {
 // A piece from xa to xb covers `cover` units of its row. With x counted from the left side of the
 // pixel where the piece begins, that pixel is covered to the right of the piece, by 1 − x on
 // average over the piece; but where the piece has run on into the next pixel (x above 1), the first
-// one loses nothing more, and the next one loses x − 1. Sums are rounded, not changes, and the last
-// one is the cover itself, so a row's total is exact.
+// one loses nothing more, and the next one loses x − 1, until the one after that does. Sums are
+// rounded, not changes, and the last one is the cover itself, so a row's total is exact.
 void cellAmounts(Pieces& p) {
   for (std::size_t i = 0; i < p.count; ++i) {
     const float low = std::min(p.xa[i], p.xb[i]);
@@ -95,32 +95,54 @@ void cellAmounts(Pieces& p) {
     const int first = static_cast<int>(low);
     const float a = low - static_cast<float>(first);
     const float b = high - static_cast<float>(first);
-    const float past = std::max(b - 1.0F, 0.0F);
-    // The mean of x − 1 where x is above 1. An upright piece has no width, and is never past.
-    const float lost = past * past / (2.0F * std::max(b - a, 1e-9F));
+    // An upright piece has no width, and is never past.
+    const float perLength = 0.5F / std::max(b - a, 1e-9F);
+    const auto meanPast = [&](float x) {
+      const float past = std::max(b - x, 0.0F);
+      return past * past * perLength;
+    };
+    const float past1 = meanPast(1);
+    const float past2 = meanPast(2);
     const int sign = p.cover[i] < 0 ? -1 : 1;
     const int cover = p.cover[i] * sign;
     const auto height = static_cast<float>(cover);
-    const float share = 1.0F - (a + b) * 0.5F + lost;
-    const int sum0 = static_cast<int>(height * share + 0.5F);
-    const int sum1 = cover - static_cast<int>(height * lost + 0.5F);
-    p.isWide[i] = high - low > 1.0F ? -1 : 0;
+    const auto units = [&](float share) { return static_cast<int>(height * share + 0.5F); };
+    const int sum0 = units(1.0F - (a + b) * 0.5F + past1);
+    const int sum1 = cover - units(past1 - past2);
+    const int sum2 = cover - units(past2);
+    const bool isWide = high - low > kPieceCells - 2;
+    const int kept = isWide ? 0 : sign;
+    if (i % 8 == 0) p.wide[i / 8] = 0;
+    p.wide[i / 8] = static_cast<std::uint8_t>(p.wide[i / 8] | (isWide ? 1 << i % 8 : 0));
     p.cell[i] += first;
-    p.amount0[i] = sign * sum0;
-    p.amount1[i] = sign * (sum1 - sum0);
-    p.amount2[i] = sign * (cover - sum1);
+    p.amounts[i][0] = static_cast<std::int16_t>(kept * sum0);
+    p.amounts[i][1] = static_cast<std::int16_t>(kept * (sum1 - sum0));
+    p.amounts[i][2] = static_cast<std::int16_t>(kept * (sum2 - sum1));
+    p.amounts[i][3] = static_cast<std::int16_t>(kept * (cover - sum2));
   }
 }
 
-// From winding × coverage in 1/1024 to a 15-bit fraction: × 32, less one at the very top.
-std::uint16_t foldWinding(int sum, FillRule rule) {
-  int units = 0;
-  if (rule == FillRule::nonZero) {
-    units = std::min(std::abs(sum), kUnitsPerPixel);
-  } else {
-    const int phase = sum & (2 * kUnitsPerPixel - 1);
-    units = std::min(phase, 2 * kUnitsPerPixel - phase);
+void addPieces(const Pieces& p, std::int16_t* cells, std::uint8_t* touched) {
+  for (std::size_t i = 0; i < p.count; ++i) {
+    std::int16_t* cell = cells + p.cell[i];
+    for (int k = 0; k < kPieceCells; ++k) {
+      cell[k] = static_cast<std::int16_t>(cell[k] + p.amounts[i][k]);
+    }
+    if (touched == nullptr) continue;
+    touched[p.cell[i] >> kBlockShift] = 1;
+    touched[(p.cell[i] + kPieceCells - 1) >> kBlockShift] = 1;
   }
+}
+
+// From winding × coverage in 1/1024 to coverage in 1/1024.
+int foldWinding(int sum, FillRule rule) {
+  if (rule == FillRule::nonZero) return std::min(std::abs(sum), kUnitsPerPixel);
+  const int phase = sum & (2 * kUnitsPerPixel - 1);
+  return std::min(phase, 2 * kUnitsPerPixel - phase);
+}
+
+// To a 15-bit fraction: × 32, less one at the very top.
+std::uint16_t toFraction(int units) {
   return static_cast<std::uint16_t>((units << 5) - (units >> 10));
 }
 
@@ -130,7 +152,7 @@ int sum(Cell* cells, std::size_t count, int carry, FillRule rule, std::uint16_t*
     // The sums wrap like the cells do; within the winding limit the true sum never does.
     carry = static_cast<Cell>(carry + cells[i]);
     cells[i] = 0;
-    coverage[i] = foldWinding(carry, rule);
+    coverage[i] = toFraction(foldWinding(carry, rule));
   }
   return carry;
 }
@@ -176,8 +198,27 @@ void blendPixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t 
   }
 }
 
-template <auto paint>
-void paintCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+// Coverage in 1/1024 times a channel in 1/32 level is 2¹⁵ to a level: one product with one rounding
+// makes the byte.
+void writeCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                const SolidColor& color) {
+  for (std::size_t row = 0; row < rows.rows; ++row) {
+    std::int16_t* cells = rows.cells + row * rows.stride;
+    std::uint8_t* to = rgba + row * rowBytes;
+    std::int16_t sum = 0;
+    for (std::size_t x = 0; x < rows.stride; ++x) {
+      sum = static_cast<std::int16_t>(sum + cells[x]);
+      cells[x] = 0;
+      if (x >= rows.width) continue;
+      const int units = foldWinding(sum, rows.rule);
+      for (const std::int16_t channel : color.channels) {
+        *to++ = static_cast<std::uint8_t>(scaled(channel >> 1, units));
+      }
+    }
+  }
+}
+
+void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                 const SolidColor& color) {
   for (std::size_t row = 0; row < rows.rows; ++row) {
     std::int16_t* cells = rows.cells + row * rows.stride;
@@ -187,7 +228,7 @@ void paintCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
       carry = sum(cells + x, kBlock, carry, rows.rule, coverage);
       if (x >= rows.width) continue;
       const std::size_t count = std::min(rows.width - x, std::size_t{kBlock});
-      paint(rgba + row * rowBytes + x * 4, coverage, count, color);
+      blendSolid(rgba + row * rowBytes + x * 4, coverage, count, color);
     }
   }
 }
@@ -216,20 +257,23 @@ void filter(std::uint16_t* out, const std::uint16_t* const* rows, const std::int
   }
 }
 
-constexpr Kernels kScalar{sampleCurve,
-                          cutEdges,
-                          cellAmounts,
-                          sum<std::int16_t>,
-                          sum<std::int32_t>,
-                          paintCells<writeSolid>,
-                          paintCells<blendSolid>,
-                          writeSolid,
-                          blendSolid,
-                          writePixels,
-                          blendPixels,
-                          multiplyCoverage,
-                          scaleCoverage,
-                          filter};
+constexpr Kernels kScalar{
+    .sampleCurve = sampleCurve,
+    .cutEdges = cutEdges,
+    .cellAmounts = cellAmounts,
+    .addPieces = addPieces,
+    .sumNarrow = sum<std::int16_t>,
+    .sumWide = sum<std::int32_t>,
+    .writeCells = writeCells,
+    .blendCells = blendCells,
+    .writeSolid = writeSolid,
+    .blendSolid = blendSolid,
+    .writePixels = writePixels,
+    .blendPixels = blendPixels,
+    .multiplyCoverage = multiplyCoverage,
+    .scaleCoverage = scaleCoverage,
+    .filter = filter,
+};
 
 }  // namespace
 

@@ -9,10 +9,10 @@
 #include <glyphwright/bezier_path.h>
 #include <glyphwright/catalogue/icons.h>
 #include <glyphwright/platform/image.h>
-#include <glyphwright/platform/vantel_kit.h>
 #include <glyphwright/rendering/icon_attributes.h>
 
 #include "cli_program.h"
+#include "pixels.h"
 #include "tools/png.h"
 
 namespace glyphwright {
@@ -36,7 +36,7 @@ IconAttributes plain() {
 }
 
 std::string pixelsOf(const UIBezierPath& path, const IconAttributes& attributes) {
-  VantelKit::Screen::setScale(1);
+  const pixels::ScreenScale scale(1);
   const UIImage image = path.makeImage(attributes);
   const auto rgba = image.cgImage().rgba();
   return {rgba.begin(), rgba.end()};

@@ -99,6 +99,7 @@ TEST(PresetsSizes, TheCamerasDiscFollowsTheSizeTheCameraDoesNot) {
 }
 
 TEST(PresetsSizes, TheSafebeamsBackgroundMayBeClear) {
+  const ScreenScale screen(2);
   const UIImage with = createSafebeamIcon({31, 31}, false, true);
   const UIImage without = createSafebeamIcon({31, 31}, false, false);
   const UIImage selected = createSafebeamIcon({31, 31}, true, true);

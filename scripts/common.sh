@@ -3,6 +3,7 @@
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 jobs=$(nproc 2>/dev/null || echo 2)
 export CCACHE_DIR=${CCACHE_DIR:-$root/build/ccache}
+export CCACHE_SLOPPINESS=pch_defines,time_macros  # or files with precompiled headers are not kept
 
 say() { printf '\n== %s\n' "$*"; }
 

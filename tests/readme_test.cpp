@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -7,7 +8,7 @@
 namespace {
 
 std::string contentsOf(const std::string& path) {
-  std::ifstream file(std::string(GLYPHWRIGHT_SOURCE_DIR) + "/" + path);
+  std::ifstream file(std::filesystem::path(GLYPHWRIGHT_SOURCE_DIR) / path);
   std::ostringstream text;
   text << file.rdbuf();
   return text.str();

@@ -1,6 +1,9 @@
 // The loops of this machine against the scalar ones that explain them: equal bit for bit.
 
+#include <cmath>
 #include <cstdint>
+#include <cstring>
+#include <limits>
 #include <random>
 #include <vector>
 
@@ -168,6 +171,44 @@ TEST_F(RasterKernels, CoverageMultipliesAndFiltersTheSame) {
     plain_.filter(plain.data(), rows.data(), taps.data(), reach, kCount);
     ASSERT_EQ(fast, plain) << "reach " << reach;
   }
+}
+
+TEST_F(RasterKernels, PointsMapAndBoxTheSame) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+  const double matrix[] = {1.5, -0.25, 0.125, 3, -7, 1e3};
+  // Both zeros: which of them is the least must not depend on the machine either.
+  const double odd[] = {0.0, -0.0, kInfinity, -kInfinity, kNaN, 1e300};
+  const auto expectSame = [](const PointBox& a, const PointBox& b) {
+    EXPECT_EQ(std::memcmp(&a, &b, 4 * sizeof(double)), 0);
+    EXPECT_EQ(a.hasNaN, b.hasNaN);
+  };
+  for (std::size_t count = 0; count < 12; ++count) {
+    for (int round = 0; round < 200; ++round) {
+      std::vector<double> points(2 * count);
+      const int rare = round % 3;  // none, zeros only, all odd ones
+      for (double& v : points) {
+        v = real(-9, 9);
+        if (rare == 1 && upTo(1) == 0) v = odd[upTo(1)];
+        if (rare == 2 && upTo(5) == 0) v = odd[upTo(5)];
+      }
+      expectSame(fast_.boxPoints(points.data(), count), plain_.boxPoints(points.data(), count));
+      std::vector<double> fast = points;
+      std::vector<double> plain(points.size());
+      expectSame(fast_.mapPoints(fast.data(), count, matrix, fast.data()),
+                 plain_.mapPoints(points.data(), count, matrix, plain.data()));
+      for (std::size_t i = 0; i < points.size(); ++i) {
+        ASSERT_TRUE(fast[i] == plain[i] || (std::isnan(fast[i]) && std::isnan(plain[i])));
+      }
+    }
+  }
+  const double corners[] = {4, -1, kNaN, 8, -3, 2};
+  const PointBox box = fast_.boxPoints(corners, 3);
+  EXPECT_EQ(box.minX, -3);
+  EXPECT_EQ(box.minY, -1);
+  EXPECT_EQ(box.maxX, 4);
+  EXPECT_EQ(box.maxY, 8);
+  EXPECT_TRUE(box.hasNaN);
 }
 
 TEST_F(RasterKernels, CurvesSampleTheSame) {

@@ -10,7 +10,9 @@ namespace {
 
 // The elements are there already; what is left is to lay their points side by side. Which step is a
 // curve cannot be foretold, so every step writes three points and goes on by as many as count.
-CGPath joined(std::span<const Step> steps, std::size_t pointTotal) {
+CGPath joined(std::span<const Step> steps) {
+  std::size_t pointTotal = 0;
+  for (const Step& step : steps) pointTotal += pointCount(step.verb);
   std::vector<PathVerb> verbs(steps.size());
   std::vector<CGPoint> points(pointTotal + 3);
   PathVerb* verb = verbs.data();
@@ -54,15 +56,7 @@ CGPath drawn(std::span<const Step> steps) {
 
 UIBezierPath outline(std::span<const Step> steps) {
   // Steps that skip a move are filled in call by call.
-  std::size_t pointTotal = 0;
-  bool isComplete = true;
-  PathVerb before = PathVerb::close;
-  for (const Step& step : steps) {
-    pointTotal += pointCount(step.verb);
-    isComplete &= before != PathVerb::close || step.verb == PathVerb::move;
-    before = step.verb;
-  }
-  return UIBezierPath::bezierPathWithCGPath(isComplete ? joined(steps, pointTotal) : drawn(steps));
+  return UIBezierPath::bezierPathWithCGPath(isComplete(steps) ? joined(steps) : drawn(steps));
 }
 
 UIBezierPath evenOddOutline(std::span<const Step> steps) {

@@ -141,8 +141,8 @@ UIBezierPath scaledBoard(UIBezierPath path, CGSize size, CGFloat width, CGFloat 
 // The sign's three pieces with its board's corner at (inset, inset).
 UIBezierPath cameraSign(CGFloat inset, const CGRect& dot) {
   UIBezierPath path;
-  path.appendPath(outline(kCameraFrame));
-  path.appendPath(outline(kCameraLens));
+  path.appendPath(outline<kCameraFrame>());
+  path.appendPath(outline<kCameraLens>());
   path.applyTransform(CGAffineTransformMakeTranslation(inset, inset));
   path.appendPath(UIBezierPath::bezierPathWithOvalInRect(dot));
   return path;
@@ -151,23 +151,23 @@ UIBezierPath cameraSign(CGFloat inset, const CGRect& dot) {
 }  // namespace
 
 UIBezierPath UIBezierPath::caretIcon(CGSize withSize) {
-  UIBezierPath path = evenOddOutline(kCaret);
+  UIBezierPath path = evenOddOutline<kCaret>();
   path.translateToZeroPoint();
   return scaledBoard(std::move(path), withSize, 12.9, 22);
 }
 
 UIBezierPath UIBezierPath::checkmark(CGSize withSize) {
-  UIBezierPath path = evenOddOutline(kCheckmark);
+  UIBezierPath path = evenOddOutline<kCheckmark>();
   path.translateToZeroPoint();
   return scaledBoard(std::move(path), withSize, 13, 10);
 }
 
 UIBezierPath UIBezierPath::thickCheckmark(CGSize withSize) {
-  return scaledBoard(evenOddOutline(kThickCheckmark), withSize, 17, 13);
+  return scaledBoard(evenOddOutline<kThickCheckmark>(), withSize, 17, 13);
 }
 
 UIBezierPath UIBezierPath::thickX(CGSize withSize) {
-  return scaledBoard(evenOddOutline(kThickX), withSize, 14, 14);
+  return scaledBoard(evenOddOutline<kThickX>(), withSize, 14, 14);
 }
 
 UIBezierPath UIBezierPath::thinX(CGSize withSize, CGPoint offset) {

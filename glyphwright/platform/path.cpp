@@ -6,6 +6,7 @@
 #include <utility>
 
 #include <glyphwright/platform/math.h>
+#include <glyphwright/platform/raster/kernels.h>
 
 namespace glyphwright {
 namespace {
@@ -228,10 +229,12 @@ void CGPath::addPath(const CGPath& other) {
 }
 
 void CGPath::applyTransform(const CGAffineTransform& transform) {
-  for (CGPoint& point : points_) point = CGPointApplyAffineTransform(point, transform);
+  if (verbs_.empty()) return;
+  const CGFloat matrix[] = {transform.a, transform.b,  transform.c,
+                            transform.d, transform.tx, transform.ty};
+  raster::kernels().mapPoints(&points_.front().x, points_.size(), matrix, &points_.front().x);
   current_ = CGPointApplyAffineTransform(current_, transform);
   subpathStart_ = CGPointApplyAffineTransform(subpathStart_, transform);
-  if (verbs_.empty()) current_ = subpathStart_ = {};
 }
 
 CGPath CGPath::reversed() const {
@@ -277,25 +280,15 @@ CGPath CGPath::reversed() const {
 }
 
 CGRect CGPath::boundingBox() const {
-  constexpr CGFloat infinity = std::numeric_limits<CGFloat>::infinity();
-  CGFloat minX = infinity;
-  CGFloat minY = infinity;
-  CGFloat maxX = -infinity;
-  CGFloat maxY = -infinity;
+  const raster::Kernels& kernels = raster::kernels();
+  raster::PointBox box = kernels.boxPoints(nullptr, 0);
   bool any = false;
   const auto add = [&](std::size_t from, std::size_t end) {
     if (from == end) return;
-    if (!any) {
-      minX = maxX = points_[from].x;
-      minY = maxY = points_[from].y;
-      any = true;
-    }
-    for (const CGPoint* p = points_.data() + from; p != points_.data() + end; ++p) {
-      minX = std::min(minX, p->x);
-      minY = std::min(minY, p->y);
-      maxX = std::max(maxX, p->x);
-      maxY = std::max(maxY, p->y);
-    }
+    const raster::PointBox part = kernels.boxPoints(&points_[from].x, end - from);
+    box = {std::min(box.minX, part.minX), std::min(box.minY, part.minY),
+           std::max(box.maxX, part.maxX), std::max(box.maxY, part.maxY), false};
+    any = true;
   };
   // Everything between lone moves in one go.
   std::size_t from = 0;
@@ -311,7 +304,7 @@ CGRect CGPath::boundingBox() const {
   }
   add(from, at);
   if (!any) return CGRectNull;
-  return {minX, minY, maxX - minX, maxY - minY};
+  return {box.minX, box.minY, box.maxX - box.minX, box.maxY - box.minY};
 }
 
 bool CGPath::isFinite() const {

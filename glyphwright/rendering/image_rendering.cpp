@@ -57,8 +57,12 @@ UIBezierPath pathOrEmpty(VNTLIconType icon) {
 
 }  // namespace
 
-UIImage UIBezierPath::imageWithAttributes(const AttributeDictionary& attributes) const {
+UIImage UIBezierPath::imageWithAttributes(const AttributeDictionary& attributes) const& {
   return paintIcon(*this, Placement::asItIs, attributes);
+}
+
+UIImage UIBezierPath::imageWithAttributes(const AttributeDictionary& attributes) && {
+  return paintIcon(std::move(*this), Placement::asItIs, attributes);
 }
 
 UIImage UIBezierPath::imageWithIcon(VNTLIconType icon, const AttributeDictionary& attributes) {

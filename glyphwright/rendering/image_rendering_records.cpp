@@ -46,8 +46,12 @@ UIImage paintIcon(UIBezierPath path, const IconAttributes& attributes) {
 
 }  // namespace
 
-UIImage UIBezierPath::makeImage(const IconAttributes& attributes) const {
+UIImage UIBezierPath::makeImage(const IconAttributes& attributes) const& {
   return paintIcon(*this, attributes);
+}
+
+UIImage UIBezierPath::makeImage(const IconAttributes& attributes) && {
+  return paintIcon(std::move(*this), attributes);
 }
 
 UIImage UIBezierPath::newImage(const Pathable& with, const IconAttributes& attributes) {

@@ -36,7 +36,7 @@ UIBezierPath UIBezierPath::rightArrowStemPath() {
       curve(12, 15.2, 12.36, 16, 12, 15.64),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::disclosureArrowPath() {
@@ -64,7 +64,7 @@ UIBezierPath UIBezierPath::navigationArrowLeftPath() {
       line(5.16, 12),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::navigationArrowDownPath() {
@@ -77,7 +77,7 @@ UIBezierPath UIBezierPath::navigationArrowRightPath() {
 
 UIBezierPath UIBezierPath::dropDownArrowIcon() {
   static constexpr Step steps[] = {move(0, 0), line(6, 6), line(12, 0), line(0, 0), close()};
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::globalTutorialUpArrowPath() {
@@ -122,7 +122,7 @@ UIBezierPath UIBezierPath::globalTutorialUpArrowPath() {
       line(12, 72.5),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // A stroke look: the open head has full round ends, the stem widens into it over small fillets.
@@ -147,7 +147,7 @@ UIBezierPath UIBezierPath::arrowPath() {
       line(5.87, 0.3),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::arrowUpOutPath() {
@@ -191,7 +191,7 @@ UIBezierPath UIBezierPath::arrowUpOutPath() {
       curve(13, 0, 12, 0.45, 12.45, 0),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::undoArrowPath() {
@@ -220,7 +220,7 @@ UIBezierPath UIBezierPath::undoArrowPath() {
       line(7.32, 6.39),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::anchorArrowPath() {
@@ -250,7 +250,7 @@ UIBezierPath UIBezierPath::anchorArrowPath() {
       curve(1.5, 15, 0, 15.67, 0.67, 15),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::anchorArrowUpPath() {
@@ -280,7 +280,7 @@ UIBezierPath UIBezierPath::anchorArrowUpPath() {
       line(10, 10.12),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::expandableArrowDownIcon() {
@@ -300,7 +300,7 @@ UIBezierPath UIBezierPath::expandableArrowDownIcon() {
       line(10, 7.89),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::webViewBackIcon() {
@@ -308,7 +308,7 @@ UIBezierPath UIBezierPath::webViewBackIcon() {
       move(0, 10.5),   line(10.67, 0),  line(12, 1.35), line(2.71, 10.5),
       line(12, 19.65), line(10.67, 21), line(0, 10.5),  close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 }  // namespace glyphwright

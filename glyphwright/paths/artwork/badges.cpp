@@ -107,7 +107,7 @@ UIBezierPath UIBezierPath::verifiedBadgePath() {
       curve(16.1, 8.07, 16.59, 7.75, 16.31, 7.86),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::peopleBadge() {
@@ -141,13 +141,13 @@ UIBezierPath UIBezierPath::peopleBadge() {
       curve(18.08, 15.1, 22.28, 17, 20.52, 15.1),
       close(),
   };
-  UIBezierPath path = outline(hexagon);
-  path.appendPath(outline(steps));
+  UIBezierPath path = outline<hexagon>();
+  path.appendPath(outline<steps>());
   return path;
 }
 
 UIBezierPath UIBezierPath::badgeOutline() {
-  return outline(hexagon);
+  return outline<hexagon>();
 }
 
 UIBezierPath UIBezierPath::profileBadgeInstagram() {
@@ -194,8 +194,8 @@ UIBezierPath UIBezierPath::profileBadgeInstagram() {
       curve(13.65, 5.45, 14.55, 5.85, 14.15, 5.45),
       close(),
   };
-  UIBezierPath path = evenOddOutline(squircle);
-  path.appendPath(outline(steps));
+  UIBezierPath path = evenOddOutline<squircle>();
+  path.appendPath(outline<steps>());
   return path;
 }
 
@@ -219,8 +219,8 @@ UIBezierPath UIBezierPath::profileBadgePrompt() {
       curve(12.66, 10.69, 10.9, 9.4, 11.61, 10.36),
       close(),
   };
-  UIBezierPath path = outline(squircle);
-  path.appendPath(outline(sign));
+  UIBezierPath path = outline<squircle>();
+  path.appendPath(outline<sign>());
   return path;
 }
 
@@ -264,8 +264,8 @@ UIBezierPath UIBezierPath::profileBadgeSpotify() {
       curve(5.85, 12.78, 8.59, 12.15, 7.19, 12.36),
       close(),
   };
-  UIBezierPath path = outline(squircle);
-  path.appendPath(outline(sign));
+  UIBezierPath path = outline<squircle>();
+  path.appendPath(outline<sign>());
   return path;
 }
 
@@ -315,8 +315,8 @@ UIBezierPath UIBezierPath::profileBadgeSchool() {
       line(16.98, 10.6),
       close(),
   };
-  UIBezierPath path = evenOddOutline(squircle);
-  path.appendPath(outline(sign));
+  UIBezierPath path = evenOddOutline<squircle>();
+  path.appendPath(outline<sign>());
   return path;
 }
 
@@ -363,8 +363,8 @@ UIBezierPath UIBezierPath::profileBadgeJob() {
       line(4.4, 11.4),
       close(),
   };
-  UIBezierPath path = evenOddOutline(squircle);
-  path.appendPath(outline(sign));
+  UIBezierPath path = evenOddOutline<squircle>();
+  path.appendPath(outline<sign>());
   return path;
 }
 
@@ -426,7 +426,7 @@ UIBezierPath UIBezierPath::profileTappyIndicator() {
       curve(0.45, 5.99, 0.4, 6.19, 0.41, 6.08),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 }  // namespace glyphwright

@@ -55,9 +55,9 @@ UIBezierPath UIBezierPath::vantelUIcon() {
       move(220, 30),  line(235, 30),  line(235, 90), line(239.92, 136), line(233, 150),
       line(216, 150), line(209, 136), line(220, 90), line(220, 30),     close(),
   };
-  UIBezierPath path = outline(letter);
-  path.appendPath(outline(board));
-  path.appendPath(outline(tassel));
+  UIBezierPath path = outline<letter>();
+  path.appendPath(outline<board>());
+  path.appendPath(outline<tassel>());
   return path;
 }
 
@@ -107,7 +107,7 @@ UIBezierPath UIBezierPath::appIconPath() {
       line(11.79, 12.66),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // The brand mark: two tongues of flame rising as a letter V from a nib-like foot.
@@ -146,7 +146,7 @@ UIBezierPath UIBezierPath::flamePath() {
       curve(9.67, 13.83, 9.87, 13.66, 9.75, 13.73),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::flameWithPlus() {
@@ -203,7 +203,7 @@ UIBezierPath UIBezierPath::flameWithPlus() {
       curve(23.5, 0, 22.3, 0.54, 22.84, 0),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::flameWithSparkle() {
@@ -256,7 +256,7 @@ UIBezierPath UIBezierPath::flameWithSparkle() {
       curve(23.15, 0, 22.7, 0.2, 22.9, 0),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // Evening game night: a die in the arms of the moon.
@@ -324,7 +324,7 @@ UIBezierPath UIBezierPath::duskplayLogo() {
       curve(37.01, 14.63, 39.06, 15.55, 38.14, 14.63),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::fastChatLogo() {
@@ -395,7 +395,7 @@ UIBezierPath UIBezierPath::fastChatLogo() {
       curve(2.7, 12.85, 1.35, 13.45, 1.95, 12.85),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // A disc with three level sound arcs.
@@ -450,7 +450,7 @@ UIBezierPath UIBezierPath::spotifyLogoPath() {
       curve(11.3, 26.77, 15.03, 25.32, 13.11, 25.91),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::spotifyThemeSongSearchIcon() {
@@ -497,7 +497,7 @@ UIBezierPath UIBezierPath::spotifyThemeSongSearchIcon() {
       line(9.8, 11.28),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 // A whole apple with one leaf, in plain geometry.
@@ -522,7 +522,7 @@ UIBezierPath UIBezierPath::appleLogo() {
       curve(10.53, 4.99, 15.04, 3.03, 13.07, 4.85),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // A disc with a lower-case letter opening through its foot.
@@ -550,7 +550,7 @@ UIBezierPath UIBezierPath::facebookLogo() {
       curve(18, 9.05, 14.71, 17.32, 18, 13.57),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 }  // namespace glyphwright

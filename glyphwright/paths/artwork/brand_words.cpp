@@ -130,7 +130,7 @@ UIBezierPath UIBezierPath::vantelTextLogoPath() {
       line(115, 2.5),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 // The flame and the word on one foot line a little above the flame's nib.
@@ -291,7 +291,7 @@ UIBezierPath UIBezierPath::vantelLogoWithText() {
       line(155.08, 6.99),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 }  // namespace glyphwright

@@ -51,7 +51,7 @@ UIBezierPath UIBezierPath::lockIconPath() {
       curve(7.89, 17.49, 7.9, 17.44, 7.9, 17.46),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::unlockIconPath() {
@@ -96,7 +96,7 @@ UIBezierPath UIBezierPath::unlockIconPath() {
       curve(7.89, 20.49, 7.87, 20.25, 7.92, 20.36),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::emptyLobbyIconPath() {
@@ -152,7 +152,7 @@ UIBezierPath UIBezierPath::emptyLobbyIconPath() {
       line(0, 21),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::audienceIconPath() {
@@ -235,7 +235,7 @@ UIBezierPath UIBezierPath::audienceIconPath() {
       line(23.69, 24),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // Two chain links: each passes once over and once under the other.
@@ -290,7 +290,7 @@ UIBezierPath UIBezierPath::shareMixerIconPath() {
       line(15.6, 15),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 }  // namespace glyphwright

@@ -34,7 +34,7 @@ UIBezierPath UIBezierPath::xPath() {
       line(46.01, 2.79),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // Blockier and heavier: flat ends between small roundings, sharp inner corners.
@@ -63,7 +63,7 @@ UIBezierPath UIBezierPath::gamepadNopeXPath() {
       line(20.26, 1.22),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::nopeIconStamp() {
@@ -112,8 +112,8 @@ UIBezierPath UIBezierPath::nopeIconStamp() {
       curve(57.15, 32.3, 50.9, 36.54, 53.53, 32.3),
       close(),
   };
-  UIBezierPath path = outline(stamp);
-  path.appendPath(outline(counterOfTheO));
+  UIBezierPath path = outline<stamp>();
+  path.appendPath(outline<counterOfTheO>());
   path.setUsesEvenOddFillRule(true);
   return path;
 }
@@ -124,7 +124,7 @@ UIBezierPath UIBezierPath::webViewCloseIcon() {
       line(7.95, 8.78), line(0.98, 15.6), line(0, 14.6),   line(6.95, 7.8),  line(0, 1),
       line(0.98, 0),    line(7.95, 6.82), line(14.92, 0),  close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::clearLocationIconPath() {
@@ -162,7 +162,7 @@ UIBezierPath UIBezierPath::clearLocationIconPath() {
       curve(11.29, 5.29, 11.73, 5, 11.48, 5.11),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 // The arms run into the corners of the box and are clipped by it.
@@ -172,7 +172,7 @@ UIBezierPath UIBezierPath::upsellX() {
       line(9.84, 8), line(16, 14.16), line(16, 16),  line(14.16, 16), line(8, 9.84), line(1.84, 16),
       line(0, 16),   line(0, 14.16),  line(6.16, 8), line(0, 1.84),   line(0, 0),    close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 // Two bare strokes: shows only when stroked.
@@ -222,7 +222,7 @@ UIBezierPath UIBezierPath::liveOpsMoodraPromptCloseButton() {
       curve(14.44, 7.44, 15.1, 7, 14.72, 7.16),
       close(),
   };
-  UIBezierPath path = outline(steps);
+  UIBezierPath path = outline<steps>();
   path.setLineWidth(1);
   path.setLineCapStyle(CGLineCap::round);
   path.setLineJoinStyle(CGLineJoin::round);

@@ -75,7 +75,7 @@ UIBezierPath UIBezierPath::groupHangoutLobbyTabPath() {
       curve(5.6, 16.5, 5, 16.23, 5.27, 16.5),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::parletteCollapseCaretPath() {
@@ -97,7 +97,7 @@ UIBezierPath UIBezierPath::parletteCollapseCaretPath() {
       curve(8, 6.42, 7.79, 6.38, 7.89, 6.42),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // Light: a stem and an open head.
@@ -126,7 +126,7 @@ UIBezierPath UIBezierPath::parletteRightArrowPath() {
       curve(18, 7, 17.89, 6.48, 18, 6.73),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // A paper dart; the gap is its fold.
@@ -159,7 +159,7 @@ UIBezierPath UIBezierPath::parlettePlaneIconPath() {
       line(22.55, 3.87),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // A note that is also a bubble.
@@ -216,7 +216,7 @@ UIBezierPath UIBezierPath::parletteMessageIconPath() {
       curve(15.5, 12, 16.5, 12.45, 16.05, 12),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 }  // namespace glyphwright

@@ -66,7 +66,7 @@ UIBezierPath UIBezierPath::trevvoPlacemarkIconPath() {
       curve(22.65, 7.35, 22.9, 7.74, 22.82, 7.51),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 // The last leg of a journey: from a pin along a dash of route to the plane.
@@ -160,7 +160,7 @@ UIBezierPath UIBezierPath::airplanePlacemarkPath() {
       line(32.78, 0.55),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // An airliner from above, nose up.
@@ -209,7 +209,7 @@ UIBezierPath UIBezierPath::airplanePath() {
       curve(12, 0, 10.3, 1.83, 10.95, 0),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // Nose to the upper right.
@@ -267,7 +267,7 @@ UIBezierPath UIBezierPath::distanceIconPath() {
       curve(20, 3.8, 22.2, 4.78, 21.22, 3.8),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::placemarkPath() {
@@ -289,7 +289,7 @@ UIBezierPath UIBezierPath::placemarkPath() {
       curve(9, 5.7, 12.3, 7.18, 10.82, 5.7),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // A hollow pin that leaves room for placesIconMidCircle.
@@ -320,7 +320,7 @@ UIBezierPath UIBezierPath::placesIcon() {
       curve(12, 2.7, 21.3, 6.86, 17.14, 2.7),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // The dot in the middle of the hollow pin, in the coordinates of the pin.
@@ -370,7 +370,7 @@ UIBezierPath UIBezierPath::drawLocationOutline() {
       curve(15, 6.5, 23.5, 10.31, 19.69, 6.5),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // The dot in the middle of the target, in the coordinates of the target.

@@ -63,7 +63,7 @@ UIBezierPath UIBezierPath::matchesTabIconPath() {
       curve(13, 7.46, 14.58, 5.05, 13.53, 6.05),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // The plain tick: two bars at 45°, the short one half as long as the long one.
@@ -72,7 +72,7 @@ UIBezierPath UIBezierPath::checkmarkPath() {
       move(7.4, 15), line(0, 7.6),  line(2.4, 5.2), line(7.4, 10.2),
       line(17.6, 0), line(20, 2.4), line(7.4, 15),  close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::standardCheckMarkIconPath() {
@@ -92,7 +92,7 @@ UIBezierPath UIBezierPath::standardCheckMarkIconPath() {
       line(14.46, 0.26),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::checkInCircle() {
@@ -120,7 +120,7 @@ UIBezierPath UIBezierPath::checkInCircle() {
       curve(16.54, 7.39, 17.07, 7.04, 16.77, 7.17),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // A wide balloon whose lower left corner runs out into a hook.
@@ -144,7 +144,7 @@ UIBezierPath UIBezierPath::leftChatWithTail() {
       curve(16, 0, 4, 5.37, 9.37, 0),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::chatBubble() {
@@ -170,7 +170,7 @@ UIBezierPath UIBezierPath::chatBubble() {
       curve(15.4, 19.16, 18.3, 21.37, 16.79, 20.39),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::messageIconPath() {
@@ -195,8 +195,8 @@ UIBezierPath UIBezierPath::messageIconPath() {
       curve(17, 7.7, 18.3, 8.28, 17.72, 7.7),
       close(),
   };
-  UIBezierPath path = evenOddOutline(bubble);
-  path.appendPath(outline(steps));
+  UIBezierPath path = evenOddOutline<bubble>();
+  path.appendPath(outline<steps>());
   return path;
 }
 
@@ -224,8 +224,8 @@ UIBezierPath UIBezierPath::chatFlagIconPath() {
       line(9.22, 3.4),
       close(),
   };
-  UIBezierPath path = outline(bubble);
-  path.appendPath(outline(steps));
+  UIBezierPath path = outline<bubble>();
+  path.appendPath(outline<steps>());
   return path;
 }
 
@@ -269,7 +269,7 @@ UIBezierPath UIBezierPath::chatIcon() {
       curve(17, 10.5, 13, 12.29, 14.79, 10.5),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::readReceiptsMatchOptOutIcon() {
@@ -323,7 +323,7 @@ UIBezierPath UIBezierPath::readReceiptsMatchOptOutIcon() {
       line(23.95, 5.35),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::readReceiptsUnreadIcon() {
@@ -357,7 +357,7 @@ UIBezierPath UIBezierPath::readReceiptsUnreadIcon() {
       curve(3.5, 1.7, 5.3, 2.51, 4.49, 1.7),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::recSharePath() {
@@ -394,7 +394,7 @@ UIBezierPath UIBezierPath::recSharePath() {
       line(15.32, 4.9),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::swipeRight() {
@@ -436,7 +436,7 @@ UIBezierPath UIBezierPath::swipeRight() {
       curve(31.96, 0.45, 31.47, 0, 31.78, 0.17),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // swipeRight in the mirror.
@@ -479,7 +479,7 @@ UIBezierPath UIBezierPath::swipeLeft() {
       line(4.04, 0.45),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 }  // namespace glyphwright

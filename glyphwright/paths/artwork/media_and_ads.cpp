@@ -18,7 +18,7 @@ UIBezierPath UIBezierPath::playPath() {
       curve(3.06, 0.3, 2.37, 0, 2.74, 0.11),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::stopPath() {
@@ -47,7 +47,7 @@ UIBezierPath UIBezierPath::adPlayIcon() {
       line(20.45, 15.24),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::adPauseIcon() {
@@ -81,7 +81,7 @@ UIBezierPath UIBezierPath::adPauseIcon() {
       curve(27, 16, 27.67, 14.5, 27, 15.17),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::adArrowIcon() {
@@ -111,7 +111,7 @@ UIBezierPath UIBezierPath::adArrowIcon() {
       line(24.5, 30.8),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::replayArrowIconPath() {
@@ -133,7 +133,7 @@ UIBezierPath UIBezierPath::replayArrowIconPath() {
       curve(10.5, 1, 10.05, 0, 10.5, 0.45),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 }  // namespace glyphwright

@@ -46,9 +46,9 @@ UIBezierPath UIBezierPath::vinylInputButton() {
       curve(12.67, 115.53, 5.54, 111.34, 8.66, 114.46),
       close(),
   };
-  UIBezierPath path = evenOddOutline(record);
-  path.appendPath(outline(upperSheen));
-  path.appendPath(outline(lowerSheen));
+  UIBezierPath path = evenOddOutline<record>();
+  path.appendPath(outline<upperSheen>());
+  path.appendPath(outline<lowerSheen>());
   return path;
 }
 
@@ -82,7 +82,7 @@ UIBezierPath UIBezierPath::vinylSendButton() {
       curve(25, 96.5, 25.49, 96.59, 25.25, 96.5),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 // Two beamed notes as one outline.
@@ -113,7 +113,7 @@ UIBezierPath UIBezierPath::vinylMusicSignIcon() {
       line(7.58, 18.66),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 }  // namespace glyphwright

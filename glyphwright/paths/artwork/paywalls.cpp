@@ -65,7 +65,7 @@ UIBezierPath UIBezierPath::curataIcon() {
       curve(7, 0, 4.85, 0.59, 5.9, 0),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // A cut stone from the side, its girdle and facet edges as gaps.
@@ -147,7 +147,7 @@ UIBezierPath UIBezierPath::tessalyHomeIconPath() {
       line(23.2, 7.4),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::tessalySparkleIconPath() {
@@ -198,7 +198,7 @@ UIBezierPath UIBezierPath::tessalySparkleIconPath() {
       curve(21.6, 0, 21.05, 0.25, 21.3, 0),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::superSurgoBannerIconPath() {
@@ -237,7 +237,7 @@ UIBezierPath UIBezierPath::superSurgoBannerIconPath() {
       line(16.76, 6.69),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::readReceiptsPaywallIconPath() {
@@ -294,7 +294,7 @@ UIBezierPath UIBezierPath::readReceiptsPaywallIconPath() {
       curve(49.86, 14.03, 51.01, 13.27, 50.35, 13.54),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::whoSeesYouPaywallIconPath() {
@@ -336,7 +336,7 @@ UIBezierPath UIBezierPath::whoSeesYouPaywallIconPath() {
       curve(40.26, 29.27, 40.58, 28.73, 40.46, 29.03),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::noAdsPaywallIconPath() {
@@ -434,7 +434,7 @@ UIBezierPath UIBezierPath::noAdsPaywallIconPath() {
       curve(5.12, 0.88, 3.8, 0, 4.56, 0.32),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::controlYourProfilePaywallIconPath() {
@@ -508,7 +508,7 @@ UIBezierPath UIBezierPath::controlYourProfilePaywallIconPath() {
       curve(36.3, 40, 33.8, 41.12, 34.92, 40),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::trevvoPaywallIconPath() {
@@ -590,7 +590,7 @@ UIBezierPath UIBezierPath::trevvoPaywallIconPath() {
       line(15.5, 49.5),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 }  // namespace glyphwright

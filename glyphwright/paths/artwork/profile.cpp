@@ -37,7 +37,7 @@ UIBezierPath UIBezierPath::jobIconPath() {
       line(8.2, 1.8),
       close(),
   };
-  UIBezierPath path = outline(lid);
+  UIBezierPath path = outline<lid>();
   path.appendPath(bezierPathWithRect({0, 11.5, 22, 8.5}));
   path.setLineWidth(1);
   path.setLineJoinStyle(CGLineJoin::round);
@@ -97,7 +97,7 @@ UIBezierPath UIBezierPath::schoolIconPath() {
       line(24.6, 10.9),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // schoolIconPath in line.
@@ -162,7 +162,7 @@ UIBezierPath UIBezierPath::schoolOutlineIconPath() {
       line(24.6, 10.9),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::genderIconPath() {
@@ -220,7 +220,7 @@ UIBezierPath UIBezierPath::genderIconPath() {
       curve(6.5, 8.7, 10.6, 10.54, 8.76, 8.7),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::accountUnderReviewIconPath() {
@@ -271,7 +271,7 @@ UIBezierPath UIBezierPath::accountUnderReviewIconPath() {
       curve(43, 35.4, 50.2, 38.62, 46.98, 35.4),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::controlProfileKeyIconPath() {
@@ -325,7 +325,7 @@ UIBezierPath UIBezierPath::controlProfileKeyIconPath() {
       curve(18.3, 3.5, 20.5, 4.48, 19.52, 3.5),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::singlePersonPath() {
@@ -348,7 +348,7 @@ UIBezierPath UIBezierPath::singlePersonPath() {
       line(1, 22),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::addPhotosIcon() {
@@ -415,7 +415,7 @@ UIBezierPath UIBezierPath::addPhotosIcon() {
       line(23.8, 1.2),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::onboardingCameraIconPath() {
@@ -463,7 +463,7 @@ UIBezierPath UIBezierPath::onboardingCameraIconPath() {
       line(22.65, 6.4),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // A tick as a brush leaves it: full at the elbow, thin at the top.
@@ -486,7 +486,7 @@ UIBezierPath UIBezierPath::onboardingCheckmark() {
       line(27.56, 0.33),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 }  // namespace glyphwright

@@ -37,7 +37,7 @@ UIBezierPath UIBezierPath::plusInSquirclePath() {
       curve(18, 12, 18.9, 10, 18, 10.9),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::plusIconPath() {
@@ -61,7 +61,7 @@ UIBezierPath UIBezierPath::plusIconPath() {
       line(8.5, 1.5),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::pencilPath() {
@@ -99,7 +99,7 @@ UIBezierPath UIBezierPath::pencilPath() {
       line(15.75, 0.29),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::pencilPathInCircle() {
@@ -144,7 +144,7 @@ UIBezierPath UIBezierPath::pencilPathInCircle() {
       curve(23.74, 8.01, 24.22, 7.69, 23.95, 7.81),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::addItemPath() {
@@ -176,7 +176,7 @@ UIBezierPath UIBezierPath::addItemPath() {
       curve(12.6, 8.4, 13.23, 7, 12.6, 7.63),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 // addItemPath with its cross turned by 45°.
@@ -213,7 +213,7 @@ UIBezierPath UIBezierPath::removeItemPath() {
       line(11.03, 9.05),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::clearStatusIconPath() {
@@ -275,7 +275,7 @@ UIBezierPath UIBezierPath::clearStatusIconPath() {
       curve(20.16, 6.74, 19.65, 6.4, 19.95, 6.52),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::contactCardEditButtonIcon() {
@@ -349,7 +349,7 @@ UIBezierPath UIBezierPath::contactCardEditButtonIcon() {
       line(23.15, 10.83),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::ctaPlusIcon() {
@@ -357,7 +357,7 @@ UIBezierPath UIBezierPath::ctaPlusIcon() {
       move(7, 0),  line(9, 0), line(9, 7), line(16, 7), line(16, 9), line(9, 9), line(9, 16),
       line(7, 16), line(7, 9), line(0, 9), line(0, 7),  line(7, 7),  line(7, 0), close(),
   };
-  UIBezierPath path = outline(steps);
+  UIBezierPath path = outline<steps>();
   path.setLineWidth(1);
   path.setLineCapStyle(CGLineCap::round);
   path.setLineJoinStyle(CGLineJoin::round);

@@ -36,7 +36,7 @@ UIBezierPath UIBezierPath::heart() {
       curve(39, 3.45, 36.71, 0, 38.29, 1.39),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::shower() {
@@ -103,7 +103,7 @@ UIBezierPath UIBezierPath::shower() {
       curve(34, 39.6, 33.61, 39.71, 33.8, 39.6),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::coffee() {
@@ -188,7 +188,7 @@ UIBezierPath UIBezierPath::coffee() {
       curve(25.8, 3.14, 26.4, 2.31, 26.18, 2.8),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::dislike() {
@@ -233,7 +233,7 @@ UIBezierPath UIBezierPath::dislike() {
       line(11, 6.01),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::broken() {
@@ -287,7 +287,7 @@ UIBezierPath UIBezierPath::broken() {
       line(29.42, 4.02),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // The nib of a fountain pen, point at the lower left.
@@ -341,7 +341,7 @@ UIBezierPath UIBezierPath::pen() {
       line(27.91, 0.72),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 }  // namespace glyphwright

@@ -36,7 +36,7 @@ UIBezierPath UIBezierPath::imNotInterestedIcon() {
       line(32.12, 38.19),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::inappropriateBiographyIcon() {
@@ -108,7 +108,7 @@ UIBezierPath UIBezierPath::inappropriateBiographyIcon() {
       curve(32, 44.3, 33.9, 45.15, 33.05, 44.3),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::inappropriatePhotosIcon() {
@@ -177,7 +177,7 @@ UIBezierPath UIBezierPath::inappropriatePhotosIcon() {
       curve(40, 38.3, 41.9, 39.15, 41.05, 38.3),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // Slim and crisp: sharp tip, ends cut upright.
@@ -186,7 +186,7 @@ UIBezierPath UIBezierPath::reportingDownArrowIcon() {
       move(0, 0), line(7, 5.68), line(14, 0), line(14, 2.32),
       line(7, 8), line(0, 2.32), line(0, 0),  close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::reportingUpArrowIcon() {
@@ -194,7 +194,7 @@ UIBezierPath UIBezierPath::reportingUpArrowIcon() {
       move(0, 8),  line(0, 5.68), line(7, 0), line(14, 5.68),
       line(14, 8), line(7, 2.32), line(0, 8), close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::reportingRightArrowIcon() {
@@ -202,7 +202,7 @@ UIBezierPath UIBezierPath::reportingRightArrowIcon() {
       move(0, 0),  line(2.32, 0), line(8, 7), line(2.32, 14),
       line(0, 14), line(5.68, 7), line(0, 0), close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 }  // namespace glyphwright

@@ -11,7 +11,7 @@ UIBezierPath UIBezierPath::cornerCutTriangle() {
       line(127, 53.61),    line(116.45, 65),
       line(116.45, 55.61), close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::roundedButtonBackground() {
@@ -28,7 +28,7 @@ UIBezierPath UIBezierPath::recWithRoundedCutCornerSlice() {
       line(6, 65),      curve(0, 59, 2.69, 65, 0, 62.31),
       line(0, 6),       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // A portrait of 3 : 4; the foot stays square because text is set right below it.
@@ -39,7 +39,7 @@ UIBezierPath UIBezierPath::profilePhotoMask() {
       line(96, 128), line(0, 128),
       line(0, 12),   close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::circlePath() {
@@ -59,7 +59,7 @@ UIBezierPath UIBezierPath::loadingPartialCircleIcon() {
       line(25, 0),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // The ground that other glyphs stand on: a bare arc, left open.

@@ -25,7 +25,7 @@ UIBezierPath UIBezierPath::pointyStarPath() {
       line(12.46, 1.11),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::starPath() {
@@ -73,7 +73,7 @@ UIBezierPath UIBezierPath::roundyStarPath() {
       line(9.81, 1.19),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // Comet tails for pointyStarPath, in its coordinates: laid over the star they make it a shooting
@@ -102,7 +102,7 @@ UIBezierPath UIBezierPath::stellonStarTailsOnlyPath() {
       curve(9.48, 26.49, 10, 25.86, 9.81, 26.24),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::stellonStamp() {
@@ -149,8 +149,8 @@ UIBezierPath UIBezierPath::stellonStamp() {
       curve(20.5, 17.5, 22.5, 23.5, 20.5, 21.5),
       close(),
   };
-  UIBezierPath path = outline(stamp);
-  path.appendPath(outline(smallSparkle));
+  UIBezierPath path = outline<stamp>();
+  path.appendPath(outline<smallSparkle>());
   path.setUsesEvenOddFillRule(true);
   return path;
 }
@@ -209,7 +209,7 @@ UIBezierPath UIBezierPath::likesYouHeart() {
       line(6.24, 11.07),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::heartPath() {
@@ -225,7 +225,7 @@ UIBezierPath UIBezierPath::heartPath() {
       curve(12, 4.6, 8.95, 0, 11.05, 1.85),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::iconLikeStamp() {
@@ -249,7 +249,7 @@ UIBezierPath UIBezierPath::iconLikeStamp() {
       curve(42, 32.73, 47.85, 23.92, 43.82, 27.46),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::surgoHeartPath() {
@@ -284,7 +284,7 @@ UIBezierPath UIBezierPath::surgoHeartPath() {
       line(13.61, 11.24),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // Thin on purpose: for large use only.
@@ -361,7 +361,7 @@ UIBezierPath UIBezierPath::retroMatchThinOutline() {
       curve(72.02, 26.01, 77.62, 19.22, 74.12, 22.23),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 }  // namespace glyphwright

@@ -55,7 +55,7 @@ UIBezierPath UIBezierPath::invertedInfoIconArrow() {
       line(37, 34),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::closedCaptions() {
@@ -105,7 +105,7 @@ UIBezierPath UIBezierPath::closedCaptions() {
       curve(19.71, 12.12, 17.94, 13.2, 18.94, 12.82),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::shieldIcon() {
@@ -141,7 +141,7 @@ UIBezierPath UIBezierPath::shieldIcon() {
       curve(10.73, 2.36, 15.29, 4.14, 12.91, 3.48),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::ageBanCircle() {
@@ -212,7 +212,7 @@ UIBezierPath UIBezierPath::ageBanCircle() {
       curve(12.44, 18.81, 11.56, 18.05, 11.98, 18.35),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::infoIconPath() {
@@ -255,7 +255,7 @@ UIBezierPath UIBezierPath::infoIconPath() {
       line(9.4, 10),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::warningIcon() {
@@ -288,7 +288,7 @@ UIBezierPath UIBezierPath::warningIcon() {
       curve(13.3, 16.6, 12.72, 17.9, 13.3, 17.32),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::eighteenPlus() {
@@ -380,7 +380,7 @@ UIBezierPath UIBezierPath::eighteenPlus() {
       line(26.75, 10.75),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::errorIconPath() {
@@ -420,7 +420,7 @@ UIBezierPath UIBezierPath::errorIconPath() {
       curve(13.5, 17.5, 12.83, 19, 13.5, 18.33),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::brokenImage() {
@@ -494,7 +494,7 @@ UIBezierPath UIBezierPath::brokenImage() {
       line(14.84, 16.64),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 }  // namespace glyphwright

@@ -36,7 +36,7 @@ UIBezierPath UIBezierPath::phoneIcon() {
       curve(8.1, 20.75, 7.61, 21.85, 8.1, 21.36),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::smsIcon() {
@@ -92,7 +92,7 @@ UIBezierPath UIBezierPath::smsIcon() {
       curve(12, 0, 8.5, 1.57, 10.07, 0),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::smsChatBubbleIcon() {
@@ -194,7 +194,7 @@ UIBezierPath UIBezierPath::smsChatBubbleIcon() {
       line(22.3, 6),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 }  // namespace glyphwright

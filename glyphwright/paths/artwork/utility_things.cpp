@@ -97,7 +97,7 @@ UIBezierPath UIBezierPath::gearPath() {
       curve(16, 12, 14.21, 16, 16, 14.21),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // Hollow clock at three.
@@ -123,7 +123,7 @@ UIBezierPath UIBezierPath::clockPath() {
       line(27, 6.19),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::closedEnvelopePath() {
@@ -159,7 +159,7 @@ UIBezierPath UIBezierPath::closedEnvelopePath() {
       curve(0.78, 5.04, 0.6, 4.96, 0.7, 4.99),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::magnifyingGlassPath() {
@@ -189,7 +189,7 @@ UIBezierPath UIBezierPath::magnifyingGlassPath() {
       curve(12.6, 7.5, 10.32, 12.6, 12.6, 10.32),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // Solid clock at three.
@@ -216,7 +216,7 @@ UIBezierPath UIBezierPath::clockIcon() {
       curve(32, 12, 35.5, 13.57, 33.93, 12),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::idCard() {
@@ -273,7 +273,7 @@ UIBezierPath UIBezierPath::idCard() {
       line(17, 13.5),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::cloud() {
@@ -291,7 +291,7 @@ UIBezierPath UIBezierPath::cloud() {
       line(5, 18),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // Closed outlines that read when filled and soften when stroked.
@@ -336,7 +336,7 @@ UIBezierPath UIBezierPath::shareIcon() {
       curve(10.35, 0.15, 10.13, 0, 10.26, 0.05),
       close(),
   };
-  UIBezierPath path = outline(steps);
+  UIBezierPath path = outline<steps>();
   path.setLineWidth(1);
   path.setLineCapStyle(CGLineCap::round);
   path.setLineJoinStyle(CGLineJoin::round);
@@ -407,7 +407,7 @@ UIBezierPath UIBezierPath::catalogHome() {
       line(13.4, 14.4),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::boltPath() {
@@ -429,7 +429,7 @@ UIBezierPath UIBezierPath::boltPath() {
       curve(8.9, 0.55, 8.7, 0, 8.93, 0.25),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 }  // namespace glyphwright

@@ -44,8 +44,8 @@ UIBezierPath UIBezierPath::videoActiveIconPath() {
       curve(9.5, 6, 12.5, 7.34, 11.16, 6),
       close(),
   };
-  UIBezierPath path = outline(videoCamera);
-  path.appendPath(outline(steps));
+  UIBezierPath path = outline<videoCamera>();
+  path.appendPath(outline<steps>());
   return path;
 }
 
@@ -75,13 +75,13 @@ UIBezierPath UIBezierPath::videoInactiveIconPath() {
       line(7.36, 5.24),
       close(),
   };
-  UIBezierPath path = outline(videoCamera);
-  path.appendPath(outline(steps));
+  UIBezierPath path = outline<videoCamera>();
+  path.appendPath(outline<steps>());
   return path;
 }
 
 UIBezierPath UIBezierPath::videoIconPath() {
-  return outline(videoCamera);
+  return outline<videoCamera>();
 }
 
 UIBezierPath UIBezierPath::videoOffIconPath() {
@@ -134,7 +134,7 @@ UIBezierPath UIBezierPath::videoOffIconPath() {
       curve(3.51, 0.35, 2.99, 0, 3.29, 0.12),
       close(),
   };
-  return evenOddOutline(steps);
+  return evenOddOutline<steps>();
 }
 
 UIBezierPath UIBezierPath::cameraFlipIconPath() {
@@ -204,7 +204,7 @@ UIBezierPath UIBezierPath::cameraFlipIconPath() {
       curve(11.72, 20.02, 11.49, 20.24, 11.64, 20.16),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::flipCameraIconPath() {
@@ -285,7 +285,7 @@ UIBezierPath UIBezierPath::flipCameraIconPath() {
       curve(12, 10.4, 14, 11.3, 13.1, 10.4),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::audioActiveIconPath() {
@@ -333,7 +333,7 @@ UIBezierPath UIBezierPath::audioActiveIconPath() {
       curve(21.38, 0, 20.29, 0.49, 20.78, 0),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::audioInactiveIconPath() {
@@ -379,7 +379,7 @@ UIBezierPath UIBezierPath::audioInactiveIconPath() {
       curve(18.96, 6.84, 18.45, 6.5, 18.75, 6.62),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 // A handset lying flat, both ends down.
@@ -408,7 +408,7 @@ UIBezierPath UIBezierPath::endCallIconPath() {
       line(0, 8),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::telephoneIconPath() {
@@ -438,7 +438,7 @@ UIBezierPath UIBezierPath::telephoneIconPath() {
       line(3.97, 0.52),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::micIconPath() {
@@ -482,7 +482,7 @@ UIBezierPath UIBezierPath::micIconPath() {
       line(0, 9),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 UIBezierPath UIBezierPath::micOffIconPath() {
@@ -554,7 +554,7 @@ UIBezierPath UIBezierPath::micOffIconPath() {
       line(17, 9),
       close(),
   };
-  return outline(steps);
+  return outline<steps>();
 }
 
 }  // namespace glyphwright

@@ -42,7 +42,7 @@ struct Polygons {
 };
 
 /// The box around a path's points under `toDevice`, control points included; NaN or infinite
-/// points give a box that touches no pixel. `devicePoints` receives the mapped points.
+/// points give a box that touches no pixel. `devicePoints` receives the mapped points at its start.
 DeviceBox mapPoints(const CGPath& path, const CGAffineTransform& toDevice,
                     std::vector<CGPoint>& devicePoints);
 

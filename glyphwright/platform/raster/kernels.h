@@ -61,6 +61,16 @@ struct CurveFrame {
   float chordFactor;    // a curve takes the fourth root of (its bend in pixels)² × this in chords
 };
 
+/// The box around points; minima at +∞ and maxima at −∞ when there are none. NaN coordinates do not
+/// count but for the mark.
+struct PointBox {
+  double minX;
+  double minY;
+  double maxX;
+  double maxY;
+  bool hasNaN;
+};
+
 /// Rows of a region, and the edges that are to be cut into them.
 struct EdgeRows {
   const Edge* edges;
@@ -103,6 +113,12 @@ struct CellRows {
 /// The loops that touch pixels. One table for each instruction set, all equal to the scalar one
 /// bit for bit; kernels_scalar.cpp is the text that explains them.
 struct Kernels {
+  /// The box around points given as x, y, x, y…
+  PointBox (*boxPoints)(const double* points, std::size_t count);
+  /// Maps points through a matrix a, b, c, d, tx, ty; gives the box around what comes out. `mapped`
+  /// may be `points`.
+  PointBox (*mapPoints)(const double* points, std::size_t count, const double* matrix,
+                        double* mapped);
   /// Samples a cubic, given as x and y of its first end, two controls and second end in device
   /// pixels: as many points as it takes chords, all but the first end, relative to the region's
   /// upper left corner and clamped to the region. Inner samples are moved out of the curve's hollow

@@ -3,6 +3,7 @@
 #include <glyphwright/platform/raster/cell_kernels_avx2.h>
 #include <glyphwright/platform/raster/edge_kernels_avx2.h>
 #include <glyphwright/platform/raster/pixel_lanes_avx2.h>
+#include <glyphwright/platform/raster/point_kernels_avx2.h>
 
 // Rows of pixels and of coverage; kernels_scalar.cpp says what each loop computes.
 namespace glyphwright::raster {
@@ -91,6 +92,8 @@ void filter(std::uint16_t* out, const std::uint16_t* const* rows, const std::int
 }
 
 constexpr Kernels kAvx2{
+    .boxPoints = boxPoints,
+    .mapPoints = mapPoints,
     .sampleCurve = sampleCurve,
     .cutEdges = cutEdges,
     .cellAmounts = cellAmounts,

@@ -2,11 +2,57 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
 
 #include <glyphwright/platform/raster/kernels.h>
 
 namespace glyphwright::raster {
 namespace {
+
+// Odd and even points grow boxes of their own: no comparison waits for the one before it, and
+// which of −0 and +0 is kept does not depend on how many points are looked at together.
+class BoxBuilder {
+ public:
+  void add(std::size_t i, double x, double y) {
+    PointBox& box = boxes_[i % 2];
+    box.minX = x < box.minX ? x : box.minX;
+    box.minY = y < box.minY ? y : box.minY;
+    box.maxX = x > box.maxX ? x : box.maxX;
+    box.maxY = y > box.maxY ? y : box.maxY;
+    box.hasNaN |= x != x || y != y;
+  }
+  // `count` points have been added; the last of an odd number counts on both sides.
+  PointBox box(std::size_t count, double lastX, double lastY) {
+    if (count % 2 != 0) add(count, lastX, lastY);
+    const auto& [even, odd] = boxes_;
+    return {odd.minX < even.minX ? odd.minX : even.minX,
+            odd.minY < even.minY ? odd.minY : even.minY,
+            odd.maxX > even.maxX ? odd.maxX : even.maxX,
+            odd.maxY > even.maxY ? odd.maxY : even.maxY, even.hasNaN || odd.hasNaN};
+  }
+
+ private:
+  static constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  static constexpr PointBox kNothing{kInfinity, kInfinity, -kInfinity, -kInfinity, false};
+  PointBox boxes_[2]{kNothing, kNothing};
+};
+
+PointBox boxPoints(const double* points, std::size_t count) {
+  BoxBuilder builder;
+  for (std::size_t i = 0; i < count; ++i) builder.add(i, points[2 * i], points[2 * i + 1]);
+  if (count == 0) return builder.box(0, 0, 0);
+  return builder.box(count, points[2 * count - 2], points[2 * count - 1]);
+}
+
+PointBox mapPoints(const double* points, std::size_t count, const double* m, double* mapped) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const double x = points[2 * i];
+    const double y = points[2 * i + 1];
+    mapped[2 * i] = m[0] * x + m[2] * y + m[4];
+    mapped[2 * i + 1] = m[1] * x + m[3] * y + m[5];
+  }
+  return boxPoints(mapped, count);
+}
 
 // |p''| ≤ 6·bend, and a chord over a parameter step h strays by at most h²·|p''|/8: the count of
 // chords goes with the root of the bend, and so with the fourth root of its square.
@@ -258,6 +304,8 @@ void filter(std::uint16_t* out, const std::uint16_t* const* rows, const std::int
 }
 
 constexpr Kernels kScalar{
+    .boxPoints = boxPoints,
+    .mapPoints = mapPoints,
     .sampleCurve = sampleCurve,
     .cutEdges = cutEdges,
     .cellAmounts = cellAmounts,

@@ -77,10 +77,17 @@ struct Sweeper {
     const auto bandOf = [](const Edge& e) {
       return static_cast<std::size_t>(std::min(e.y0, e.y1) / (kBandRows * kUnitsPerPixel));
     };
-    for (const Edge& e : edges.edges()) ++starts[bandOf(e) + 1];
+    std::size_t kept = 0;
+    for (const Edge& e : edges.edges()) {
+      if (e.y0 == e.y1) continue;
+      ++starts[bandOf(e) + 1];
+      ++kept;
+    }
     for (std::size_t b = 1; b < starts.size(); ++b) starts[b] += starts[b - 1];
-    scratch.sortedEdges.resize(edges.count);
-    for (const Edge& e : edges.edges()) scratch.sortedEdges[starts[bandOf(e)]++] = e;
+    scratch.sortedEdges.resize(kept);
+    for (const Edge& e : edges.edges()) {
+      if (e.y0 != e.y1) scratch.sortedEdges[starts[bandOf(e)]++] = e;
+    }
     // Each start has moved to its band's end, which is the next band's start.
   }
 

@@ -2,6 +2,8 @@
 
 #include <immintrin.h>
 
+#include <array>
+
 // Curves, edges and pieces eight at a time; kernels_scalar.cpp says what each loop computes.
 namespace glyphwright::raster::avx2 {
 namespace {
@@ -13,17 +15,17 @@ void store(void* to, __m256i value) {
   _mm256_storeu_si256(static_cast<__m256i*>(to), value);
 }
 
-// What cutting needs to know of eight edges, each running down.
+// Eight edges side by side, each running down.
 struct EdgeGroup {
   explicit EdgeGroup(const EdgeRows& rows) {
     const std::size_t left = rows.count - rows.next;
     const Edge* edges = rows.edges + rows.next;
     Edge rest[8];
     if (left < 8) {
-      for (std::size_t i = 0; i < 8; ++i) rest[i] = edges[i < left ? i : 0];
+      // Level edges, which are not cut, in place of those that do not exist.
+      for (std::size_t i = 0; i < 8; ++i) rest[i] = i < left ? edges[i] : Edge{};
       edges = rest;
     }
-    count = left < 8 ? left : 8;
     // Edges i and i + 4 in one register; then all x0, all x1, all y0, all y1.
     const auto pair = [&](int i) { return _mm256_loadu2_m128(&edges[i + 4].x0, &edges[i].x0); };
     const __m256 x01 = _mm256_unpacklo_ps(pair(0), pair(1));
@@ -37,24 +39,96 @@ struct EdgeGroup {
     const __m256i yFrom = units(_mm256_shuffle_ps(y01, y23, _MM_SHUFFLE(1, 0, 1, 0)));
     const __m256i yTo = units(_mm256_shuffle_ps(y01, y23, _MM_SHUFFLE(3, 2, 3, 2)));
     const __m256i rises = _mm256_cmpgt_epi32(yFrom, yTo);
-    const __m256 upper = _mm256_blendv_ps(xFrom, xTo, _mm256_castsi256_ps(rises));
-    const __m256 lower = _mm256_blendv_ps(xTo, xFrom, _mm256_castsi256_ps(rises));
-    const __m256i yUpper = _mm256_min_epi32(yFrom, yTo);
-    const __m256i yLower = _mm256_max_epi32(yFrom, yTo);
-    const __m256 height = _mm256_cvtepi32_ps(_mm256_sub_epi32(yLower, yUpper));
-    _mm256_storeu_ps(x0, upper);
-    _mm256_storeu_ps(x1, lower);
-    _mm256_storeu_ps(slope, _mm256_div_ps(_mm256_sub_ps(lower, upper), height));
-    store(y0, yUpper);
-    store(y1, yLower);
-    store(sign, _mm256_or_si256(rises, _mm256_set1_epi32(1)));
+    upperX = _mm256_blendv_ps(xFrom, xTo, _mm256_castsi256_ps(rises));
+    lowerX = _mm256_blendv_ps(xTo, xFrom, _mm256_castsi256_ps(rises));
+    upperY = _mm256_min_epi32(yFrom, yTo);
+    lowerY = _mm256_max_epi32(yFrom, yTo);
+    sign = _mm256_or_si256(rises, _mm256_set1_epi32(1));
     const __m256i one = _mm256_set1_epi32(1);
-    store(first, _mm256_max_epi32(_mm256_srai_epi32(yUpper, kUnitShift), _mm256_setzero_si256()));
-    store(last, _mm256_min_epi32(_mm256_srai_epi32(_mm256_sub_epi32(yLower, one), kUnitShift),
-                                 _mm256_set1_epi32(rows.rows - 1)));
+    firstRow = _mm256_srai_epi32(upperY, kUnitShift);
+    lastRow = _mm256_srai_epi32(_mm256_sub_epi32(lowerY, one), kUnitShift);
   }
 
-  std::size_t count;
+  __m256 upperX;
+  __m256 lowerX;
+  __m256i upperY;
+  __m256i lowerY;
+  __m256i sign;
+  __m256i firstRow;
+  __m256i lastRow;  // above the first one for level edges on a row's border
+};
+
+unsigned bits(__m256i lanes) {
+  return static_cast<unsigned>(_mm256_movemask_ps(_mm256_castsi256_ps(lanes)));
+}
+
+// For each set of eight lanes, the numbers of its lanes one after another, a byte each.
+constexpr auto kChosenLanes = [] {
+  std::array<std::uint64_t, 256> table{};
+  for (unsigned set = 0; set < 256; ++set) {
+    int at = 0;
+    for (unsigned lane = 0; lane < 8; ++lane) {
+      if ((set >> lane & 1) != 0) table[set] |= std::uint64_t{lane} << 8 * at++;
+    }
+  }
+  return table;
+}();
+
+// Writes the pieces of edges that lie inside one row.
+class SingleRows {
+ public:
+  SingleRows(const EdgeRows& rows, const EdgeGroup& group) : stride_(rows.stride), group_(group) {
+    const __m256i isLevel = _mm256_cmpeq_epi32(group.upperY, group.lowerY);
+    const __m256i inOne = _mm256_cmpeq_epi32(group.firstRow, group.lastRow);
+    // As unsigned numbers, rows above the first one lie far below the last.
+    const __m256i lastRow = _mm256_set1_epi32(rows.rows - 1);
+    const __m256i isInside =
+        _mm256_cmpeq_epi32(_mm256_min_epu32(group.firstRow, lastRow), group.firstRow);
+    set_ = bits(_mm256_andnot_si256(isLevel, _mm256_and_si256(inOne, isInside)));
+  }
+
+  std::size_t write(Pieces& p, std::size_t at) const {
+    const __m256i lanes = _mm256_cvtepu8_epi32(_mm_cvtsi64_si128(
+        static_cast<long long>(kChosenLanes[set_])));  // NOLINT(*-narrowing-conversions)
+    const auto chosen = [&](__m256i v) { return _mm256_permutevar8x32_epi32(v, lanes); };
+    const auto chosenFloats = [&](__m256 v) { return _mm256_permutevar8x32_ps(v, lanes); };
+    const __m256i height = _mm256_sub_epi32(group_.lowerY, group_.upperY);
+    const __m256i cell = _mm256_mullo_epi32(group_.firstRow, _mm256_set1_epi32(stride_));
+    _mm256_storeu_ps(p.xa + at, chosenFloats(group_.upperX));
+    _mm256_storeu_ps(p.xb + at, chosenFloats(group_.lowerX));
+    store(p.cover + at, chosen(_mm256_sign_epi32(height, group_.sign)));
+    store(p.cell + at, chosen(cell));
+    return static_cast<std::size_t>(__builtin_popcount(set_));
+  }
+
+ private:
+  std::int32_t stride_;
+  const EdgeGroup& group_;
+  unsigned set_;
+};
+
+// The edges of a group that span rows, to be read one by one.
+struct LongEdges {
+  LongEdges(const EdgeRows& rows, const EdgeGroup& group) {
+    const __m256i from = _mm256_max_epi32(group.firstRow, _mm256_setzero_si256());
+    const __m256i to = _mm256_min_epi32(group.lastRow, _mm256_set1_epi32(rows.rows - 1));
+    // Those in the band, of more than one row in all.
+    set = bits(_mm256_andnot_si256(_mm256_cmpgt_epi32(from, to),
+                                   _mm256_cmpgt_epi32(group.lastRow, group.firstRow)));
+    if (set == 0) return;
+    const __m256 height = _mm256_cvtepi32_ps(_mm256_sub_epi32(group.lowerY, group.upperY));
+    const __m256 run = _mm256_sub_ps(group.lowerX, group.upperX);
+    _mm256_storeu_ps(x0, group.upperX);
+    _mm256_storeu_ps(x1, group.lowerX);
+    _mm256_storeu_ps(slope, _mm256_div_ps(run, height));
+    store(y0, group.upperY);
+    store(y1, group.lowerY);
+    store(sign, group.sign);
+    store(first, from);
+    store(last, to);
+  }
+
+  unsigned set;
   float x0[8];
   float x1[8];
   float slope[8];
@@ -118,50 +192,87 @@ int sampleCurve(const double* points, const CurveFrame& frame, float* xs, std::i
   return count;
 }
 
-// Eight rows at a time: most edges of small shapes end within them, so there is no loop whose end
-// the processor could guess wrong. Pieces beyond the edge's end are overwritten by the next edge.
+int joinCorners(const float* x, const std::int32_t* y, std::size_t count, Edge* edges) {
+  int runs = 0;
+  unsigned wasDown = 0;
+  for (std::size_t i = 0; i + 1 < count; i += 8) {
+    const __m256 x0 = _mm256_loadu_ps(x + i);
+    const __m256 x1 = _mm256_loadu_ps(x + i + 1);
+    const __m256i y0 = load(y + i);
+    const __m256i y1 = load(y + i + 1);
+    // Edges i and i + 4 come to stand in one register.
+    const __m256d x01 = _mm256_castps_pd(_mm256_unpacklo_ps(x0, x1));
+    const __m256d x23 = _mm256_castps_pd(_mm256_unpackhi_ps(x0, x1));
+    const __m256d y01 = _mm256_castsi256_pd(_mm256_unpacklo_epi32(y0, y1));
+    const __m256d y23 = _mm256_castsi256_pd(_mm256_unpackhi_epi32(y0, y1));
+    const auto put = [&](std::size_t at, __m256d two) {
+      _mm256_storeu2_m128d(reinterpret_cast<double*>(edges + at + 4),
+                           reinterpret_cast<double*>(edges + at), two);
+    };
+    put(i, _mm256_unpacklo_pd(x01, y01));
+    put(i + 1, _mm256_unpackhi_pd(x01, y01));
+    put(i + 2, _mm256_unpacklo_pd(x23, y23));
+    put(i + 3, _mm256_unpackhi_pd(x23, y23));
+    unsigned isDown = bits(_mm256_cmpgt_epi32(y1, y0));
+    const std::size_t left = count - 1 - i;
+    if (left < 8) isDown &= (1U << left) - 1;
+    runs += __builtin_popcount(isDown & ~(isDown << 1 | wasDown));
+    wasDown = isDown >> 7;
+  }
+  return runs;
+}
+
+// Edges inside one row, of which small shapes have many, eight at a time. The others one by one,
+// eight rows at a time: most edges of small shapes end within them, so there is no loop whose end
+// the processor could guess wrong. Pieces beyond an edge's end are overwritten by the next edge.
 void cutEdges(EdgeRows& rows, Pieces& p) {
   const __m256i steps = _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7);
   const __m256i strides = _mm256_mullo_epi32(steps, _mm256_set1_epi32(rows.stride));
   const __m256i depths = _mm256_slli_epi32(steps, kUnitShift);
-  std::size_t count = 0;
-  while (rows.next < rows.count) {
+  p.count = 0;
+  for (; rows.next < rows.count; rows.next += 8) {
     const EdgeGroup group(rows);
-    for (std::size_t e = 0; e < group.count; ++e, ++rows.next, rows.nextRow = 0) {
-      const __m256 x0 = _mm256_broadcast_ss(group.x0 + e);
-      const __m256 x1 = _mm256_broadcast_ss(group.x1 + e);
-      const __m256 slope = _mm256_broadcast_ss(group.slope + e);
-      const __m256i upper = everyLane(group.y0[e]);
-      const __m256i lower = everyLane(group.y1[e]);
-      const __m256i sign = everyLane(group.sign[e]);
+    const LongEdges edges(rows, group);
+    if (rows.pending == 0) {
+      if (p.count + 8 > Pieces::kCapacity) return;
+      p.count += SingleRows(rows, group).write(p, p.count);
+      rows.pending = edges.set;
+    }
+    for (; rows.pending != 0; rows.pending &= rows.pending - 1, rows.nextRow = 0) {
+      const int e = __builtin_ctz(rows.pending);
+      const __m256 x0 = _mm256_broadcast_ss(edges.x0 + e);
+      const __m256 x1 = _mm256_broadcast_ss(edges.x1 + e);
+      const __m256 slope = _mm256_broadcast_ss(edges.slope + e);
+      const __m256i upper = everyLane(edges.y0[e]);
+      const __m256i lower = everyLane(edges.y1[e]);
+      const __m256i sign = everyLane(edges.sign[e]);
       const auto xAt = [&](__m256i y) {
         const __m256 depth = _mm256_cvtepi32_ps(_mm256_sub_epi32(y, upper));
         return _mm256_add_ps(x0, _mm256_mul_ps(depth, slope));
       };
-      const int last = group.last[e];
-      int row = group.first[e];
+      const int last = edges.last[e];
+      int row = edges.first[e];
       if (row < rows.nextRow) row = rows.nextRow;
       for (; row <= last; row += 8) {
-        if (count + 8 > Pieces::kCapacity) {
+        if (p.count + 8 > Pieces::kCapacity) {
           rows.nextRow = row;
-          p.count = count;
           return;
         }
+        const std::size_t at = p.count;
         const __m256i rowTop = _mm256_add_epi32(_mm256_set1_epi32(row << kUnitShift), depths);
         const __m256i rowEnd = _mm256_add_epi32(rowTop, _mm256_set1_epi32(kUnitsPerPixel));
         const __m256i top = _mm256_max_epi32(rowTop, upper);
         const __m256i bottom = _mm256_min_epi32(rowEnd, lower);
         const __m256 isEnd = _mm256_castsi256_ps(_mm256_cmpeq_epi32(bottom, lower));
-        _mm256_storeu_ps(p.xa + count, xAt(top));
-        _mm256_storeu_ps(p.xb + count, _mm256_blendv_ps(xAt(bottom), x1, isEnd));
-        store(p.cover + count, _mm256_sign_epi32(_mm256_sub_epi32(bottom, top), sign));
-        store(p.cell + count, _mm256_add_epi32(_mm256_set1_epi32(row * rows.stride), strides));
+        _mm256_storeu_ps(p.xa + at, xAt(top));
+        _mm256_storeu_ps(p.xb + at, _mm256_blendv_ps(xAt(bottom), x1, isEnd));
+        store(p.cover + at, _mm256_sign_epi32(_mm256_sub_epi32(bottom, top), sign));
+        store(p.cell + at, _mm256_add_epi32(_mm256_set1_epi32(row * rows.stride), strides));
         const int left = last - row + 1;
-        count += static_cast<std::size_t>(left < 8 ? left : 8);
+        p.count += static_cast<std::size_t>(left < 8 ? left : 8);
       }
     }
   }
-  p.count = count;
 }
 
 void cellAmounts(Pieces& p) {

@@ -144,12 +144,13 @@ class InsideWriter : public EdgeWriter {
 
   void finish() {
     endContour();
-    makeRoom(corners_ + out_.contourEnds.size());
+    makeCornerRoom(8);
+    makeRoom(corners_ + 8);
     std::size_t first = 0;
     for (const std::size_t end : out_.contourEnds) {
-      startRuns();
-      for (std::size_t i = first + 1; i < end; ++i) push(x_[i - 1], y_[i - 1], x_[i], y_[i]);
-      push(x_[end - 1], y_[end - 1], x_[first], y_[first]);
+      runs_ += 2 * kernels_->joinCorners(x_ + first, y_ + first, end - first,
+                                         out_.storage.data() + count_);
+      count_ += end - first - 1;
       first = end;
     }
   }
@@ -174,7 +175,11 @@ class InsideWriter : public EdgeWriter {
   }
   void endContour() {
     const std::size_t first = out_.contourEnds.empty() ? 0 : out_.contourEnds.back();
-    if (corners_ > first) out_.contourEnds.push_back(corners_);
+    if (corners_ == first) return;
+    makeCornerRoom(1);
+    x_[corners_] = x_[first];
+    y_[corners_] = y_[first];
+    out_.contourEnds.push_back(++corners_);
   }
 
   const Kernels* kernels_;
@@ -322,7 +327,7 @@ void writePath(const CGPath& path, const std::vector<CGPoint>& devicePoints,
 
 template <typename Writer>
 void writePolygons(const Polygons& polygons, const PixelRect& region, EdgeList& out) {
-  Writer writer(out, region, kFillTolerance, nullptr);
+  Writer writer(out, region, kFillTolerance, &kernels());
   const CGPoint* points = polygons.points.data();
   std::size_t i = 0;
   for (const std::size_t end : polygons.ends) {

@@ -16,7 +16,7 @@ struct EdgeList {
   PixelRect region;
   std::vector<Edge> storage;  // grows only; the first `count` are in use
   std::size_t count = 0;
-  /// The corners on the way to edges, likewise only growing.
+  /// The corners on the way to edges, likewise only growing; each contour ends where it began.
   std::vector<float> cornerX;
   std::vector<std::int32_t> cornerY;
   std::vector<std::size_t> contourEnds;

@@ -41,7 +41,7 @@ inline constexpr int kBlock = 16;
 inline constexpr int kBlockShift = 4;
 
 /// A straight edge inside a region: x in pixels from the region's left, y in units from its top.
-/// Never level (y0 ≠ y1); x within 0…width, y within 0…height.
+/// x within 0…width, y within 0…height; an edge that is level (y0 = y1) changes nothing.
 struct Edge {
   float x0;
   float x1;
@@ -77,8 +77,11 @@ struct EdgeRows {
   std::size_t count;
   std::int32_t top;  // of the first row, in units
   std::int32_t rows;
-  std::int32_t stride;   // cells from row to row
-  std::size_t next = 0;  // the edge to go on with, and its row
+  std::int32_t stride;  // cells from row to row
+  // Where to go on, for whoever cuts them: an edge, which of those looked at together with it are
+  // still to be cut, and a row of the first of these.
+  std::size_t next = 0;
+  std::uint32_t pending = 0;
   std::int32_t nextRow = 0;
 };
 
@@ -124,8 +127,11 @@ struct Kernels {
   /// upper left corner and clamped to the region. Inner samples are moved out of the curve's hollow
   /// so that the chords keep the area under it; the last one is not exact. Writes whole eights.
   int (*sampleCurve)(const double* points, const CurveFrame& frame, float* x, std::int32_t* y);
-  /// Replaces the pieces by the next ones of the edges, as many as there is room for; none when all
-  /// edges are done.
+  /// Makes edges of one corner to the next, count − 1 in number, and gives the number of runs
+  /// downwards, counted once more where a level edge breaks them. Reads and writes whole eights.
+  int (*joinCorners)(const float* x, const std::int32_t* y, std::size_t count, Edge* edges);
+  /// Replaces the pieces by the next ones of the edges, as many as there is room for, in no
+  /// certain order; none when all edges are done.
   void (*cutEdges)(EdgeRows& rows, Pieces& pieces);
   /// Works out which cells the pieces change, and by how much.
   void (*cellAmounts)(Pieces& pieces);

@@ -95,6 +95,7 @@ constexpr Kernels kAvx2{
     .boxPoints = boxPoints,
     .mapPoints = mapPoints,
     .sampleCurve = sampleCurve,
+    .joinCorners = joinCorners,
     .cutEdges = cutEdges,
     .cellAmounts = cellAmounts,
     .addPieces = addPieces,

@@ -100,10 +100,23 @@ int sampleCurve(const double* points, const CurveFrame& frame, float* xs, std::i
   return count;
 }
 
+int joinCorners(const float* x, const std::int32_t* y, std::size_t count, Edge* edges) {
+  int runs = 0;
+  bool wasDown = false;
+  for (std::size_t i = 0; i + 1 < count; ++i) {
+    edges[i] = {x[i], x[i + 1], y[i], y[i + 1]};
+    const bool isDown = y[i + 1] > y[i];
+    runs += isDown && !wasDown ? 1 : 0;
+    wasDown = isDown;
+  }
+  return runs;
+}
+
 void cutEdges(EdgeRows& rows, Pieces& p) {
   p.count = 0;
   for (; rows.next < rows.count; ++rows.next, rows.nextRow = 0) {
     const Edge& edge = rows.edges[rows.next];
+    if (edge.y0 == edge.y1) continue;
     const bool down = edge.y0 < edge.y1;
     const float x0 = down ? edge.x0 : edge.x1;
     const float x1 = down ? edge.x1 : edge.x0;
@@ -307,6 +320,7 @@ constexpr Kernels kScalar{
     .boxPoints = boxPoints,
     .mapPoints = mapPoints,
     .sampleCurve = sampleCurve,
+    .joinCorners = joinCorners,
     .cutEdges = cutEdges,
     .cellAmounts = cellAmounts,
     .addPieces = addPieces,

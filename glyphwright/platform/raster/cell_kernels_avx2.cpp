@@ -52,9 +52,23 @@ int sumNarrowBy(std::int16_t* cells, std::size_t count, int carry, std::uint16_t
   return static_cast<short>(_mm256_extract_epi16(running, 0));
 }
 
-template <FillRule rule, typename Painter>
+// The end of a row with more rows to come: whole blocks are stored faster than parts, and what lies
+// beyond the end is laid anew by the next row, or stays as it was under no coverage.
+struct OpenEnd : Stretch {
+  explicit OpenEnd(std::size_t count) : covered(firstLanes(count)) {}
+  __m256i cut(__m256i units) const { return _mm256_and_si256(units, covered); }
+  __m256i covered;
+};
+
+// The end of the last row, beyond which nothing may be touched.
+struct ClosedEnd : RowEnd {
+  using RowEnd::RowEnd;
+  static __m256i cut(__m256i units) { return units; }
+};
+
+template <FillRule rule, typename End, typename Painter>
 void paintRow(std::int16_t* cells, const std::uint8_t* touched, std::size_t stride,
-              std::size_t width, const RowEnd& end, const Painter& painter, std::uint8_t* rgba) {
+              std::size_t width, const End& end, const Painter& painter, std::uint8_t* rgba) {
   const __m256i zero = _mm256_setzero_si256();
   const std::size_t whole = width / kBlock;
   __m256i running = zero;
@@ -75,25 +89,40 @@ void paintRow(std::int16_t* cells, const std::uint8_t* touched, std::size_t stri
   }
   if (width % kBlock != 0) {
     const __m256i sums = _mm256_add_epi16(prefixSum(load(cells + block * kBlock)), running);
-    painter.paint(end, rgba + block * kBlock * 4, foldWinding<rule>(sums));
+    painter.paint(end, rgba + block * kBlock * 4, end.cut(foldWinding<rule>(sums)));
   }
   for (std::size_t x = block * kBlock; x < stride; x += kBlock) store(cells + x, zero);
+}
+
+template <FillRule rule, typename Painter>
+void paintCellsBy(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                  const Painter& painter) {
+  const std::size_t cut = rows.width % kBlock;
+  const OpenEnd open(cut);
+  const ClosedEnd closed(cut);
+  // As many of the last rows are closed as a whole block would reach over from.
+  const std::size_t reach = (kBlock - cut) * 4;
+  std::int16_t* cells = rows.cells;
+  const std::uint8_t* touched = rows.touched;
+  for (std::size_t left = rows.rows; left > 0; --left) {
+    if ((left - 1) * rowBytes >= reach) {
+      paintRow<rule>(cells, touched, rows.stride, rows.width, open, painter, rgba);
+    } else {
+      paintRow<rule>(cells, touched, rows.stride, rows.width, closed, painter, rgba);
+    }
+    rgba += rowBytes;
+    cells += rows.stride;
+    if (touched != nullptr) touched += rows.stride / kBlock;
+  }
 }
 
 template <typename Painter>
 void paintCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                 const Painter& painter) {
-  const std::uint8_t* touched = rows.touched;
-  const RowEnd end(rows.width % kBlock);
-  for (std::size_t row = 0; row < rows.rows; ++row) {
-    std::int16_t* cells = rows.cells + row * rows.stride;
-    if (rows.rule == FillRule::nonZero) {
-      paintRow<FillRule::nonZero>(cells, touched, rows.stride, rows.width, end, painter, rgba);
-    } else {
-      paintRow<FillRule::evenOdd>(cells, touched, rows.stride, rows.width, end, painter, rgba);
-    }
-    rgba += rowBytes;
-    if (touched != nullptr) touched += rows.stride / kBlock;
+  if (rows.rule == FillRule::nonZero) {
+    paintCellsBy<FillRule::nonZero>(rgba, rowBytes, rows, painter);
+  } else {
+    paintCellsBy<FillRule::evenOdd>(rgba, rowBytes, rows, painter);
   }
 }
 

@@ -143,6 +143,18 @@ __m256i everyLane(const std::int32_t& value) {
   return _mm256_set1_epi32(value);
 }
 
+constexpr float kParts[] = {0,        1,        1.0F / 2, 1.0F / 3, 1.0F / 4,
+                            1.0F / 5, 1.0F / 6, 1.0F / 7, 1.0F / 8};
+
+int chordCount(__m128 chords4) {
+  const __m256 fourthPowers = _mm256_setr_ps(1, 16, 81, 256, 625, 1296, 2401, 4096);
+  const __m256 reached = _mm256_cmp_ps(_mm256_broadcastss_ps(chords4), fourthPowers, _CMP_GE_OQ);
+  const int count = 1 + __builtin_popcount(static_cast<unsigned>(_mm256_movemask_ps(reached)));
+  if (count <= 8) return count;
+  const float root = _mm_cvtss_f32(_mm_sqrt_ss(_mm_sqrt_ss(chords4)));
+  return root < kMaxChords - 1 ? static_cast<int>(root) + 1 : kMaxChords;
+}
+
 }  // namespace
 
 // Eight samples at a time; the last eight may run past the curve's end.
@@ -157,12 +169,9 @@ int sampleCurve(const double* points, const CurveFrame& frame, float* xs, std::i
   const __m128 sums =
       _mm_add_ps(squares, _mm_shuffle_ps(squares, squares, _MM_SHUFFLE(2, 3, 0, 1)));
   const __m128 bendSquare = _mm_max_ss(sums, _mm_movehl_ps(sums, sums));
-  const __m128 chords =
-      _mm_sqrt_ss(_mm_sqrt_ss(_mm_mul_ss(bendSquare, _mm_set_ss(frame.chordFactor))));
-  const float wanted = _mm_cvtss_f32(chords);
-  const int count = wanted < kMaxChords - 1 ? static_cast<int>(wanted) + 1 : kMaxChords;
-
-  const float h = 1.0F / static_cast<float>(count);
+  const __m128 chords4 = _mm_mul_ss(bendSquare, _mm_set_ss(frame.chordFactor));
+  const int count = chordCount(chords4);
+  const float h = count <= 8 ? kParts[count] : 1.0F / static_cast<float>(count);
   const __m128 lift = _mm_set1_ps(h * h * 0.5F);
   const __m128 a = _mm_sub_ps(_mm_movehl_ps(uv, uv), uv);
   const __m128 b = _mm_mul_ps(_mm_set1_ps(3), uv);

@@ -103,7 +103,8 @@ struct Pieces {
   std::uint8_t wide[kCapacity / 8];
 };
 
-/// Rows of cells to be painted. They are set back to zero.
+/// Rows of cells to be painted, top to bottom. They are set back to zero. What lies
+/// past the end of a row, but not past that of the last row, may be painted too with no coverage.
 struct CellRows {
   std::int16_t* cells;
   std::size_t stride;           // cells from row to row, a multiple of kBlock

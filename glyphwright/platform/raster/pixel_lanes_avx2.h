@@ -86,6 +86,13 @@ inline __m256i firstPixels(std::size_t count) {
   return load(bits + 8 - (count < 8 ? count : 8));
 }
 
+// A mask for the first `count` of sixteen 16-bit lanes.
+inline __m256i firstLanes(std::size_t count) {
+  alignas(32) static constexpr std::int16_t bits[32] = {-1, -1, -1, -1, -1, -1, -1, -1,
+                                                        -1, -1, -1, -1, -1, -1, -1, -1};
+  return load(bits + 16 - (count < 16 ? count : 16));
+}
+
 // Less than sixteen pixels at the end of a row: nothing beyond them is read or written.
 struct RowEnd {
   explicit RowEnd(std::size_t pixels)

@@ -50,7 +50,7 @@ class FilledShape final : public CGContext::Shape {
   const CGPath& path_;
 };
 
-// The area of a stroke, as polygons in the scratch.
+// The area of a stroke, as an outline in the scratch.
 class StrokedShape final : public CGContext::Shape {
  public:
   StrokedShape(const CGPath& path, const StrokeStyle& style, const CGAffineTransform& ctm) {
@@ -71,13 +71,18 @@ class StrokedShape final : public CGContext::Shape {
     if (!(points.maxX >= points.minX) || !(width > 0) || !std::isfinite(width)) return;
     const double stretch = onDevice ? 1 : std::sqrt(std::max(scaleSquare, other));
     if (!(stretch > 0)) return;
-    raster::strokePolygons(path, scratch.devicePoints, width, style,
-                           raster::kStrokeTolerance / stretch,
-                           onDevice ? CGAffineTransformIdentity : ctm, scratch.polygons);
-    box = raster::boxOf(scratch.polygons);
+    const CGPoint middle = {(points.minX + points.maxX) * 0.5, (points.minY + points.maxY) * 0.5};
+    const CGPoint origin = onDevice ? middle : CGPointApplyAffineTransform(middle, ctm);
+    scratch.outline.originX = std::floor(origin.x);
+    scratch.outline.originY = std::floor(origin.y);
+    raster::strokeOutline(path, scratch.devicePoints,
+                          {width, style, raster::kStrokeTolerance / stretch,
+                           onDevice ? CGAffineTransformIdentity : ctm},
+                          *scratch.kernels, scratch.outline);
+    box = raster::boxOf(scratch.outline);
   }
   void edges(const PixelRect& region, Scratch& scratch) const override {
-    raster::edgesOfPolygons(scratch.polygons, box, region, scratch.edges);
+    raster::edgesOfOutline(scratch.outline, box, region, scratch.edges);
   }
 };
 

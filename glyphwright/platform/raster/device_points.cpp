@@ -48,8 +48,4 @@ DeviceBox mapPoints(const CGPath& path, const CGAffineTransform& toDevice,
   return box;
 }
 
-DeviceBox boxOf(const Polygons& polygons) {
-  return finiteBox(kernels().boxPoints(coordinates(polygons.points), polygons.points.size()));
-}
-
 }  // namespace glyphwright::raster

@@ -27,36 +27,16 @@ struct EdgeList {
   std::span<const Edge> edges() const { return {storage.data(), count}; }
 };
 
-/// Contours of straight lines in device pixels, each closed by an implicit edge to its start.
-struct Polygons {
-  std::vector<CGPoint> points;
-  std::vector<std::size_t> ends;  // one past the last point of each contour
-
-  void clear() {
-    points.clear();
-    ends.clear();
-  }
-  void endContour() {
-    if (points.size() > (ends.empty() ? 0 : ends.back())) ends.push_back(points.size());
-  }
-};
-
 /// The box around a path's points under `toDevice`, control points included; NaN or infinite
 /// points give a box that touches no pixel. `devicePoints` receives the mapped points at its start.
 DeviceBox mapPoints(const CGPath& path, const CGAffineTransform& toDevice,
                     std::vector<CGPoint>& devicePoints);
-
-/// The box around all points; one that touches no pixel when a coordinate is NaN.
-DeviceBox boxOf(const Polygons& polygons);
 
 /// Flattens a path whose points have been mapped to device pixels; open subpaths are closed. `box`
 /// is the box around the points. A curve becomes as many chords as keep it within `tolerance`
 /// pixels, and the chords' inner points are moved out so that the area under the curve is kept.
 void edgesOfPath(const CGPath& path, const std::vector<CGPoint>& devicePoints, const DeviceBox& box,
                  const PixelRect& region, double tolerance, const Kernels& kernels, EdgeList& out);
-
-void edgesOfPolygons(const Polygons& polygons, const DeviceBox& box, const PixelRect& region,
-                     EdgeList& out);
 
 /// The flattening tolerance of fills, in pixels.
 inline constexpr double kFillTolerance = 0.025;

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include <glyphwright/platform/raster/stroke_kernels.h>
+
 namespace glyphwright::raster {
 
 enum class FillRule : std::uint8_t { nonZero, evenOdd };
@@ -170,6 +172,11 @@ struct Kernels {
   /// multiple of kBlock. Down a picture the rows are rows; along one, the same row shifted.
   void (*filter)(std::uint16_t* out, const std::uint16_t* const* rows, const std::int16_t* taps,
                  std::size_t reach, std::size_t count);
+  /// Samples both sides of a cubic under a pen at its chords' ends but the first; the last one is
+  /// not exact. Inner samples are moved out of each side's hollow so that its chords keep the area.
+  /// False when the curve bends more tightly than the pen, where the sides would run backwards.
+  /// Writes whole eights.
+  bool (*strokeCurve)(const StrokeCurve& curve, const StrokeCorners& out);
 };
 
 /// The fastest table for this machine.

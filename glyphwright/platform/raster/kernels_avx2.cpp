@@ -4,6 +4,7 @@
 #include <glyphwright/platform/raster/edge_kernels_avx2.h>
 #include <glyphwright/platform/raster/pixel_lanes_avx2.h>
 #include <glyphwright/platform/raster/point_kernels_avx2.h>
+#include <glyphwright/platform/raster/stroke_kernels_avx2.h>
 
 // Rows of pixels and of coverage; kernels_scalar.cpp says what each loop computes.
 namespace glyphwright::raster {
@@ -110,6 +111,7 @@ constexpr Kernels kAvx2{
     .multiplyCoverage = multiplyCoverage,
     .scaleCoverage = scaleCoverage,
     .filter = filter,
+    .strokeCurve = strokeCurve,
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include <glyphwright/platform/raster/kernels.h>
+#include <glyphwright/platform/raster/stroke_kernels_scalar.h>
 
 namespace glyphwright::raster {
 namespace {
@@ -340,6 +341,7 @@ constexpr Kernels kScalar{
     .multiplyCoverage = multiplyCoverage,
     .scaleCoverage = scaleCoverage,
     .filter = filter,
+    .strokeCurve = scalar::strokeCurve,
 };
 
 }  // namespace

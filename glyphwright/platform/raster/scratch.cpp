@@ -12,10 +12,12 @@ std::size_t bytes(const std::vector<T>& v) {
 
 void Scratch::trim() {
   const std::size_t kept = bytes(devicePoints) + bytes(edges.storage) + bytes(edges.cornerX) +
-                           bytes(edges.cornerY) + bytes(edges.contourEnds) +
-                           bytes(polygons.points) + bytes(sortedEdges) + bytes(activeEdges) +
-                           bytes(narrowCells) + bytes(wideCells) + bytes(touched) +
-                           bytes(coverage) + bytes(clippedCoverage) + bytes(sourceRow);
+                           bytes(edges.cornerY) + bytes(edges.contourEnds) + bytes(outline.left.x) +
+                           bytes(outline.left.y) + bytes(outline.right.x) + bytes(outline.right.y) +
+                           bytes(outline.contours) + bytes(outline.nodes) + bytes(sortedEdges) +
+                           bytes(activeEdges) + bytes(narrowCells) + bytes(wideCells) +
+                           bytes(touched) + bytes(coverage) + bytes(clippedCoverage) +
+                           bytes(sourceRow);
   if (kept > kKeptBytes) *this = Scratch{};
 }
 

@@ -5,6 +5,7 @@
 
 #include <glyphwright/platform/raster/edges.h>
 #include <glyphwright/platform/raster/kernels.h>
+#include <glyphwright/platform/raster/stroke_outline.h>
 
 namespace glyphwright::raster {
 
@@ -15,7 +16,7 @@ struct Scratch {
   const Kernels* kernels = &raster::kernels();
   std::vector<CGPoint> devicePoints;
   EdgeList edges;
-  Polygons polygons;
+  StrokeOutline outline;
   std::vector<Edge> sortedEdges;
   std::vector<Edge> activeEdges;
   std::vector<std::uint32_t> bandStarts;

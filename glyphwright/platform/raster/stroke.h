@@ -1,20 +1,28 @@
 #pragma once
 
+#include <vector>
+
 #include <glyphwright/platform/path.h>
-#include <glyphwright/platform/raster/edges.h>
+#include <glyphwright/platform/raster/kernels.h>
+#include <glyphwright/platform/raster/stroke_outline.h>
 #include <glyphwright/platform/stroke_style.h>
 
 namespace glyphwright::raster {
 
-/// The area of a stroke as contours that all wind the same way, so that the non-zero rule gives
-/// their union.
-///
-/// `points` are the path's points in the pen's space, where the pen is a circle of `width` (above
-/// 0); `toDevice` maps that space to device pixels, and the result is in device pixels.
-/// `tolerance` is in the pen's space. Non-finite points give nothing.
-void strokePolygons(const CGPath& path, const std::vector<CGPoint>& points, double width,
-                    const StrokeStyle& style, double tolerance, const CGAffineTransform& toDevice,
-                    Polygons& out);
+/// How a path is stroked.
+struct Stroke {
+  /// Above 0. In the pen's space, where the pen is a circle.
+  double width;
+  const StrokeStyle& style;
+  double tolerance;  // in the pen's space
+  /// From the pen's space to device pixels.
+  CGAffineTransform toDevice;
+};
+
+/// The area of a stroke. `points` are the path's points in the pen's space. Set the outline's
+/// origin before.
+void strokeOutline(const CGPath& path, const std::vector<CGPoint>& points, const Stroke& stroke,
+                   const Kernels& kernels, StrokeOutline& out);
 
 /// The flattening tolerance of strokes, in pixels; the outside of a curve bends wider than its
 /// middle.

@@ -45,24 +45,34 @@ inline Vector leftOf(Vector direction) {
   return {direction.y, -direction.x};
 }
 
-// A point on the centre line with the unit direction in which it is left behind. `smooth` points
-// lie inside a curve and need no join.
+// A sample of a curve with the unit direction in which the curve runs there.
 struct Node {
   Vector at;
-  Vector in;
-  Vector out;
-  bool smooth;
-  Vector normal = {};  // to the left, halfway between both directions
-  Vector along = {};   // the direction of the leg to the next node, where that has a length
-  double legLength = 0;
+  Vector direction;
 };
 
 // The straight way between two nodes.
 struct Leg {
-  Vector along;
-  double length;
+  Vector along;  // its direction, where it has a length
+  double length = 0;
 
   bool hasDirection() const { return length > 0; }
+};
+
+inline Leg legBetween(Vector from, Vector to) {
+  Vector along = to - from;
+  const double l = length(along);
+  if (l > 0) along = {along.x / l, along.y / l};
+  return {along, l};
+}
+
+// One end of a segment: the unit direction in which the segment runs there, and its chord there.
+struct SegmentEnd {
+  Vector direction;
+  Leg leg;
+  // The segment is a curve that may bend more tightly than the pen, so that its sides are those of
+  // its chords.
+  bool isTight = false;
 };
 
 // Two directions closer than this (cosine of about 0.5°) meet without a join.

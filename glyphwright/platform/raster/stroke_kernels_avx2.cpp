@@ -1,0 +1,60 @@
+#include <glyphwright/platform/raster/stroke_kernels_avx2.h>
+
+#include <immintrin.h>
+
+// Both sides of curves eight samples at a time; stroke_kernels_scalar.cpp says what is computed.
+namespace glyphwright::raster::avx2 {
+
+bool strokeCurve(const StrokeCurve& c, const StrokeCorners& out) {
+  const auto every = [](float v) { return _mm256_set1_ps(v); };
+  const auto add = [](__m256 a, __m256 b) { return _mm256_add_ps(a, b); };
+  const auto sub = [](__m256 a, __m256 b) { return _mm256_sub_ps(a, b); };
+  const auto mul = [](__m256 a, __m256 b) { return _mm256_mul_ps(a, b); };
+  const float step = 1.0F / static_cast<float>(c.count);
+  const __m256 h = every(step);
+  const __m256 lift = every(step * step * 0.5F);
+  const __m256 pen = every(c.half * (2.0F / 3.0F));
+  const __m256 half = every(c.half);
+  const __m256 sign = every(-0.0F);
+  const __m256 one = every(1);
+  const __m256 last = every(static_cast<float>(c.count));
+  const __m256 changeX = every(c.changeX), changeY = every(c.changeY);
+  const __m256 bendX = every(c.bendX), bendY = every(c.bendY);
+  const __m256 bend2X = every(2.0F * c.bendX), bend2Y = every(2.0F * c.bendY);
+  const __m256 bend3X = every(3.0F * c.bendX), bend3Y = every(3.0F * c.bendY);
+  const __m256 legX = every(c.legX), legY = every(c.legY);
+  const __m256 leg3X = every(3.0F * c.legX), leg3Y = every(3.0F * c.legY);
+  const __m256 startX = every(c.startX), startY = every(c.startY);
+  __m256 number = _mm256_setr_ps(1, 2, 3, 4, 5, 6, 7, 8);
+  __m256 tight = _mm256_setzero_ps();
+  for (int k = 0; k < c.count; k += 8) {
+    const __m256 t = mul(number, h);
+    const __m256 atX = mul(changeX, t);
+    const __m256 atY = mul(changeY, t);
+    const __m256 x = add(mul(add(mul(add(atX, bend3X), t), leg3X), t), startX);
+    const __m256 y = add(mul(add(mul(add(atY, bend3Y), t), leg3Y), t), startY);
+    const __m256 alongX = add(mul(add(atX, bend2X), t), legX);
+    const __m256 alongY = add(mul(add(atY, bend2Y), t), legY);
+    const __m256 square = add(mul(alongX, alongX), mul(alongY, alongY));
+    const __m256 inverse = _mm256_div_ps(one, _mm256_sqrt_ps(square));
+    const __m256 normalX = mul(alongY, inverse);
+    const __m256 normalY = _mm256_xor_ps(mul(alongX, inverse), sign);
+    const __m256 bend = add(mul(add(atX, bendX), normalX), mul(add(atY, bendY), normalY));
+    const __m256 turn = mul(mul(pen, bend), mul(inverse, inverse));
+    const __m256 isTight = _mm256_cmp_ps(_mm256_andnot_ps(sign, turn), one, _CMP_NLE_UQ);
+    const __m256 isSample = _mm256_cmp_ps(number, last, _CMP_LE_OQ);
+    tight = _mm256_or_ps(tight, _mm256_and_ps(isTight, isSample));
+    const __m256 out1 = mul(bend, lift);
+    const __m256 out2 = mul(out1, turn);
+    const __m256 left = add(sub(half, out1), out2);
+    const __m256 right = add(add(half, out1), out2);
+    _mm256_storeu_ps(out.leftX + k, add(x, mul(normalX, left)));
+    _mm256_storeu_ps(out.leftY + k, add(y, mul(normalY, left)));
+    _mm256_storeu_ps(out.rightX + k, sub(x, mul(normalX, right)));
+    _mm256_storeu_ps(out.rightY + k, sub(y, mul(normalY, right)));
+    number = add(number, every(8));
+  }
+  return _mm256_movemask_ps(tight) == 0;
+}
+
+}  // namespace glyphwright::raster::avx2

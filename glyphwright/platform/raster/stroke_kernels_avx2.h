@@ -1,0 +1,10 @@
+#pragma once
+
+#include <glyphwright/platform/raster/stroke_kernels.h>
+
+/// The loops of strokes for machines with AVX2; kernels.h says what they do.
+namespace glyphwright::raster::avx2 {
+
+bool strokeCurve(const StrokeCurve& curve, const StrokeCorners& out);
+
+}  // namespace glyphwright::raster::avx2

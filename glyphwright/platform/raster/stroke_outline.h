@@ -1,0 +1,71 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+#include <glyphwright/platform/raster/edges.h>
+#include <glyphwright/platform/raster/stroke_geometry.h>
+
+namespace glyphwright::raster {
+
+/// The corners along one side of a stroke, in device pixels from the outline's origin.
+struct OutlineSide {
+  std::vector<float> x;  // grow only; the first `count` are in use
+  std::vector<float> y;
+  std::size_t count = 0;
+
+  void makeRoom(std::size_t corners) {
+    if (x.size() < count + corners) {
+      const std::size_t wanted = 2 * (count + corners);
+      x.resize(wanted);
+      y.resize(wanted);
+    }
+  }
+  void put(float px, float py) {
+    makeRoom(1);
+    x[count] = px;
+    y[count] = py;
+    ++count;
+  }
+};
+
+/// The outline of a stroke. Where a contour is closed, its left side is one ring of corners and its
+/// right side, run backwards, another. Where it is open, the left side, the right side run
+/// backwards and the two straight ends between them are one ring. All rings wind the stroke's area
+/// the same way, so that the non-zero rule gives their union.
+struct StrokeOutline {
+  /// Corners `begin` to `end` of both sides. Discs and caps have nothing on the right.
+  struct Contour {
+    std::size_t leftBegin;
+    std::size_t leftEnd;
+    std::size_t rightBegin;
+    std::size_t rightEnd;
+    bool isClosed;
+  };
+
+  /// Whole device pixels, near the stroke, so that floats from here on are fine enough.
+  double originX = 0;
+  double originY = 0;
+  OutlineSide left;
+  OutlineSide right;
+  std::vector<Contour> contours;
+  /// Working memory for the curves that are followed with care.
+  std::vector<pen::Node> nodes;
+
+  void clear() {
+    left.count = 0;
+    right.count = 0;
+    contours.clear();
+  }
+};
+
+/// The box around all corners, in device pixels; one that touches no pixel when there are none or
+/// one is NaN.
+DeviceBox boxOf(const StrokeOutline& outline);
+
+/// The edges of an outline with that box.
+void edgesOfOutline(const StrokeOutline& outline, const DeviceBox& box, const PixelRect& region,
+                    EdgeList& out);
+
+}  // namespace glyphwright::raster

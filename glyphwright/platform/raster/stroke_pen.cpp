@@ -1,0 +1,205 @@
+#include <glyphwright/platform/raster/stroke_pen.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace glyphwright::raster {
+
+using namespace pen;
+
+namespace {
+
+// Beyond this many pixels only the direction counts.
+constexpr double kFarthest = 1e9;
+
+// Two directions whose offsets lie this near to each other meet without a join, in parts of the
+// tolerance.
+constexpr double kSmoothPart = 0.5;
+
+float nearby(double v) {
+  return static_cast<float>(std::clamp(v, -kFarthest, kFarthest));
+}
+
+}  // namespace
+
+StrokePen::StrokePen(double width, const StrokeStyle& style, double tolerance,
+                     const CGAffineTransform& toDevice, StrokeOutline& out)
+    : half_(width * 0.5),
+      style_(style),
+      toOutline_(toDevice),
+      out_(out),
+      // The chord of an angle θ on the outline's circle strays by half·θ²/8.
+      arcStepCosine_(1 - std::min(1.0, 4 * tolerance / half_)) {
+  toOutline_.tx -= out.originX;
+  toOutline_.ty -= out.originY;
+  // The offsets of two directions are half·θ apart, and the cosine falls short of one by θ²/2.
+  const double angle = std::min(kSmoothPart * tolerance / half_, 0.1);
+  sameDirection_ = 1 - angle * angle * 0.5;
+}
+
+CGLineCap StrokePen::foldStyle() const {
+  return style_.join == CGLineJoin::round ? CGLineCap::round : CGLineCap::butt;
+}
+
+void StrokePen::put(OutlineSide& side, Vector p) const {
+  const CGPoint q = CGPointApplyAffineTransform({p.x, p.y}, toOutline_);
+  side.put(nearby(q.x), nearby(q.y));
+}
+
+void StrokePen::across(Vector at, Vector direction) const {
+  const Vector offset = leftOf(direction) * half_;
+  put(out_.left, at + offset);
+  put(out_.right, at - offset);
+}
+
+void StrokePen::join(Vector at, const SegmentEnd& in, const SegmentEnd& out) const {
+  const double cosine = dot(in.direction, out.direction);
+  const Vector from = leftOf(in.direction);
+  const Vector to = leftOf(out.direction);
+  if (cosine > sameDirection_) {
+    Vector normal = (from + to) * 0.5;
+    if (in.isTight || out.isTight) return bend(at, normal, in.leg, out.leg);
+    normal = normal * half_;
+    put(out_.left, at + normal);
+    put(out_.right, at - normal);
+    return;
+  }
+  const double shorter = std::min(in.leg.length, out.leg.length);
+  // Half a turn has no outer side of its own; it is given the left one.
+  if (cross(in.direction, out.direction) >= 0) {
+    outerJoin(out_.left, at, from, to, in.direction);
+    innerJoin(out_.right, at, -from, -to, shorter);
+  } else {
+    innerJoin(out_.left, at, from, to, shorter);
+    outerJoin(out_.right, at, -from, -to, in.direction);
+  }
+}
+
+// From the offset of the incoming to that of the outgoing direction.
+void StrokePen::outerJoin(OutlineSide& side, Vector at, Vector from, Vector to,
+                          Vector forward) const {
+  put(side, at + from * half_);
+  switch (style_.join) {
+    case CGLineJoin::round:
+      if (dot(from, to) > -0.9999) {
+        arc(side, at, from, to);
+      } else {
+        halfDisc(side, at, from, forward);
+      }
+      break;
+    case CGLineJoin::miter: {
+      // Miter length / width = 1 / cos(half the turn).
+      const double cosine = dot(from, to);
+      const double halfTurnSquare = (1 + cosine) * 0.5;
+      if (halfTurnSquare > 0 && style_.miterLimit >= 1 &&
+          1 <= style_.miterLimit * style_.miterLimit * halfTurnSquare) {
+        put(side, at + (from + to) * (half_ / (1 + cosine)));
+      }
+      break;
+    }
+    case CGLineJoin::bevel:
+      break;
+  }
+  put(side, at + to * half_);
+}
+
+// Where the two offsets cross when both neighbours are long enough, otherwise over the node itself,
+// which keeps every piece wound the same way.
+void StrokePen::innerJoin(OutlineSide& side, Vector at, Vector from, Vector to,
+                          double shorter) const {
+  const double cosine = dot(from, to);
+  if (cosine > -0.99) {
+    const double factor = half_ / (1 + cosine);
+    if (factor * std::fabs(cross(from, to)) <= shorter) {
+      put(side, at + (from + to) * factor);
+      return;
+    }
+  }
+  put(side, at + from * half_);
+  put(side, at);
+  put(side, at + to * half_);
+}
+
+void StrokePen::bend(Vector at, Vector normal, const Leg& in, const Leg& out) const {
+  bendSide(out_.left, 1, at, normal, in, out);
+  bendSide(out_.right, -1, at, normal, in, out);
+}
+
+void StrokePen::bendSide(OutlineSide& side, double sign, Vector at, Vector normal, const Leg& in,
+                         const Leg& out) const {
+  const bool turned = in.hasDirection() && out.hasDirection();
+  const Vector turn = out.along - in.along;
+  const double reach = half_ * sign;
+  // On the hollow side of a bend tighter than the pen, the offset would run backwards; each chord
+  // then keeps its own rectangle.
+  if (turned && cross(in.along, out.along) * sign < 0 &&
+      length(turn) * half_ > std::min(in.length, out.length)) {
+    put(side, at + leftOf(in.along) * reach);
+    put(side, at);
+    put(side, at + leftOf(out.along) * reach);
+    return;
+  }
+  // The offset's own chords lose area like any curve's: lift by the square of the turn a step.
+  const double lift = turned ? dot(turn, turn) / 12 : 0;
+  put(side, at + normal * (reach * (1 + std::min(lift, 0.05))));
+}
+
+// Points of the circle about `center` strictly between two unit normals, running the short way.
+void StrokePen::arc(OutlineSide& side, Vector center, Vector from, Vector to) const {
+  double cosine = dot(from, to);
+  int halvings = 0;
+  while (cosine < arcStepCosine_ && halvings < 10) {
+    cosine = std::sqrt((1 + cosine) * 0.5);
+    ++halvings;
+  }
+  // Lifted by θ²/12 the chords keep the disc's area; θ² is twice what the cosine lacks to one.
+  halved(side, center, from, to, half_ * (1 + (1 - cosine) / 6), halvings);
+}
+
+void StrokePen::halved(OutlineSide& side, Vector center, Vector from, Vector to, double radius,
+                       int halvings) const {
+  Vector middle = from + to;
+  if (halvings == 0 || !normalize(middle)) return;
+  halved(side, center, from, middle, radius, halvings - 1);
+  put(side, center + middle * radius);
+  halved(side, center, middle, to, radius, halvings - 1);
+}
+
+void StrokePen::halfDisc(OutlineSide& side, Vector center, Vector from, Vector forward) const {
+  arc(side, center, from, forward);
+  put(side, center + forward * half_);
+  arc(side, center, forward, -from);
+}
+
+// A ring of its own, drawn on the left side's corners.
+void StrokePen::endRing(std::size_t begin) const {
+  out_.contours.push_back({begin, out_.left.count, 0, 0, true});
+}
+
+void StrokePen::cap(Vector at, Vector forward, CGLineCap style) const {
+  if (style == CGLineCap::butt) return;
+  const std::size_t begin = out_.left.count;
+  const Vector left = leftOf(forward);
+  put(out_.left, at + left * half_);
+  if (style == CGLineCap::round) {
+    halfDisc(out_.left, at, left, forward);
+  } else {
+    put(out_.left, at + (left + forward) * half_);
+    put(out_.left, at + (forward - left) * half_);
+  }
+  put(out_.left, at - left * half_);
+  endRing(begin);
+}
+
+void StrokePen::disc(Vector center) const {
+  const std::size_t begin = out_.left.count;
+  const Vector right{1, 0};
+  const Vector down{0, 1};
+  put(out_.left, center - down * half_);
+  halfDisc(out_.left, center, -down, right);
+  put(out_.left, center + down * half_);
+  halfDisc(out_.left, center, down, -right);
+  endRing(begin);
+}
+
+}  // namespace glyphwright::raster

@@ -77,9 +77,9 @@ TEST_F(RasterKernels, RowsOfCellsPaintTheSame) {
       const std::size_t stride = cellStride(static_cast<int>(width));
       constexpr std::size_t kRows = 3;
       const auto start = cells(stride, kRows);
-      std::vector<std::uint8_t> touched(stride / kBlock * kRows);
+      std::vector<std::uint8_t> touched(stride / kBlock * kRows + kTouchedMargin);
       std::vector<std::int16_t> fastCells = start;
-      for (std::size_t b = 0; b < touched.size(); ++b) {
+      for (std::size_t b = 0; b < stride / kBlock * kRows; ++b) {
         touched[b] = static_cast<std::uint8_t>(upTo(1));
         if (round % 2 == 0 && touched[b] == 0) {
           std::fill_n(fastCells.begin() + static_cast<std::ptrdiff_t>(b * kBlock), kBlock, 0);

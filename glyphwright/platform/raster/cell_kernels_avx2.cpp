@@ -1,5 +1,7 @@
 #include <glyphwright/platform/raster/cell_kernels_avx2.h>
 
+#include <bit>
+
 #include <glyphwright/platform/raster/pixel_lanes_avx2.h>
 
 // Sixteen cells at a time become coverage or pixels; kernels_scalar.cpp says what each loop
@@ -66,32 +68,88 @@ struct ClosedEnd : RowEnd {
   static __m256i cut(__m256i units) { return units; }
 };
 
+// A bit for each of up to 64 blocks, set where it was touched.
+std::uint64_t touchedBits(const std::uint8_t* touched, std::size_t count) {
+  const auto half = [&](std::size_t from) {
+    if (from >= count) return std::uint64_t{0};
+    const __m256i none = _mm256_cmpeq_epi8(load(touched + from), _mm256_setzero_si256());
+    return static_cast<std::uint64_t>(~static_cast<std::uint32_t>(_mm256_movemask_epi8(none)));
+  };
+  return half(0) | half(32) << 32;
+}
+
+// One row, from left to right.
+template <FillRule rule, typename Painter>
+class RowPainter {
+ public:
+  RowPainter(std::int16_t* cells, const Painter& painter, std::uint8_t* rgba)
+      : cells_(cells), rgba_(rgba), painter_(painter) {}
+
+  void sum(std::size_t blocks) {
+    for (; blocks > 0; --blocks) {
+      painter_.paint(Stretch{}, rgba_, foldWinding<rule>(sums()));
+      cells_ += kBlock;
+      rgba_ += std::size_t{kBlock} * 4;
+    }
+  }
+  void sumWhereTouched(const std::uint8_t* touched, std::size_t blocks) {
+    for (std::size_t from = 0; from < blocks; from += 64) {
+      const std::size_t count = blocks - from < 64 ? blocks - from : 64;
+      std::uint64_t set = touchedBits(touched + from, count);
+      for (std::size_t at = 0; at < count;) {
+        const std::size_t gap = least(static_cast<std::size_t>(std::countr_zero(set)), count - at);
+        if (gap > 0) {
+          painter_.even(rgba_, gap, foldWinding<rule>(running_));
+          cells_ += gap * kBlock;
+          rgba_ += gap * kBlock * 4;
+          at += gap;
+          if (at == count) break;
+          set >>= gap;
+        }
+        const std::size_t run = least(static_cast<std::size_t>(std::countr_one(set)), count - at);
+        sum(run);
+        at += run;
+        set = run < 64 ? set >> run : 0;
+      }
+    }
+  }
+  template <typename End>
+  void finish(const End& end) {
+    painter_.paint(end, rgba_, end.cut(foldWinding<rule>(sums())));
+    cells_ += kBlock;
+  }
+  std::int16_t* next() const { return cells_; }
+
+ private:
+  static std::size_t least(std::size_t a, std::size_t b) { return a < b ? a : b; }
+
+  // Of the block at hand, which is set back to zero.
+  __m256i sums() {
+    const __m256i sums = _mm256_add_epi16(prefixSum(load(cells_)), running_);
+    store(cells_, _mm256_setzero_si256());
+    running_ = carried(sums);
+    return sums;
+  }
+
+  std::int16_t* cells_;
+  std::uint8_t* rgba_;
+  const Painter& painter_;
+  __m256i running_ = _mm256_setzero_si256();
+};
+
 template <FillRule rule, typename End, typename Painter>
 void paintRow(std::int16_t* cells, const std::uint8_t* touched, std::size_t stride,
               std::size_t width, const End& end, const Painter& painter, std::uint8_t* rgba) {
-  const __m256i zero = _mm256_setzero_si256();
-  const std::size_t whole = width / kBlock;
-  __m256i running = zero;
-  std::size_t block = 0;
-  while (block < whole) {
-    if (touched != nullptr && touched[block] == 0) {
-      const std::size_t from = block;
-      while (block < whole && touched[block] == 0) ++block;
-      painter.even(rgba + from * kBlock * 4, (block - from) * kBlock, foldWinding<rule>(running));
-      continue;
-    }
-    std::int16_t* at = cells + block * kBlock;
-    const __m256i sums = _mm256_add_epi16(prefixSum(load(at)), running);
-    store(at, zero);
-    painter.paint(Stretch{}, rgba + block * kBlock * 4, foldWinding<rule>(sums));
-    running = carried(sums);
-    ++block;
+  RowPainter<rule, Painter> row(cells, painter, rgba);
+  if (touched == nullptr) {
+    row.sum(width / kBlock);
+  } else {
+    row.sumWhereTouched(touched, width / kBlock);
   }
-  if (width % kBlock != 0) {
-    const __m256i sums = _mm256_add_epi16(prefixSum(load(cells + block * kBlock)), running);
-    painter.paint(end, rgba + block * kBlock * 4, end.cut(foldWinding<rule>(sums)));
+  if (width % kBlock != 0) row.finish(end);
+  for (std::int16_t* at = row.next(); at < cells + stride; at += kBlock) {
+    store(at, _mm256_setzero_si256());
   }
-  for (std::size_t x = block * kBlock; x < stride; x += kBlock) store(cells + x, zero);
 }
 
 template <FillRule rule, typename Painter>
@@ -138,9 +196,13 @@ class Writer {
   void paint(const S& stretch, std::uint8_t* rgba, __m256i units) const {
     stretch.storeBytes(rgba, pixels(units));
   }
-  void even(std::uint8_t* rgba, std::size_t count, __m256i units) const {
+  // Whole blocks of one coverage.
+  void even(std::uint8_t* rgba, std::size_t blocks, __m256i units) const {
     const __m256i eight = pixels(units).low;
-    for (std::size_t at = 0; at < count * 4; at += 32) store(rgba + at, eight);
+    for (; blocks > 0; --blocks, rgba += std::size_t{kBlock} * 4) {
+      store(rgba, eight);
+      store(rgba + 32, eight);
+    }
   }
 
  private:
@@ -164,13 +226,13 @@ class Blender {
     if (isZero(units)) return;
     stretch.storePixels(rgba, ink_.coveredOver(fractions(units), stretch.loadPixels(rgba)));
   }
-  void even(std::uint8_t* rgba, std::size_t pixels, __m256i units) const {
+  void even(std::uint8_t* rgba, std::size_t blocks, __m256i units) const {
     if (isZero(units)) return;
     if (ink_.isOpaque && _mm256_extract_epi16(units, 0) == kUnitsPerPixel) {
-      writer_.even(rgba, pixels, units);
+      writer_.even(rgba, blocks, units);
       return;
     }
-    for (std::size_t at = 0; at < pixels; at += kBlock) paint(Stretch{}, rgba + at * 4, units);
+    for (std::size_t b = 0; b < blocks; ++b) paint(Stretch{}, rgba + b * kBlock * 4, units);
   }
 
  private:

@@ -9,7 +9,9 @@ namespace {
 
 // A region this small is kept in the nearest cache as a whole.
 constexpr std::size_t kDenseCells = 128 * 144;
-constexpr int kBandRows = 32;
+// Bands of rows are as high as the near caches take, so that few edges are met twice.
+constexpr std::size_t kBandCells = 48 * 1024;
+constexpr int kLeastBandRows = 32;
 
 template <typename Cell>
 struct Sweeper {
@@ -21,6 +23,7 @@ struct Sweeper {
   int width = edges.region.width();
   int height = edges.region.height();
   std::size_t stride = cellStride(width);
+  int bandRows = std::max(static_cast<int>(kBandCells / stride), kLeastBandRows);
 
   std::vector<Cell>& cells() {
     if constexpr (sizeof(Cell) == 2) {
@@ -70,51 +73,60 @@ struct Sweeper {
     }
   }
 
-  // Orders the edges by the band in which they start.
+  // Orders the edges by the band in which they start; level ones come last.
   void sortByBand(int bands) {
     auto& starts = scratch.bandStarts;
-    starts.assign(static_cast<std::size_t>(bands) + 1, 0);
-    const auto bandOf = [](const Edge& e) {
-      return static_cast<std::size_t>(std::min(e.y0, e.y1) / (kBandRows * kUnitsPerPixel));
+    starts.assign(static_cast<std::size_t>(bands) + 2, 0);
+    const auto bandOf = [this, bands](const Edge& e) {
+      const int band = std::min(e.y0, e.y1) / (bandRows * kUnitsPerPixel);
+      return static_cast<std::size_t>(e.y0 == e.y1 ? bands : band);
     };
-    std::size_t kept = 0;
-    for (const Edge& e : edges.edges()) {
-      if (e.y0 == e.y1) continue;
-      ++starts[bandOf(e) + 1];
-      ++kept;
-    }
+    for (const Edge& e : edges.edges()) ++starts[bandOf(e) + 1];
     for (std::size_t b = 1; b < starts.size(); ++b) starts[b] += starts[b - 1];
-    scratch.sortedEdges.resize(kept);
-    for (const Edge& e : edges.edges()) {
-      if (e.y0 != e.y1) scratch.sortedEdges[starts[bandOf(e)]++] = e;
-    }
+    scratch.sortedEdges.resize(edges.count);
+    for (const Edge& e : edges.edges()) scratch.sortedEdges[starts[bandOf(e)]++] = e;
     // Each start has moved to its band's end, which is the next band's start.
   }
 
+  // Drops the edges that end above a row. Which do nobody can foretell, so all are written.
+  static void keepBelow(std::vector<Edge>& active, int row) {
+    std::size_t kept = 0;
+    for (const Edge& e : active) {
+      active[kept] = e;
+      kept += std::max(e.y0, e.y1) > row * kUnitsPerPixel ? 1 : 0;
+    }
+    active.resize(kept);
+  }
+
+  void paintBand(const CellBand<Cell>& current, std::span<const Edge> inBand) {
+    accumulate<Cell>(inBand, current, *scratch.kernels);
+    if (!emitCells(current)) {
+      for (int row = 0; row < current.rows; ++row) emitRow(current, row);
+    }
+    std::fill_n(current.touched, stride / kBlock * static_cast<std::size_t>(current.rows), 0);
+  }
+
   void banded() {
-    const int bands = (height + kBandRows - 1) / kBandRows;
-    sortByBand(bands);
-    CellBand<Cell> current = band(kBandRows);
-    // Rows are scanned eight blocks at a time, up to seven beyond the last.
-    const std::size_t blocks = stride / kBlock;
-    scratch.touched.assign(blocks * kBandRows + 7, 0);
+    CellBand<Cell> current = band(std::min(bandRows, height));
+    const std::size_t blocks = stride / kBlock * static_cast<std::size_t>(current.rows);
+    scratch.touched.assign(blocks + kTouchedMargin, 0);
     current.touched = scratch.touched.data();
+    if (height <= bandRows) return paintBand(current, edges.edges());
+
+    const int bands = (height + bandRows - 1) / bandRows;
+    sortByBand(bands);
     auto& active = scratch.activeEdges;
     active.clear();
-    std::uint32_t next = 0;
+    auto next = scratch.sortedEdges.cbegin();
     for (int b = 0; b < bands; ++b) {
-      current.firstRow = b * kBandRows;
-      current.rows = std::min(kBandRows, height - current.firstRow);
-      for (; next < scratch.bandStarts[static_cast<std::size_t>(b)]; ++next) {
-        active.push_back(scratch.sortedEdges[next]);
-      }
-      accumulate<Cell>(active, current, *scratch.kernels);
-      if (!emitCells(current)) {
-        for (int row = 0; row < current.rows; ++row) emitRow(current, row);
-      }
-      std::fill_n(current.touched, blocks * static_cast<std::size_t>(current.rows), 0);
-      const int bandEnd = (current.firstRow + kBandRows) * kUnitsPerPixel;
-      std::erase_if(active, [&](const Edge& e) { return std::max(e.y0, e.y1) <= bandEnd; });
+      current.firstRow = b * bandRows;
+      current.rows = std::min(bandRows, height - current.firstRow);
+      const auto end =
+          scratch.sortedEdges.cbegin() + scratch.bandStarts[static_cast<std::size_t>(b)];
+      active.insert(active.end(), next, end);
+      next = end;
+      paintBand(current, active);
+      keepBelow(active, current.firstRow + bandRows);
     }
   }
 

@@ -41,6 +41,8 @@ inline constexpr int kUnitShift = 10;
 /// Cells come in blocks, the unit in which rows are summed and untouched stretches skipped.
 inline constexpr int kBlock = 16;
 inline constexpr int kBlockShift = 4;
+/// Bytes that mark blocks are read this far beyond the last.
+inline constexpr std::size_t kTouchedMargin = 64;
 
 /// A straight edge inside a region: x in pixels from the region's left, y in units from its top.
 /// x within 0…width, y within 0…height; an edge that is level (y0 = y1) changes nothing.
@@ -109,8 +111,10 @@ struct Pieces {
 /// past the end of a row, but not past that of the last row, may be painted too with no coverage.
 struct CellRows {
   std::int16_t* cells;
-  std::size_t stride;           // cells from row to row, a multiple of kBlock
-  const std::uint8_t* touched;  // a byte a block, 0 where all cells are zero; null: read them all
+  std::size_t stride;  // cells from row to row, a multiple of kBlock
+  /// A byte a block, 0 where all cells are zero, and kTouchedMargin more than there are blocks;
+  /// null: read all cells.
+  const std::uint8_t* touched;
   std::size_t rows;
   std::size_t width;  // pixels a row, at most the stride
   FillRule rule;

@@ -149,7 +149,7 @@ TEST_F(RasterKernels, PixelsComposeTheSame) {
   }
 }
 
-TEST_F(RasterKernels, CoverageMultipliesAndFiltersTheSame) {
+TEST_F(RasterKernels, CoverageMultipliesTheSame) {
   for (const std::size_t count : kCounts) {
     auto fast = coverage(count);
     auto plain = fast;
@@ -162,19 +162,37 @@ TEST_F(RasterKernels, CoverageMultipliesAndFiltersTheSame) {
     plain_.scaleCoverage(plain.data(), fraction, count);
     ASSERT_EQ(fast, plain);
   }
+}
+
+// Every place of a row against a mask's ends, above, inside and below.
+TEST_F(RasterKernels, CoverageFiltersTheSame) {
   for (const std::size_t reach : {0U, 1U, 5U, 31U}) {
-    constexpr std::size_t kCount = 3 * kBlock;
-    std::vector<std::vector<std::uint16_t>> values;
-    std::vector<const std::uint16_t*> rows;
-    for (std::size_t i = 0; i < 2 * reach + 1; ++i) values.push_back(coverage(kCount));
-    for (const auto& row : values) rows.push_back(row.data());
-    // Sums that go past one saturate on both sides alike.
-    std::vector<std::int16_t> taps(reach + 1, static_cast<std::int16_t>(40000 / (reach + 2)));
-    std::vector<std::uint16_t> fast(kCount);
-    std::vector<std::uint16_t> plain(kCount);
-    fast_.filter(fast.data(), rows.data(), taps.data(), reach, kCount);
-    plain_.filter(plain.data(), rows.data(), taps.data(), reach, kCount);
-    ASSERT_EQ(fast, plain) << "reach " << reach;
+    for (const std::size_t blocks : {1U, 2U, 3U, 7U}) {
+      const std::size_t count = blocks * kBlock;
+      // Sums that go past one saturate on both sides alike.
+      std::vector<std::int16_t> taps(reach + 1, static_cast<std::int16_t>(40000 / (reach + 2)));
+      std::vector<std::uint16_t> fast(count);
+      std::vector<std::uint16_t> plain(count);
+      const auto wide = coverage(count + 2 * reach);
+      fast_.filterAlong(fast.data(), wide.data(), taps.data(), reach, count);
+      plain_.filterAlong(plain.data(), wide.data(), taps.data(), reach, count);
+      ASSERT_EQ(fast, plain) << "reach " << reach;
+      const auto mask = coverage((2 * reach + 1) * count);
+      const auto stride = static_cast<std::ptrdiff_t>(count);
+      const std::uint16_t* first = mask.data();
+      const std::uint16_t* last = first + 2 * reach * count;
+      const FilterRows placed[] = {
+          {first + reach * count, reach, first, reach + 1, reach + 1, stride},
+          {first, 0, first + (reach > 0 ? count : 0), 1, reach + 1, stride},
+          {last, 0, last - (reach > 0 ? count : 0), 1, reach + 1, -stride},
+          {nullptr, 0, first, std::min<std::size_t>(3, reach + 1), reach + 1, stride},
+      };
+      for (const FilterRows& rows : placed) {
+        fast_.filterDown(fast.data(), rows, taps.data(), count);
+        plain_.filterDown(plain.data(), rows, taps.data(), count);
+        ASSERT_EQ(fast, plain) << "reach " << reach;
+      }
+    }
   }
 }
 

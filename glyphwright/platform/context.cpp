@@ -284,12 +284,17 @@ void CGContextClipToRect(CGContextRef context, const CGRect& rect) {
 
 namespace {
 
+Paint sourcePaint(const raster::PixelSource& source, CGFloat alpha) {
+  Paint paint;
+  paint.source = &source;
+  paint.sourceAlpha = static_cast<std::int16_t>(alpha * raster::kOne + 0.5);
+  return paint;
+}
+
 template <typename Source>
 void paintGradient(CGContextRef context, const Source& source) {
   if (!source.isDrawable()) return;
-  Paint paint;
-  paint.source = &source;
-  paint.sourceAlpha = static_cast<std::int16_t>(context->state.alpha * raster::kOne + 0.5);
+  const Paint paint = sourcePaint(source, context->state.alpha);
   if (!paint.isClear()) context->paintArea(context->state.clip.bounds, paint, false);
 }
 
@@ -302,21 +307,36 @@ bool canPaint(CGContextRef context) {
 void CGContextDrawLinearGradient(CGContextRef context, const CGGradient& gradient, CGPoint start,
                                  CGPoint end, CGGradientDrawingOptions options) {
   if (!canPaint(context)) return;
-  paintGradient(context,
-                raster::LinearGradientSource(gradient, start, end, options, context->state.ctm));
+  paintGradient(context, raster::LinearGradientSource(gradient, start, end, options,
+                                                      context->state.ctm, raster::threadScratch()));
+}
+
+void contexts::fillWithLinearGradient(CGContext& context, const CGPath& path, bool evenOdd,
+                                      const CGGradient& gradient, CGPoint start, CGPoint end,
+                                      CGGradientDrawingOptions options) {
+  context.pendingPath = {};
+  if (path.isEmpty() || !canPaint(&context)) return;
+  const raster::LinearGradientSource source(gradient, start, end, options, context.state.ctm,
+                                            raster::threadScratch());
+  if (!source.isDrawable()) return;
+  const Paint paint = sourcePaint(source, context.state.alpha);
+  if (paint.isClear()) return;
+  context.prepareClip();
+  context.paintShape(FilledShape(path, context.state.ctm, ruleOf(evenOdd)), paint);
 }
 
 void CGContextDrawRadialGradient(CGContextRef context, const CGGradient& gradient, CGPoint center,
                                  CGFloat radius) {
   if (!canPaint(context)) return;
-  paintGradient(context,
-                raster::RadialGradientSource(gradient, center, radius, context->state.ctm));
+  paintGradient(context, raster::RadialGradientSource(gradient, center, radius, context->state.ctm,
+                                                      raster::threadScratch()));
 }
 
 void CGContextDrawConicGradient(CGContextRef context, const CGGradient& gradient, CGPoint center,
                                 CGFloat angle) {
   if (!canPaint(context)) return;
-  paintGradient(context, raster::ConicGradientSource(gradient, center, angle, context->state.ctm));
+  paintGradient(context, raster::ConicGradientSource(gradient, center, angle, context->state.ctm,
+                                                     raster::threadScratch()));
 }
 
 void CGContextDrawImage(CGContextRef context, const CGRect& rect, const UIImage& image,
@@ -345,10 +365,7 @@ void CGContextDrawImage(CGContextRef context, const CGRect& rect, const UIImage&
        static_cast<int>(image.cgImage().pixelHeight())},
       toDevice, area);
   if (!source.isDrawable()) return;
-  Paint paint;
-  paint.source = &source;
-  paint.sourceAlpha =
-      static_cast<std::int16_t>(unit(alpha) * context->state.alpha * raster::kOne + 0.5);
+  const Paint paint = sourcePaint(source, unit(alpha) * context->state.alpha);
   if (paint.isClear()) return;
   if (wholePixels(to, context->state.ctm, limit)) {
     context->paintArea(area, paint, true);

@@ -57,12 +57,42 @@ class MaskWriter final : public raster::RowSink {
   const raster::Kernels& kernels_;
 };
 
-void emitMask(const Mask& mask, const PixelRect& region, raster::RowSink& sink) {
-  const CoverageSpan span{0, region.width(), CoverageSpan::kVaries};
-  for (int y = region.y0; y < region.y1; ++y) {
-    sink.row({y, {&span, 1}, mask.row(y) + (region.x0 - mask.bounds.x0)});
+// Paints rows of a mask.
+class MaskRows {
+ public:
+  MaskRows(const Mask& mask, const PixelRect& region, raster::RowSink& sink)
+      : mask_(mask), region_(region), sink_(sink) {}
+  void emit(int y) const {
+    const CoverageSpan span{0, region_.width(), CoverageSpan::kVaries};
+    sink_.row({y, {&span, 1}, mask_.row(y) + (region_.x0 - mask_.bounds.x0)});
   }
-}
+  /// Those of the region from `from` up to but not including `until`.
+  void emit(int from, int until) const {
+    from = std::max(from, region_.y0);
+    until = std::min(until, region_.y1);
+    for (int y = from; y < until; ++y) emit(y);
+  }
+
+ private:
+  const Mask& mask_;
+  PixelRect region_;
+  raster::RowSink& sink_;
+};
+
+// Rows of a shadow, each followed by the same row of what casts it while it is at hand.
+class ShadowAndCaster final : public raster::RowSink {
+ public:
+  ShadowAndCaster(raster::RowSink& shadow, const MaskRows& caster)
+      : shadow_(shadow), caster_(caster) {}
+  void row(const CoverageRow& row) override {
+    shadow_.row(row);
+    caster_.emit(row.y, row.y + 1);
+  }
+
+ private:
+  raster::RowSink& shadow_;
+  const MaskRows& caster_;
+};
 
 void emitFull(const PixelRect& region, raster::RowSink& sink) {
   const CoverageSpan span{0, region.width(), raster::kOne};
@@ -70,8 +100,8 @@ void emitFull(const PixelRect& region, raster::RowSink& sink) {
 }
 
 // The alpha of a paint's pixels as coverage.
-Mask alphaMask(const PixelRect& area, const raster::PixelSource& source) {
-  Mask mask(area);
+Mask alphaMask(const PixelRect& area, const raster::PixelSource& source, Scratch& scratch) {
+  Mask mask(area, scratch.casterMask);
   std::vector<std::uint8_t> pixels(static_cast<std::size_t>(area.width()) * 4);
   for (int y = area.y0; y < area.y1; ++y) {
     source.pixels(area.x0, y, static_cast<std::size_t>(area.width()), pixels.data());
@@ -151,23 +181,39 @@ PixelRect CGContext::casterArea() const {
   return grown(moved, reach, reach, reach, reach);
 }
 
-void CGContext::castShadow(const Mask& caster, double casterAlpha) {
+void CGContext::castShadow(const Mask& caster, double casterAlpha, const CasterPaint* own) {
   const ShadowState& shadow = *state.shadow;
+  Scratch& scratch = raster::threadScratch();
+  const Mask* clip = state.clip.node == nullptr ? nullptr : &state.clip.node->mask(scratch);
   const int reach = raster::blurReach(shadow.blurPixels);
   const PixelRect moved{caster.bounds.x0 + shadow.dx, caster.bounds.y0 + shadow.dy,
                         caster.bounds.x1 + shadow.dx, caster.bounds.y1 + shadow.dy};
   const PixelRect area = intersection(grown(moved, reach, reach, reach, reach), state.clip.bounds);
-  if (area.isEmpty()) return;
   Paint paint;
   paint.color = raster::solidColor(shadow.color.red(), shadow.color.green(), shadow.color.blue(),
                                    shadow.color.alpha() * casterAlpha);
-  if (paint.isClear()) return;
-  Scratch& scratch = raster::threadScratch();
-  const Mask* clip = state.clip.node == nullptr ? nullptr : &state.clip.node->mask(scratch);
-  Canvas::Painter painter(canvas(), area, paint, clip, scratch);
-  raster::blurRows(caster, shadow.blurPixels, shadow.dx, shadow.dy, area, *scratch.kernels,
-                   painter);
-  painter.finish();
+  const bool shows = !area.isEmpty() && !paint.isClear();
+  std::optional<Canvas::Painter> shadowPainter;
+  if (shows) shadowPainter.emplace(canvas(), area, paint, clip, scratch);
+  const auto blurInto = [&](raster::RowSink& sink) {
+    raster::blurRows(caster, shadow.blurPixels, shadow.dx, shadow.dy, area, scratch, sink);
+    shadowPainter->finish();
+  };
+  if (own == nullptr) {
+    if (shows) blurInto(*shadowPainter);
+    return;
+  }
+  Canvas::Painter ownPainter(canvas(), own->region, own->paint, clip, scratch);
+  const MaskRows ownRows(caster, own->region, ownPainter);
+  if (shows) {
+    ownRows.emit(own->region.y0, area.y0);
+    ShadowAndCaster both(*shadowPainter, ownRows);
+    blurInto(both);
+    ownRows.emit(area.y1, own->region.y1);
+  } else {
+    ownRows.emit(own->region.y0, own->region.y1);
+  }
+  ownPainter.finish();
 }
 
 void CGContext::prepareClip() const {
@@ -180,18 +226,17 @@ void CGContext::paintShape(const Shape& shape, const Paint& paint) {
   if (state.shadow && paint.source == nullptr) {
     const PixelRect casting = pixelsTouched(shape.box, casterArea());
     if (!casting.isEmpty()) {
-      Mask caster(casting);
+      Mask caster(casting, scratch.casterMask);
       shape.edges(casting, scratch);
       MaskWriter writer(caster, nullptr, scratch);
       raster::sweep(scratch.edges, shape.rule, scratch, writer);
-      castShadow(caster, static_cast<double>(paint.color.alpha) / raster::kOne);
+      const double alpha = static_cast<double>(paint.color.alpha) / raster::kOne;
       if (!region.isEmpty() && casting.covers(region)) {
-        const Mask* clip = state.clip.node == nullptr ? nullptr : &state.clip.node->mask(scratch);
-        Canvas::Painter painter(canvas(), region, paint, clip, scratch);
-        emitMask(caster, region, painter);
-        painter.finish();
+        const CasterPaint own{region, paint};
+        castShadow(caster, alpha, &own);
         return;
       }
+      castShadow(caster, alpha, nullptr);
     }
   }
   if (region.isEmpty()) return;
@@ -207,8 +252,8 @@ void CGContext::paintArea(const PixelRect& area, const Paint& paint, bool castsS
   if (castsShadow && state.shadow && paint.source != nullptr) {
     const PixelRect casting = intersection(area, casterArea());
     if (!casting.isEmpty()) {
-      castShadow(alphaMask(casting, *paint.source),
-                 static_cast<double>(paint.sourceAlpha) / raster::kOne);
+      castShadow(alphaMask(casting, *paint.source, scratch),
+                 static_cast<double>(paint.sourceAlpha) / raster::kOne, nullptr);
     }
   }
   const PixelRect region = intersection(area, state.clip.bounds);

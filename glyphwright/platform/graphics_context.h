@@ -58,10 +58,25 @@ struct CGContext {
   CGPath pendingPath;  // in device pixels
 
  private:
-  void castShadow(const raster::Mask& caster, double casterAlpha);
+  /// What a caster's own pixels are painted with, within a region that its mask covers.
+  struct CasterPaint {
+    raster::PixelRect region;
+    const raster::Paint& paint;
+  };
+  /// Paints the shadow and then, where given, the caster itself.
+  void castShadow(const raster::Mask& caster, double casterAlpha, const CasterPaint* own);
   raster::PixelRect casterArea() const;
 
   std::optional<raster::Canvas> base_;
 };
+
+namespace contexts {
+
+/// The same as clipping to the path, drawing the gradient and taking the clip off again.
+void fillWithLinearGradient(CGContext& context, const CGPath& path, bool evenOdd,
+                            const CGGradient& gradient, CGPoint start, CGPoint end,
+                            CGGradientDrawingOptions options);
+
+}  // namespace contexts
 
 }  // namespace glyphwright

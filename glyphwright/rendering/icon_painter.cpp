@@ -8,6 +8,7 @@
 #include <glyphwright/platform/context.h>
 #include <glyphwright/platform/context_stack.h>
 #include <glyphwright/platform/gradient.h>
+#include <glyphwright/platform/graphics_context.h>
 #include <glyphwright/platform/screen.h>
 #include <glyphwright/rendering/fitting.h>
 #include <glyphwright/rendering/shadows.h>
@@ -71,12 +72,9 @@ void fillWithGradient(CGContextRef context, const UIBezierPath& path, const Icon
     return CGPoint{inset / 2 + unit.x * (paint.size.width - inset),
                    inset / 2 + unit.y * (paint.size.height - inset)};
   };
-  CGContextSaveGState(context);
-  CGContextClipToPath(context, path.cgPath(), true);
-  CGContextDrawLinearGradient(context, *gradient, inBox(paint.gradient->start),
-                              inBox(paint.gradient->end),
-                              CGGradientDrawingOptions::drawsBeforeStartLocation);
-  CGContextRestoreGState(context);
+  contexts::fillWithLinearGradient(*context, path.cgPath(), true, *gradient,
+                                   inBox(paint.gradient->start), inBox(paint.gradient->end),
+                                   CGGradientDrawingOptions::drawsBeforeStartLocation);
 }
 
 void fillShape(CGContextRef context, const UIBezierPath& path, const IconPaint& paint) {

@@ -10,68 +10,81 @@ namespace {
 
 // Gaussian weights as 15-bit fractions: the middle, then those of the two values 1, 2, … reach away
 // from it together. All in all exactly one.
-std::vector<std::int16_t> gaussianTaps(double sigma, int reach) {
-  std::vector<double> weights(static_cast<std::size_t>(reach + 1));
-  double total = 0;
-  for (int k = 0; k <= reach; ++k) {
-    double& w = weights[static_cast<std::size_t>(k)];
-    w = math::expNegative(-(static_cast<double>(k) * k) / (2 * sigma * sigma)) * (k == 0 ? 1 : 2);
-    total += w;
+void gaussianTaps(double sigma, int reach, std::vector<std::int16_t>& taps) {
+  constexpr int kMostTaps = static_cast<int>(kDirectSigma) * 2 + 1;
+  double weights[kMostTaps];
+  // From one to the next the weight falls by a factor that itself falls evenly.
+  double factor = sigma > 0 ? math::expNegative(-1 / (2 * sigma * sigma)) : 0;
+  const double fall = factor * factor;
+  double weight = 2;
+  weights[0] = 1;
+  double total = 1;
+  for (int k = 1; k <= reach; ++k) {
+    weight *= factor;
+    factor *= fall;
+    weights[k] = weight;
+    total += weight;
   }
-  std::vector<std::int16_t> taps(weights.size());
+  taps.resize(static_cast<std::size_t>(reach) + 1);
   int sum = 0;
-  for (std::size_t i = 0; i < taps.size(); ++i) {
-    taps[i] = static_cast<std::int16_t>(weights[i] / total * kOne + 0.5);
-    sum += taps[i];
+  for (int k = 0; k <= reach; ++k) {
+    const auto tap = static_cast<std::int16_t>(weights[k] / total * kOne + 0.5);
+    taps[static_cast<std::size_t>(k)] = tap;
+    sum += tap;
   }
   // The rounding's remainder goes to the middle, where it weighs least.
   taps[0] = static_cast<std::int16_t>(taps[0] + kOne - sum);
-  return taps;
 }
 
 // A Gaussian one row at a time: the mask's rows filtered downwards into a row with room on both
 // sides, and that one across.
 class RowFilter {
  public:
-  /// Results for columns x0 to x1.
-  RowFilter(const Mask& mask, double sigma, double cut, int x0, int x1, const Kernels& kernels)
+  /// Results for columns x0 to x1. There is one such filter at a time: it works in the scratch.
+  RowFilter(const Mask& mask, double sigma, double cut, int x0, int x1, Scratch& scratch)
       : mask_(mask),
-        kernels_(kernels),
+        kernels_(*scratch.kernels),
         reach_(static_cast<int>(std::floor(cut))),
-        taps_(gaussianTaps(sigma, reach_)),
         outCount_(wholeBlocks(x1 - x0)),
-        maskCount_(wholeBlocks(mask.bounds.width())),
-        // The mask's left side, as far into the padded row as the results need.
-        from_(std::max(mask.bounds.x0, x0 - reach_)),
-        until_(std::min(mask.bounds.x1, x1 + reach_)),
-        offset_(from_ - (x0 - reach_)),
-        padded_(outCount_ + static_cast<std::size_t>(2 * reach_)),
-        down_(maskCount_),
-        out_(outCount_),
-        nothing_(maskCount_),
-        rows_(static_cast<std::size_t>(2 * reach_ + 1)),
-        shifted_(rows_.size()) {
-    for (std::size_t k = 0; k < shifted_.size(); ++k) shifted_[k] = padded_.data() + k;
+        maskCount_(wholeBlocks(mask.bounds.width())) {
+    gaussianTaps(sigma, reach_, scratch.taps);
+    taps_ = scratch.taps.data();
+    const int left = std::min(x0 - reach_, mask.bounds.x0);
+    const auto distance = [left](int x) { return static_cast<std::size_t>(x - left); };
+    const std::size_t padded = std::max(distance(x0 + reach_) + outCount_,  //
+                                        distance(mask.bounds.x0) + maskCount_);
+    scratch.filterRows.assign(padded + outCount_, 0);
+    out_ = scratch.filterRows.data();
+    along_ = out_ + outCount_ + distance(x0 - reach_);
+    down_ = out_ + outCount_ + distance(mask.bounds.x0);
   }
 
   const std::uint16_t* at(int y) {
     const PixelRect& b = mask_.bounds;
-    if (from_ >= until_ || y + reach_ < b.y0 || y - reach_ >= b.y1) {
-      std::fill(out_.begin(), out_.end(), std::uint16_t{0});
-      return out_.data();
+    const int above = std::min(y - b.y0, reach_);  // rows that there are, or negative
+    const int below = std::min(b.y1 - 1 - y, reach_);
+    if (above < -reach_ || below < -reach_) {
+      std::fill_n(out_, outCount_, std::uint16_t{0});
+      return out_;
     }
-    // Beyond the farthest row that there is, both sides are empty.
-    const int farthest = std::min(reach_, std::max(b.y1 - 1 - y, y - b.y0));
-    for (int k = -farthest; k <= farthest; ++k) {
-      const bool isInside = y + k >= b.y0 && y + k < b.y1;
-      rows_[static_cast<std::size_t>(k + farthest)] = isInside ? mask_.row(y + k) : nothing_.data();
-    }
-    kernels_.filter(down_.data(), rows_.data(), taps_.data(), static_cast<std::size_t>(farthest),
-                    maskCount_);
-    std::copy_n(down_.begin() + (from_ - b.x0), until_ - from_, padded_.begin() + offset_);
-    kernels_.filter(out_.data(), shifted_.data(), taps_.data(), static_cast<std::size_t>(reach_),
-                    outCount_);
-    return out_.data();
+    const bool upwards = above > below;
+    const int near = std::min(above, below);  // the side where the mask ends first
+    const int far = std::max(above, below);
+    const int from = near < 0 ? -near : near + 1;
+    const auto stride = static_cast<std::ptrdiff_t>(mask_.stride);
+    FilterRows rows{};
+    rows.middle = near < 0 ? nullptr : mask_.row(y);
+    rows.pairs = near < 0 ? 0 : static_cast<std::size_t>(near);
+    rows.stride = upwards ? -stride : stride;
+    rows.singleFrom = static_cast<std::size_t>(from);
+    rows.singleUntil = static_cast<std::size_t>(far) + 1;
+    rows.single = from > far ? mask_.row(b.y0) : mask_.row(upwards ? y - from : y + from);
+    kernels_.filterDown(down_, rows, taps_, maskCount_);
+    // What lies beyond the mask's width is room, not coverage.
+    const auto width = static_cast<std::size_t>(b.width());
+    std::fill_n(down_ + width, maskCount_ - width, std::uint16_t{0});
+    kernels_.filterAlong(out_, along_, taps_, static_cast<std::size_t>(reach_), outCount_);
+    return out_;
   }
 
  private:
@@ -82,18 +95,12 @@ class RowFilter {
   const Mask& mask_;
   const Kernels& kernels_;
   int reach_;
-  std::vector<std::int16_t> taps_;
   std::size_t outCount_;
   std::size_t maskCount_;
-  int from_;
-  int until_;
-  int offset_;
-  std::vector<std::uint16_t> padded_;  // zero but for the mask's part
-  std::vector<std::uint16_t> down_;
-  std::vector<std::uint16_t> out_;
-  std::vector<std::uint16_t> nothing_;
-  std::vector<const std::uint16_t*> rows_;
-  std::vector<const std::uint16_t*> shifted_;
+  const std::int16_t* taps_;
+  std::uint16_t* out_;
+  std::uint16_t* along_;  // `reach` values before the first result's, zero but for the mask's part
+  std::uint16_t* down_;   // the mask's part
 };
 
 int floorHalf(int v) {
@@ -143,23 +150,23 @@ Mask doubled(const Mask& mask, const PixelRect& area) {
 }
 
 Mask blurredInPlace(const Mask& mask, double sigma, double cut, const PixelRect& area,
-                    const Kernels& kernels);
+                    Scratch& scratch);
 
 // Half the size, half the sigma, one more pixel on each side for the interpolation. Averaging four
 // and interpolating add 1/4 + 3/4 square pixels of variance, which the filter leaves out.
 Mask blurredByHalves(const Mask& mask, double sigma, double cut, const PixelRect& area,
-                     const Kernels& kernels) {
+                     Scratch& scratch) {
   const PixelRect half{floorHalf(area.x0) - 1, floorHalf(area.y0) - 1, floorHalf(area.x1 + 1) + 1,
                        floorHalf(area.y1 + 1) + 1};
   const double remaining = std::sqrt(sigma * sigma - 1);
-  return doubled(blurredInPlace(halved(mask), remaining * 0.5, cut * 0.5, half, kernels), area);
+  return doubled(blurredInPlace(halved(mask), remaining * 0.5, cut * 0.5, half, scratch), area);
 }
 
 Mask blurredInPlace(const Mask& mask, double sigma, double cut, const PixelRect& area,
-                    const Kernels& kernels) {
-  if (sigma >= kDirectSigma) return blurredByHalves(mask, sigma, cut, area, kernels);
+                    Scratch& scratch) {
+  if (sigma >= kDirectSigma) return blurredByHalves(mask, sigma, cut, area, scratch);
   Mask out(area);
-  RowFilter filter(mask, sigma, cut, area.x0, area.x1, kernels);
+  RowFilter filter(mask, sigma, cut, area.x0, area.x1, scratch);
   for (int y = area.y0; y < area.y1; ++y) std::copy_n(filter.at(y), area.width(), out.row(y));
   return out;
 }
@@ -171,16 +178,16 @@ int blurReach(double blurPixels) {
 }
 
 void blurRows(const Mask& mask, double blurPixels, int dx, int dy, const PixelRect& area,
-              const Kernels& kernels, RowSink& sink) {
+              Scratch& scratch, RowSink& sink) {
   const PixelRect source{area.x0 - dx, area.y0 - dy, area.x1 - dx, area.y1 - dy};
   const double sigma = blurPixels * 0.5;
   const CoverageSpan span{0, area.width(), CoverageSpan::kVaries};
   if (sigma < kDirectSigma) {
-    RowFilter filter(mask, sigma, blurPixels, source.x0, source.x1, kernels);
+    RowFilter filter(mask, sigma, blurPixels, source.x0, source.x1, scratch);
     for (int y = area.y0; y < area.y1; ++y) sink.row({y, {&span, 1}, filter.at(y - dy)});
     return;
   }
-  const Mask result = blurredByHalves(mask, sigma, blurPixels, source, kernels);
+  const Mask result = blurredByHalves(mask, sigma, blurPixels, source, scratch);
   for (int y = area.y0; y < area.y1; ++y) sink.row({y, {&span, 1}, result.row(y - dy)});
 }
 

@@ -14,7 +14,7 @@ int blurReach(double blurPixels);
 /// Small blurs filter the mask itself; from kDirectSigma on, the mask is halved until the sigma
 /// falls below it and the result is interpolated, which changes it by less than a level.
 void blurRows(const Mask& mask, double blurPixels, int dx, int dy, const PixelRect& area,
-              const Kernels& kernels, RowSink& sink);
+              Scratch& scratch, RowSink& sink);
 
 inline constexpr double kDirectSigma = 16;
 

@@ -98,6 +98,10 @@ Canvas::Painter::Painter(Canvas& canvas, const PixelRect& region, const Paint& p
   if (paint.source != nullptr && scratch.sourceRow.size() < width * 4) {
     scratch.sourceRow.resize(width * 4);
   }
+  rows_ = paint.source == nullptr ? PixelSource::Rows::vary : paint.source->rows();
+  if (rows_ == PixelSource::Rows::same) {
+    paint.source->pixels(region.x0, region.y0, width, scratch.sourceRow.data());
+  }
 }
 
 void Canvas::Painter::finish() {
@@ -120,12 +124,17 @@ void Canvas::Painter::row(const CoverageRow& row) {
   std::uint8_t* line = canvas_.rowAt(row.y);
   if (laysGround_) layRowGround(line);
   std::uint8_t* rgba = line + static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0) * 4;
+  const CoverageSpan& first = row.spans.front();
+  if (row.spans.size() == 1 && first.constant == CoverageSpan::kVaries && clip_ == nullptr &&
+      paint_.source == nullptr) {
+    solid(rgba, row.coverage, static_cast<std::size_t>(first.x1));
+    return;
+  }
   for (const CoverageSpan& s : row.spans) span(rgba, s, row.coverage, row.y);
 }
 
 bool Canvas::Painter::cells(int y, const CellRows& rows) {
-  const bool byRow = paint_.source != nullptr && paint_.sourceAlpha == kOne &&
-                     paint_.source->rowColor(y).has_value();
+  const bool byRow = rows_ == PixelSource::Rows::even && paint_.sourceAlpha == kOne;
   if (clip_ != nullptr || (paint_.source != nullptr && !byRow)) return false;
   std::uint8_t* line = canvas_.rowAt(y);
   if (laysGround_ && !(writes_ && rows.width * 4 == canvas_.rowBytes_)) {
@@ -141,8 +150,7 @@ bool Canvas::Painter::cells(int y, const CellRows& rows) {
   CellRows one = rows;
   one.rows = 1;
   for (std::size_t row = 0; row < rows.rows; ++row) {
-    const std::optional<SolidColor> color = paint_.source->rowColor(y + static_cast<int>(row));
-    paintCells(rgba, one, color.value_or(SolidColor{}));
+    paintCells(rgba, one, paint_.source->rowColor(y + static_cast<int>(row)));
     rgba += canvas_.rowBytes_;
     one.cells += one.stride;
     if (one.touched != nullptr) one.touched += one.stride / kBlock;
@@ -196,8 +204,13 @@ void Canvas::Painter::span(std::uint8_t* rgba, const CoverageSpan& s, const std:
     return;
   }
   const bool copies = full && paint_.sourceAlpha == kOne && writes_;
-  std::uint8_t* source = copies ? to : scratch_.sourceRow.data();
-  paint_.source->pixels(region_.x0 + s.x0, y, count, source);
+  const std::uint8_t* source = scratch_.sourceRow.data();
+  if (rows_ == PixelSource::Rows::same) {
+    source += static_cast<std::size_t>(s.x0) * 4;
+    if (copies) std::memcpy(to, source, count * 4);
+  } else {
+    paint_.source->pixels(region_.x0 + s.x0, y, count, copies ? to : scratch_.sourceRow.data());
+  }
   if (copies) return;
   if (paint_.sourceAlpha != kOne) {
     if (levels != own) std::copy_n(levels, count, own);

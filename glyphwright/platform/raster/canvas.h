@@ -17,18 +17,31 @@ struct Mask {
   PixelRect bounds;
   /// From row to row: whole blocks, with room beyond the row's end that holds nothing of use.
   std::size_t stride;
-  std::unique_ptr<std::uint16_t[]> values;
+  std::unique_ptr<std::uint16_t[]> owned;
+  std::uint16_t* values;
 
   explicit Mask(const PixelRect& area)
       : bounds(area),
-        stride(area.isEmpty() ? 0 : cellStride(area.width())),
-        values(std::make_unique_for_overwrite<std::uint16_t[]>(
-            area.isEmpty() ? 0 : stride * static_cast<std::size_t>(area.height()))) {}
-  std::uint16_t* row(int y) {
-    return values.get() + static_cast<std::size_t>(y - bounds.y0) * stride;
+        stride(strideOf(area)),
+        owned(std::make_unique_for_overwrite<std::uint16_t[]>(sizeOf(area))),
+        values(owned.get()) {}
+  /// In memory that somebody keeps for it.
+  Mask(const PixelRect& area, std::vector<std::uint16_t>& memory)
+      : bounds(area), stride(strideOf(area)) {
+    if (memory.size() < sizeOf(area)) memory.resize(sizeOf(area));
+    values = memory.data();
   }
+  std::uint16_t* row(int y) { return values + static_cast<std::size_t>(y - bounds.y0) * stride; }
   const std::uint16_t* row(int y) const {
-    return values.get() + static_cast<std::size_t>(y - bounds.y0) * stride;
+    return values + static_cast<std::size_t>(y - bounds.y0) * stride;
+  }
+
+ private:
+  static std::size_t strideOf(const PixelRect& area) {
+    return area.isEmpty() ? 0 : cellStride(area.width());
+  }
+  static std::size_t sizeOf(const PixelRect& area) {
+    return area.isEmpty() ? 0 : strideOf(area) * static_cast<std::size_t>(area.height());
   }
 };
 
@@ -37,10 +50,13 @@ class PixelSource {
  public:
   /// Fills `rgba` with the pixels from (x, y) to (x + count, y).
   virtual void pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const = 0;
-  /// The one colour of all pixels of row `y`, where the source knows that there is one.
-  virtual std::optional<SolidColor> rowColor(int y) const {
+  /// What is known of the rows: each of one colour, all alike, or nothing.
+  enum class Rows : std::uint8_t { even, same, vary };
+  virtual Rows rows() const { return Rows::vary; }
+  /// The colour of row `y` where each has one.
+  virtual SolidColor rowColor(int y) const {
     static_cast<void>(y);
-    return std::nullopt;
+    return {};
   }
 
  protected:
@@ -91,6 +107,7 @@ class Canvas {
     const Paint& paint_;
     const Mask* clip_;
     Scratch& scratch_;
+    PixelSource::Rows rows_;
     bool laysGround_;
     bool writes_;  // over a clear ground nothing needs blending
   };

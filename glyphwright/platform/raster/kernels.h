@@ -107,6 +107,13 @@ struct Pieces {
   std::uint8_t wide[kCapacity / 8];
 };
 
+/// The colours along a gradient, four bytes in memory order: what lies before it, its entries, and
+/// what lies after it, at index `last`.
+struct Ramp {
+  const std::uint32_t* entries;
+  double last;
+};
+
 /// Rows of cells to be painted, top to bottom. They are set back to zero. What lies
 /// past the end of a row, but not past that of the last row, may be painted too with no coverage.
 struct CellRows {
@@ -118,6 +125,17 @@ struct CellRows {
   std::size_t rows;
   std::size_t width;  // pixels a row, at most the stride
   FillRule rule;
+};
+
+/// The rows of a mask that weigh in one row of a symmetric filter down it; rows that the mask does
+/// not have are empty. Rows are `stride` values apart, which may be negative.
+struct FilterRows {
+  const std::uint16_t* middle;  // null when the mask has no such row
+  std::size_t pairs;            // how many rows away there is one on both sides, 0 without a middle
+  const std::uint16_t* single;  // the nearest row that has none opposite
+  std::size_t singleFrom;       // how many rows away that is, and up to where they go on
+  std::size_t singleUntil;
+  std::ptrdiff_t stride;  // towards the side of the single rows
 };
 
 /// The loops that touch pixels. One table for each instruction set, all equal to the scalar one
@@ -168,14 +186,19 @@ struct Kernels {
                       const std::uint8_t* source);
   void (*blendPixels)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                       const std::uint8_t* source);
+  /// Pixel i := the ramp's entry at `from` + i·`step`, rounded down and held within the ramp.
+  void (*rampPixels)(std::uint8_t* rgba, const Ramp& ramp, double from, double step,
+                     std::size_t count);
   /// coverage := coverage × other, or × one fraction.
   void (*multiplyCoverage)(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count);
   void (*scaleCoverage)(std::uint16_t* coverage, int fraction, std::size_t count);
-  /// One row of a symmetric filter over 2·reach + 1 rows: taps[0] weighs the middle row, taps[k]
-  /// the two rows k away from it together. Taps are fractions that sum to at most one; `count` is a
-  /// multiple of kBlock. Down a picture the rows are rows; along one, the same row shifted.
-  void (*filter)(std::uint16_t* out, const std::uint16_t* const* rows, const std::int16_t* taps,
-                 std::size_t reach, std::size_t count);
+  /// One row of a symmetric filter: taps[0] weighs the middle, taps[k] the two values k away from
+  /// it together. Taps are fractions that sum to at most one; `count` is a multiple of kBlock.
+  void (*filterDown)(std::uint16_t* out, const FilterRows& rows, const std::int16_t* taps,
+                     std::size_t count);
+  /// The same along a row; `in` begins `reach` values before the first result's.
+  void (*filterAlong)(std::uint16_t* out, const std::uint16_t* in, const std::int16_t* taps,
+                      std::size_t reach, std::size_t count);
   /// Samples both sides of a cubic under a pen at its chords' ends but the first; the last one is
   /// not exact. Inner samples are moved out of each side's hollow so that its chords keep the area.
   /// False when the curve bends more tightly than the pen, where the sides would run backwards.

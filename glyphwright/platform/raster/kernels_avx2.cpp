@@ -1,7 +1,9 @@
 #include <glyphwright/platform/raster/kernels_avx2.h>
 
+#include <glyphwright/platform/raster/blur_kernels_avx2.h>
 #include <glyphwright/platform/raster/cell_kernels_avx2.h>
 #include <glyphwright/platform/raster/edge_kernels_avx2.h>
+#include <glyphwright/platform/raster/gradient_kernels_avx2.h>
 #include <glyphwright/platform/raster/pixel_lanes_avx2.h>
 #include <glyphwright/platform/raster/point_kernels_avx2.h>
 #include <glyphwright/platform/raster/stroke_kernels_avx2.h>
@@ -80,18 +82,6 @@ void scaleCoverage(std::uint16_t* coverage, int fraction, std::size_t count) {
   scalarKernels().scaleCoverage(coverage + i, fraction, count - i);
 }
 
-void filter(std::uint16_t* out, const std::uint16_t* const* rows, const std::int16_t* taps,
-            std::size_t reach, std::size_t count) {
-  for (std::size_t i = 0; i < count; i += kBlock) {
-    __m256i total = _mm256_mulhrs_epi16(load(rows[reach] + i), _mm256_set1_epi16(taps[0]));
-    for (std::size_t k = 1; k <= reach; ++k) {
-      const __m256i mean = _mm256_avg_epu16(load(rows[reach - k] + i), load(rows[reach + k] + i));
-      total = _mm256_adds_epi16(total, _mm256_mulhrs_epi16(mean, _mm256_set1_epi16(taps[k])));
-    }
-    store(out + i, total);
-  }
-}
-
 constexpr Kernels kAvx2{
     .boxPoints = boxPoints,
     .mapPoints = mapPoints,
@@ -108,9 +98,11 @@ constexpr Kernels kAvx2{
     .blendSolid = blendSolid,
     .writePixels = writePixels,
     .blendPixels = blendPixels,
+    .rampPixels = rampPixels,
     .multiplyCoverage = multiplyCoverage,
     .scaleCoverage = scaleCoverage,
-    .filter = filter,
+    .filterDown = filterDown,
+    .filterAlong = filterAlong,
     .strokeCurve = strokeCurve,
 };
 

@@ -298,6 +298,15 @@ void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
   }
 }
 
+void rampPixels(std::uint8_t* rgba, const Ramp& ramp, double from, double step, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const double place = from + step * static_cast<double>(i);
+    const double atLeast = place > 0 ? place : 0;
+    const double within = atLeast < ramp.last ? atLeast : ramp.last;
+    std::memcpy(rgba + i * 4, ramp.entries + static_cast<std::size_t>(within), 4);
+  }
+}
+
 void multiplyCoverage(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
     coverage[i] = static_cast<std::uint16_t>(scaled(coverage[i], other[i]));
@@ -310,14 +319,34 @@ void scaleCoverage(std::uint16_t* coverage, int fraction, std::size_t count) {
   }
 }
 
-void filter(std::uint16_t* out, const std::uint16_t* const* rows, const std::int16_t* taps,
-            std::size_t reach, std::size_t count) {
+// The mean of both sides is taken first, so that a pair costs one product; a value without partner
+// has an empty one.
+int pairScaled(int a, int b, int tap) {
+  return scaled((a + b + 1) >> 1, tap);
+}
+
+void filterDown(std::uint16_t* out, const FilterRows& rows, const std::int16_t* taps,
+                std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
-    int total = scaled(rows[reach][i], taps[0]);
-    for (std::size_t k = 1; k <= reach; ++k) {
-      const int mean = (rows[reach - k][i] + rows[reach + k][i] + 1) >> 1;
-      total += scaled(mean, taps[k]);
+    int total = rows.middle == nullptr ? 0 : scaled(rows.middle[i], taps[0]);
+    for (std::size_t k = 1; k <= rows.pairs; ++k) {
+      const std::ptrdiff_t away = static_cast<std::ptrdiff_t>(k) * rows.stride;
+      total += pairScaled((rows.middle - away)[i], (rows.middle + away)[i], taps[k]);
     }
+    const std::uint16_t* single = rows.single;
+    for (std::size_t k = rows.singleFrom; k < rows.singleUntil; ++k, single += rows.stride) {
+      total += pairScaled(single[i], 0, taps[k]);
+    }
+    out[i] = static_cast<std::uint16_t>(std::min(total, kOne));
+  }
+}
+
+void filterAlong(std::uint16_t* out, const std::uint16_t* in, const std::int16_t* taps,
+                 std::size_t reach, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::uint16_t* middle = in + reach + i;
+    int total = scaled(*middle, taps[0]);
+    for (std::size_t k = 1; k <= reach; ++k) total += pairScaled(*(middle - k), middle[k], taps[k]);
     out[i] = static_cast<std::uint16_t>(std::min(total, kOne));
   }
 }
@@ -338,9 +367,11 @@ constexpr Kernels kScalar{
     .blendSolid = blendSolid,
     .writePixels = writePixels,
     .blendPixels = blendPixels,
+    .rampPixels = rampPixels,
     .multiplyCoverage = multiplyCoverage,
     .scaleCoverage = scaleCoverage,
-    .filter = filter,
+    .filterDown = filterDown,
+    .filterAlong = filterAlong,
     .strokeCurve = scalar::strokeCurve,
 };
 

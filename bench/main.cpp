@@ -1,10 +1,11 @@
 // Compares drawing icons with this library, Cairo and AGG: one process, one thread, the renderers
-// taking turns round by round.
+// taking turns round by round. Then layers beside direct drawing, and several threads beside one.
 
 #include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <iostream>
+#include <thread>
 
 #include <CLI/CLI.hpp>
 
@@ -25,7 +26,15 @@ struct Options {
   std::vector<std::string> only;
   bool json = false;
   std::string chart;
+  unsigned threads = std::clamp(std::thread::hardware_concurrency(), 1U, 2U);
+
+  bool wants(std::string_view name) const {
+    return only.empty() || std::find(only.begin(), only.end(), name) != only.end();
+  }
 };
+
+constexpr std::string_view kLayers = "layers";
+constexpr std::string_view kThreads = "threads";
 
 /// A program that draws all day has its memory; fresh pages from the system for each large image
 /// would cost every renderer more than the drawing.
@@ -53,9 +62,7 @@ int run(const Options& options) {
   const std::vector<Icon> icons = allIcons();
   if (!options.json) writeHeading(results, std::cout);
   for (const OperationInfo& info : kOperations) {
-    const bool wanted = options.only.empty() || std::find(options.only.begin(), options.only.end(),
-                                                          info.name) != options.only.end();
-    if (!wanted) continue;
+    if (!options.wants(info.name)) continue;
     for (const std::size_t side : options.sizes) {
       Row row{std::string(info.name), side, {}, {}};
       row.timings = timeInterleaved(renderers, icons, info.operation, side, options.seconds);
@@ -65,6 +72,22 @@ int run(const Options& options) {
       results.rows.push_back(std::move(row));
       if (!options.json) writeRow(results, results.rows.back(), std::cout);
     }
+  }
+  if (options.wants(kLayers)) {
+    for (const std::size_t side : options.sizes) {
+      for (LayerRow& row : timeLayers(icons, side, options.seconds)) {
+        results.layers.push_back(std::move(row));
+      }
+    }
+    results.layers.push_back(timePaintings(options.seconds));
+    if (!options.json) writeLayers(results.layers, std::cout);
+  }
+  if (options.wants(kThreads)) {
+    for (const std::size_t side : options.sizes) {
+      results.threads.push_back(
+          timeThreads(*renderers.front(), icons, side, options.threads, options.seconds));
+    }
+    if (!options.json) writeThreads(results.threads, std::cout);
   }
   if (options.json) writeJson(results, std::cout);
   if (!options.chart.empty()) {
@@ -85,11 +108,15 @@ int main(int argc, char** argv) {
   glyphwright::bench::Options options;
   std::vector<std::string> operations;
   for (const auto& info : glyphwright::bench::kOperations) operations.emplace_back(info.name);
+  operations.emplace_back(glyphwright::bench::kLayers);
+  operations.emplace_back(glyphwright::bench::kThreads);
   CLI::App app("Times painting icons with this library, Cairo and AGG, side by side.");
   app.add_option("--sizes", options.sizes, "sides in pixels, separated by commas")->delimiter(',');
   app.add_option("--seconds", options.seconds, "time for each line of the table")
       ->check(CLI::PositiveNumber);
-  app.add_option("--only", options.only, "operations, separated by commas")
+  app.add_option("--threads", options.threads, "threads to compare with one")
+      ->check(CLI::PositiveNumber);
+  app.add_option("--only", options.only, "operations and tables, separated by commas")
       ->delimiter(',')
       ->check(CLI::IsMember(operations));
   app.add_flag("--json", options.json, "JSON instead of the table");

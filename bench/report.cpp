@@ -73,6 +73,37 @@ void writeRow(const Results& results, const Row& row, std::ostream& out) {
   out << std::endl;
 }
 
+void writeLayers(const std::vector<LayerRow>& rows, std::ostream& out) {
+  out << "\nmicroseconds a picture: described by layers or pieces, the same shapes drawn by calls, "
+         "the one over the other\n"
+      << std::fixed;
+  for (const LayerRow& row : rows) {
+    out << std::left << std::setw(2 * kNameWidth) << row.what << std::right
+        << std::setw(kSideWidth);
+    if (row.side > 0) {
+      out << row.side;
+    } else {
+      out << "";
+    }
+    out << std::setprecision(2) << std::setw(kTimeWidth) << row.described << std::setw(kTimeWidth)
+        << row.direct << std::setw(kTimeWidth) << row.ratio() << '\n';
+  }
+}
+
+void writeThreads(const std::vector<ThreadsRow>& rows, std::ostream& out) {
+  out << "\nicons a second with one thread and with several; the one over the other, and by how "
+         "much "
+         "the processor time of an icon grows\n"
+      << std::fixed;
+  for (const ThreadsRow& row : rows) {
+    out << std::left << std::setw(kNameWidth) << std::to_string(row.threads) + " threads"
+        << std::right << std::setw(kSideWidth) << row.side << std::setprecision(0)
+        << std::setw(kTimeWidth) << row.perSecondAlone << std::setw(kTimeWidth) << row.perSecond
+        << std::setprecision(2) << std::setw(kTimeWidth) << row.scaling() << std::setw(kTimeWidth)
+        << row.slowdown << '\n';
+  }
+}
+
 void writeJson(const Results& results, std::ostream& out) {
   nlohmann::ordered_json json;
   json["processor"] = results.processor;
@@ -91,6 +122,21 @@ void writeJson(const Results& results, std::ostream& out) {
       entry[results.renderers[r]] = one;
     }
     json["rows"].push_back(entry);
+  }
+  for (const LayerRow& row : results.layers) {
+    json["layers"].push_back({{"what", row.what},
+                              {"size", row.side},
+                              {"described", row.described},
+                              {"direct", row.direct},
+                              {"ratio", row.ratio()}});
+  }
+  for (const ThreadsRow& row : results.threads) {
+    json["threads"].push_back({{"size", row.side},
+                               {"threads", row.threads},
+                               {"iconsPerSecondAlone", row.perSecondAlone},
+                               {"iconsPerSecond", row.perSecond},
+                               {"scaling", row.scaling()},
+                               {"slowdown", row.slowdown}});
   }
   out << json.dump(2) << '\n';
 }

@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "accuracy.h"
+#include "layers.h"
+#include "threads.h"
 #include "timing.h"
 
 namespace glyphwright::bench {
@@ -22,6 +24,8 @@ struct Results {
   std::string processor;
   std::vector<std::string> renderers;
   std::vector<Row> rows;
+  std::vector<LayerRow> layers;
+  std::vector<ThreadsRow> threads;
 };
 
 /// The processor's name as the system tells it, or "unknown".
@@ -30,6 +34,8 @@ std::string processorName();
 void writeHeading(const Results& results, std::ostream& out);
 /// One line; ratios are to the renderer named "cairo" (below 1: faster than it).
 void writeRow(const Results& results, const Row& row, std::ostream& out);
+void writeLayers(const std::vector<LayerRow>& rows, std::ostream& out);
+void writeThreads(const std::vector<ThreadsRow>& rows, std::ostream& out);
 void writeJson(const Results& results, std::ostream& out);
 /// A chart of the cost of a flat fill over the size, both logarithmic.
 void writeChart(const Results& results, std::ostream& out);

@@ -6,20 +6,19 @@
 
 namespace glyphwright::bench {
 
-namespace {
-
-/// The processor time of this thread: what others do on the machine does not count.
-double now() {
+double processorTime() {
   timespec time{};
   clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
   return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
+namespace {
+
 double paintRound(const Renderer& renderer, const std::vector<const Icon*>& icons,
                   Operation operation, std::size_t side) {
-  const double start = now();
+  const double start = processorTime();
   for (const Icon* icon : icons) renderer.paint(*icon, operation, side);
-  return now() - start;
+  return processorTime() - start;
 }
 
 double median(std::vector<double>& values) {
@@ -42,17 +41,17 @@ std::vector<Timing> timeInterleaved(const std::vector<const Renderer*>& renderer
   constexpr std::size_t kLeastRounds = 5;
   // A short first pass warms caches and allocator and tells how many icons fit into a round.
   const std::vector<const Icon*> sample = everyNth(icons, icons.size() / 8);
-  const double warmUp = now();
+  const double warmUp = processorTime();
   for (const Renderer* renderer : renderers) paintRound(*renderer, sample, operation, side);
-  const double perIcon = (now() - warmUp) / static_cast<double>(sample.size());
+  const double perIcon = (processorTime() - warmUp) / static_cast<double>(sample.size());
   const double affordable = seconds / static_cast<double>(kLeastRounds + 1) / perIcon;
   const double stride = std::ceil(static_cast<double>(icons.size()) / std::max(affordable, 8.0));
   const std::vector<const Icon*> chosen =
       everyNth(icons, static_cast<std::size_t>(std::max(stride, 1.0)));
 
   std::vector<std::vector<double>> times(renderers.size());
-  const double start = now();
-  for (std::size_t round = 0; round < kLeastRounds || now() - start < seconds; ++round) {
+  const double start = processorTime();
+  for (std::size_t round = 0; round < kLeastRounds || processorTime() - start < seconds; ++round) {
     for (std::size_t r = 0; r < renderers.size(); ++r) {
       const double time = paintRound(*renderers[r], chosen, operation, side);
       times[r].push_back(time / static_cast<double>(chosen.size()) * 1e6);
@@ -64,6 +63,25 @@ std::vector<Timing> timeInterleaved(const std::vector<const Renderer*>& renderer
     timings.push_back({median(values), rounds, chosen.size()});
   }
   return timings;
+}
+
+std::vector<double> medianRounds(const std::vector<std::function<void(std::size_t)>>& ways,
+                                 std::size_t count, double seconds) {
+  constexpr std::size_t kLeastRounds = 5;
+  std::vector<std::vector<double>> times(ways.size());
+  const double start = processorTime();
+  // The first round warms caches and allocator and does not count.
+  for (std::size_t round = 0; round <= kLeastRounds || processorTime() - start < seconds; ++round) {
+    for (std::size_t w = 0; w < ways.size(); ++w) {
+      const double from = processorTime();
+      for (std::size_t i = 0; i < count; ++i) ways[w](i);
+      if (round == 0) continue;
+      times[w].push_back((processorTime() - from) / static_cast<double>(count) * 1e6);
+    }
+  }
+  std::vector<double> medians;
+  for (std::vector<double>& values : times) medians.push_back(median(values));
+  return medians;
 }
 
 }  // namespace glyphwright::bench

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -21,5 +22,13 @@ struct Timing {
 std::vector<Timing> timeInterleaved(const std::vector<const Renderer*>& renderers,
                                     const std::vector<Icon>& icons, Operation operation,
                                     std::size_t side, double seconds);
+
+/// Lets ways of drawing `count` pictures each, called with 0…count − 1, take turns like that; the
+/// median of each in microseconds a picture.
+std::vector<double> medianRounds(const std::vector<std::function<void(std::size_t)>>& ways,
+                                 std::size_t count, double seconds);
+
+/// The processor time of this thread in seconds: what others do on the machine does not count.
+double processorTime();
 
 }  // namespace glyphwright::bench

@@ -72,7 +72,9 @@ std::optional<UIImage> UIGraphicsGetImageFromCurrentImageContext() {
 }
 
 void UIGraphicsEndImageContext() {
-  if (!stack().empty() && stack().back().endable) stack().pop_back();
+  if (stack().empty() || !stack().back().endable) return;
+  stack().pop_back();
+  if (stack().empty()) raster::threadScratch().trim();
 }
 
 CGContextRef UIGraphicsGetCurrentContext() {

@@ -10,7 +10,7 @@ namespace glyphwright {
 /// The icons by fixed number, 0 to 128, for callers that store or pass icons as numbers. Any other
 /// 64-bit value can be held as well but is no icon type. See UIBezierPath::pathForIcon.
 enum class VNTLIconType : std::int64_t {
-#define GLYPHWRIGHT_ICON_TYPE(value, name, method) name = value,
+#define GLYPHWRIGHT_ICON_TYPE(value, name, method) name = (value),
 #include <glyphwright/catalogue/icon_types.inc>
 #undef GLYPHWRIGHT_ICON_TYPE
 };

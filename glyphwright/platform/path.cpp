@@ -218,8 +218,7 @@ void CGPath::addRoundedRect(const CGRect& rect, UIRectCorner corners, CGSize rad
 void CGPath::addPath(const CGPath& other) {
   if (other.verbs_.empty()) return;
   if (&other == this) {
-    const CGPath copy = other;
-    addPath(copy);
+    addPath(CGPath(other));
     return;
   }
   verbs_.insert(verbs_.end(), other.verbs_.begin(), other.verbs_.end());

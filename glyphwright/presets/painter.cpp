@@ -118,7 +118,7 @@ UIBezierPath pathOf(const Shape& shape) {
 }
 
 void paint(const Painting& painting, FailedGradient failedGradient) {
-  const CGContextRef context = UIGraphicsGetCurrentContext();
+  CGContextRef context = UIGraphicsGetCurrentContext();
   if (context == nullptr) return;
   std::optional<CGGradient> gradient;
   if (painting.gradient != nullptr) {

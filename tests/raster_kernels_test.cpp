@@ -234,6 +234,28 @@ TEST_F(RasterKernels, PointsMapAndBoxTheSame) {
   EXPECT_TRUE(box.hasNaN);
 }
 
+// Places before, inside and beyond the ramp, standing still and far away.
+TEST_F(RasterKernels, RampsAreReadTheSame) {
+  std::vector<std::uint32_t> entries;
+  for (std::uint32_t i = 0; i < 100; ++i) entries.push_back(i * 0x01030507U);
+  const Ramp ramp{entries.data(), 99};
+  const double infinity = std::numeric_limits<double>::infinity();
+  const double steps[] = {0, 1, -1, 0.37, -12.6, 1e-9, 1e18, -1e300};
+  for (const std::size_t count : kCounts) {
+    for (const double step : steps) {
+      for (const double from : {-5.0, 0.0, 0.5, 99.0, 1e200, -infinity, -infinity * 0}) {
+        const double start = from + static_cast<double>(real(0, 60));
+        std::vector<std::uint8_t> fast((count + 2) * 4,
+                                       0x5A);  // the last two are not to be touched
+        std::vector<std::uint8_t> plain = fast;
+        fast_.rampPixels(fast.data(), ramp, start, step, count);
+        plain_.rampPixels(plain.data(), ramp, start, step, count);
+        ASSERT_EQ(fast, plain) << start << " by " << step << ", " << count << " pixels";
+      }
+    }
+  }
+}
+
 TEST_F(RasterKernels, CurvesSampleTheSame) {
   for (const double size : {3.0, 40.0, 900.0, 16000.0}) {
     for (int round = 0; round < 200; ++round) {

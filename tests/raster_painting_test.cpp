@@ -10,6 +10,7 @@
 #include <glyphwright/platform/context.h>
 #include <glyphwright/platform/gradient.h>
 #include <glyphwright/platform/image.h>
+#include <glyphwright/platform/raster/scratch.h>
 
 #include "pixels.h"
 
@@ -248,6 +249,19 @@ TEST(RasterGradients, OptionsLetTheEndsRunOn) {
     CGContextDrawRadialGradient(context, *gradient, {4, 4}, -1);
   });
   EXPECT_EQ(area(nothing), 0);
+}
+
+TEST(RasterStack, TheLastEntryToCloseGivesMemoryBack) {
+  const auto kept = [] { return raster::threadScratch().casterMask.capacity() * 2; };
+  UIGraphicsBeginImageContext({1800, 1800});
+  const CGContextRef context = UIGraphicsGetCurrentContext();
+  CGContextSetShadowWithColor(context, {2, 2}, 4, UIColor(0, 0, 0, 1));
+  CGContextFillRect(context, {0, 0, 1800, 1800});
+  UIGraphicsBeginImageContext({1, 1});
+  UIGraphicsEndImageContext();
+  EXPECT_GT(kept(), raster::Scratch::kKeptBytes);
+  UIGraphicsEndImageContext();
+  EXPECT_LT(kept(), raster::Scratch::kKeptBytes);
 }
 
 TEST(RasterStack, EntriesOpenAndCloseInOrder) {

@@ -77,6 +77,11 @@ void fillWithLinearGradient(CGContext& context, const CGPath& path, bool evenOdd
                             const CGGradient& gradient, CGPoint start, CGPoint end,
                             CGGradientDrawingOptions options);
 
+/// Paints, inside the path only, the shadow of all that filling it even-odd would leave. False, and
+/// nothing done, when the path reaches far beyond the clip's bounds.
+bool castInsetShadow(CGContext& context, const CGPath& path, bool evenOdd,
+                     const ShadowState& shadow);
+
 }  // namespace contexts
 
 }  // namespace glyphwright

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include <glyphwright/platform/context_stack.h>
+#include <glyphwright/platform/graphics_context.h>
 #include <glyphwright/platform/screen.h>
 
 namespace glyphwright {
@@ -13,6 +14,20 @@ namespace {
 // from zero, keeps rounding noise from costing a pixel.
 CGFloat nudged(CGFloat offset) {
   return offset + std::copysign(0.1, offset);
+}
+
+// Where the surroundings would move by whole pixels, their shadow can be had from the path's own.
+bool castWithoutMoving(CGContext& context, const UIBezierPath& path, CGFloat aside) {
+  const CGAffineTransform& ctm = context.state.ctm;
+  const CGFloat scale = context.scale;
+  const bool isPlain = ctm.b == 0 && ctm.c == 0 && ctm.a == scale && ctm.d == scale;
+  if (!isPlain || scale < 1 || scale != std::floor(scale) || !context.state.shadow ||
+      !(aside * scale < kMaxPixelSide)) {
+    return false;
+  }
+  ShadowState shadow = *context.state.shadow;
+  shadow.dx -= static_cast<int>(aside * scale);
+  return contexts::castInsetShadow(context, path.cgPath(), path.usesEvenOddFillRule(), shadow);
 }
 
 }  // namespace
@@ -35,15 +50,19 @@ void drawInsetShadow(CGContextRef context, const UIBezierPath& path, const NSSha
   // What casts the shadow is the area around the path. It stands wholly to the left of the path,
   // outside the clip, and its shadow is sent back by the same distance: only the shadow shows.
   const CGFloat aside = std::round(around.size.width);
+  CGContextSaveGState(context);
+  CGContextSetShadowWithColor(context, {nudged(offset.width + aside), nudged(offset.height)}, blur,
+                              color);
+  if (castWithoutMoving(*context, path, aside)) {
+    CGContextRestoreGState(context);
+    return;
+  }
   CGPath surroundings;
   surroundings.reserve(path.cgPath().verbs().size() + 5, path.cgPath().points().size() + 4);
   surroundings.addRect(around);
   surroundings.addPath(path.cgPath());
   surroundings.applyTransform(CGAffineTransformMakeTranslation(-aside, 0));
 
-  CGContextSaveGState(context);
-  CGContextSetShadowWithColor(context, {nudged(offset.width + aside), nudged(offset.height)}, blur,
-                              color);
   CGContextClipToPath(context, path.cgPath(), path.usesEvenOddFillRule());
   CGContextSetFillColor(context, UIColor::grayColor());
   CGContextFillPath(context, surroundings, true);

@@ -89,7 +89,7 @@ class RowFilter {
 
  private:
   static std::size_t wholeBlocks(int width) {
-    return static_cast<std::size_t>((width + kBlock - 1) / kBlock * kBlock);
+    return static_cast<std::size_t>((width + kBlock - 1) / kBlock) * kBlock;
   }
 
   const Mask& mask_;

@@ -87,7 +87,7 @@ class Canvas {
 
   /// Paints rows of coverage. `clip` may be null; it must cover the region's rows and columns.
   /// Rows come top to bottom; every row of `region`, which lies inside the bounds, is given once.
-  class Painter : public RowSink {
+  class Painter final : public RowSink {
    public:
     Painter(Canvas& canvas, const PixelRect& region, const Paint& paint, const Mask* clip,
             Scratch& scratch);

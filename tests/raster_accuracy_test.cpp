@@ -13,6 +13,7 @@
 #include <glyphwright/paths/registry.h>
 #include <glyphwright/platform/context.h>
 #include <glyphwright/platform/image.h>
+#include <glyphwright/platform/shadow.h>
 
 #include "reference/plane.h"
 
@@ -222,6 +223,32 @@ TEST(RasterAccuracy, ShadowsAreGaussian) {
         EXPECT_NEAR(errors.bias(), 0, 0.5) << "blur " << blur << " px";
       }
     }
+  }
+}
+
+TEST(RasterAccuracy, InsetShadowsAreGaussian) {
+  constexpr std::size_t kSide = 96;
+  const UIBezierPath shape = polygon(5, 1, 40, {47.3, 48.1});
+  const Plane inside = reference::coverage(shape.cgPath(), false, kSide, kSide);
+  for (const CGFloat blur : {1.0, 2.0, 6.0, 15.0, 40.0, 70.0}) {
+    NSShadow shadow;
+    shadow.setShadowOffset({3, -2});
+    shadow.setShadowBlurRadius(blur);
+    shadow.setShadowColor(UIColor::blackColor());
+    const UIImage image = drawn(kSide, [&] { shape.drawInsetShadow(shadow); });
+    // What surrounds the shape casts as much as the shape does not.
+    const Plane cast = reference::gaussian(inside, blur / 2);
+    Plane expected(kSide, kSide);
+    for (std::size_t y = 0; y < kSide; ++y) {
+      for (std::size_t x = 0; x < kSide; ++x) {
+        const double covered = x >= 3 && y + 2 < kSide ? cast.at(x - 3, y + 2) : 0;
+        expected.at(x, y) = inside.at(x, y) * (1 - covered);
+      }
+    }
+    Errors errors;
+    errors.add(expected, image);
+    EXPECT_LE(std::max(errors.worst, errors.worstElsewhere), 2) << "blur " << blur << " px";
+    EXPECT_NEAR(errors.bias(), 0, 0.5) << "blur " << blur << " px";
   }
 }
 

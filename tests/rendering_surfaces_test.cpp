@@ -148,7 +148,9 @@ TEST(Surfaces, DictionaryAgreesWithThePlainSteps) {
     const UIBezierPath path = maker.path();
     const UIImage image = path.imageWithAttributes(request.dictionary);
     const UIImage plain = plain::imageWithAttributes(path, request.dictionary);
-    EXPECT_LE(largestDifference(image, plain), 1) << i;
+    // The plain steps' inset shadows are rounded otherwise, and a drop shadow goes by what is
+    // drawn.
+    EXPECT_LE(largestDifference(image, plain), request.record.insetShadow ? 2 : 1) << i;
     EXPECT_EQ(image.size(), plain.size());
     EXPECT_EQ(image.scale(), plain.scale());
   }

@@ -1,11 +1,23 @@
-// The corners of strokes: the loops of this machine against the scalar ones, bit for bit.
+// The outlines of strokes: the loops of this machine against the scalar ones, bit for bit, and the
+// pictures against exact ones where the pen is thin, bends are tight, or the image cuts the stroke.
 
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
 #include <random>
+#include <string_view>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include <glyphwright/bezier_path.h>
+#include <glyphwright/paths/registry.h>
+#include <glyphwright/platform/context.h>
+#include <glyphwright/platform/image.h>
 #include <glyphwright/platform/raster/kernels.h>
+
+#include "reference/plane.h"
 
 namespace glyphwright::raster {
 namespace {
@@ -45,6 +57,161 @@ TEST(RasterStroke, CurvesSampleTheSameOnEveryMachine) {
   }
   EXPECT_GT(followed, 40);
   EXPECT_LT(followed, 360);
+}
+
+TEST(RasterStroke, CornersArePlacedTheSameOnEveryMachine) {
+  std::mt19937 random(20240609);
+  std::uniform_real_distribution<float> real(-40, 140);
+  constexpr std::size_t kMargin = 8;
+  for (std::size_t count = 1; count < 40; ++count) {
+    std::vector<float> x(count + 2 * kMargin, 1e30F);
+    std::vector<float> y = x;
+    for (std::size_t i = kMargin; i < kMargin + count; ++i) {
+      x[i] = real(random);
+      y[i] = count % 3 == 0 ? std::clamp(real(random), 0.0F, 90.0F) : real(random);
+    }
+    if (count == 17) y[kMargin + 9] = NAN;
+    const float* fromX = x.data() + kMargin;
+    const float* fromY = y.data() + kMargin;
+    const CornerBox a = kernels().boxCorners(fromX, fromY, count);
+    const CornerBox b = scalarKernels().boxCorners(fromX, fromY, count);
+    ASSERT_EQ(a.hasNaN, b.hasNaN);
+    ASSERT_EQ(a.hasNaN, count == 17);
+    if (!a.hasNaN) {
+      ASSERT_EQ(a.minX, b.minX);
+      ASSERT_EQ(a.minY, b.minY);
+      ASSERT_EQ(a.maxX, b.maxX);
+      ASSERT_EQ(a.maxY, b.maxY);
+    }
+    for (const bool backwards : {false, true}) {
+      std::vector<float> placedX[2];
+      std::vector<std::int32_t> placedY[2];
+      std::vector<std::uint8_t> outside[2];
+      for (const int k : {0, 1}) {
+        placedX[k].resize(count + kMargin);
+        placedY[k].resize(count + kMargin);
+        outside[k].resize((count + 7) / 8);
+        (k == 0 ? kernels() : scalarKernels())
+            .placeCorners(fromX, fromY, count, backwards, {2.5F, -3, 100, 90},
+                          {placedX[k].data(), placedY[k].data(), outside[k].data()});
+        placedX[k].resize(count);
+        placedY[k].resize(count);
+      }
+      ASSERT_EQ(placedX[0], placedX[1]);
+      ASSERT_EQ(placedY[0], placedY[1]);
+      ASSERT_EQ(outside[0], outside[1]);
+    }
+  }
+}
+
+UIImage stroked(const UIBezierPath& path, std::size_t side) {
+  const auto points = static_cast<CGFloat>(side);
+  UIGraphicsBeginImageContextWithOptions({points, points}, false, 1);
+  UIColor::blackColor().set();
+  path.stroke();
+  const auto image = UIGraphicsGetImageFromCurrentImageContext();
+  UIGraphicsEndImageContext();
+  return image.value_or(UIImage());
+}
+
+// A round pen, so that the stroke is all that lies within half its width.
+UIBezierPath drawnWith(UIBezierPath path, CGFloat width) {
+  path.setLineWidth(width);
+  path.setLineCapStyle(CGLineCap::round);
+  path.setLineJoinStyle(CGLineJoin::round);
+  return path;
+}
+
+UIBezierPath curve(CGPoint from, CGPoint control1, CGPoint control2, CGPoint to) {
+  UIBezierPath path;
+  path.moveToPoint(from);
+  path.addCurveToPoint(to, control1, control2);
+  return path;
+}
+
+TEST(RasterStroke, CurvesUnderThinAndWidePensAreNearlyExact) {
+  constexpr std::size_t kSide = 48;
+  struct Case {
+    std::string_view name;
+    UIBezierPath path;
+    std::vector<CGFloat> widths;
+    double mean;  // over the pixels on the edge, in levels
+    double bias = 1;
+  };
+  const Case cases[] = {
+      {"circle", UIBezierPath::bezierPathWithOvalInRect({8.3, 9.1, 30, 30}), {0.3, 1, 2, 9}, 2},
+      {"small circle", UIBezierPath::bezierPathWithOvalInRect({20.3, 21.1, 3, 3}), {1, 4, 12}, 2},
+      {"flat ellipse", UIBezierPath::bezierPathWithOvalInRect({6.3, 21.1, 34, 5}), {1, 4, 14}, 3},
+      {"arch", curve({9, 40}, {9, 2}, {39, 2}, {39, 40}), {0.5, 1, 3, 12}, 2},
+      {"hairpin", curve({20, 40}, {21, -10}, {26, -10}, {26, 40}), {1, 3, 9}, 3},
+      // Where two arms cross at a narrow angle they share many pixels, whose sum of areas is not
+      // the area of the sum.
+      {"crossing", curve({8, 36}, {44, 6}, {4, 6}, {40, 36}), {1, 3, 8}, 4.5, 3.6},
+      {"loop", curve({14, 40}, {60, 4}, {-12, 4}, {34, 40}), {1, 3}, 3},
+      {"late bend", curve({6, 8}, {40, 8.2}, {40.5, 8.4}, {41, 40}), {1, 3, 8}, 2},
+      {"double bend", curve({6, 30}, {20, -6}, {28, 54}, {42, 18}), {0.5, 1, 4}, 2},
+  };
+  for (const Case& c : cases) {
+    for (const CGFloat width : c.widths) {
+      const UIBezierPath path = drawnWith(c.path, width);
+      const UIImage image = stroked(path, kSide);
+      const auto rgba = image.cgImage().rgba();
+      const auto expected = reference::neighbourhood(path.cgPath(), width / 2, kSide, kSide);
+      double sum = 0;
+      double signedSum = 0;
+      std::size_t onEdge = 0;
+      for (std::size_t i = 0; i < expected.values.size(); ++i) {
+        const double difference = rgba[4 * i + 3] - 255 * expected.values[i];
+        if (expected.values[i] > 1e-9 && expected.values[i] < 1 - 1e-9) {
+          sum += std::abs(difference);
+          signedSum += difference;
+          ++onEdge;
+        } else {
+          // The reference counts samples, and may miss or close a sliver.
+          EXPECT_LE(std::abs(difference), 10) << c.name << ", width " << width << " at " << i;
+        }
+      }
+      ASSERT_GT(onEdge, 0U);
+      EXPECT_LE(sum / static_cast<double>(onEdge), c.mean) << c.name << ", width " << width;
+      EXPECT_LE(std::abs(signedSum) / static_cast<double>(onEdge), c.bias)
+          << c.name << ", width " << width;
+    }
+  }
+}
+
+TEST(RasterStroke, AnImageCutsStrokesWithoutATrace) {
+  constexpr std::size_t kWhole = 96;
+  constexpr std::size_t kPart = 40;
+  for (const std::string_view name : {"heartPath", "starPath", "flamePath", "boltPath"}) {
+    for (const CGFloat width : {1.0, 3.0, 11.0}) {
+      UIBezierPath path = drawnWith(findClassMethod(name)(), width);
+      const CGRect box = path.bounds();
+      path.applyTransform(CGAffineTransformMakeTranslation(-box.origin.x, -box.origin.y));
+      path.applyTransform(CGAffineTransformMakeScale(70 / box.size.width, 70 / box.size.height));
+      path.applyTransform(CGAffineTransformMakeTranslation(12.3, 13.7));
+      const UIImage whole = stroked(path, kWhole);
+      const auto expected = whole.cgImage().rgba();
+      // Parts that lie at the whole's middle, corners and sides.
+      for (const std::size_t left : {5, 30, 50}) {
+        for (const std::size_t top : {5, 30, 50}) {
+          UIBezierPath moved = path;
+          moved.applyTransform(CGAffineTransformMakeTranslation(-static_cast<CGFloat>(left),
+                                                                -static_cast<CGFloat>(top)));
+          const UIImage part = stroked(moved, kPart);
+          const auto rgba = part.cgImage().rgba();
+          int worst = 0;
+          for (std::size_t y = 0; y < kPart; ++y) {
+            for (std::size_t x = 0; x < kPart; ++x) {
+              const int is = rgba[(y * kPart + x) * 4 + 3];
+              const int wanted = expected[((y + top) * kWhole + x + left) * 4 + 3];
+              worst = std::max(worst, std::abs(is - wanted));
+            }
+          }
+          EXPECT_LE(worst, 2) << name << ", width " << width << " at " << left << ", " << top;
+        }
+      }
+    }
+  }
 }
 
 }  // namespace

@@ -79,10 +79,10 @@ class StrokedShape final : public CGContext::Shape {
                           {width, style, raster::kStrokeTolerance / stretch,
                            onDevice ? CGAffineTransformIdentity : ctm},
                           *scratch.kernels, scratch.outline);
-    box = raster::boxOf(scratch.outline);
+    box = raster::boxOf(scratch.outline, *scratch.kernels);
   }
   void edges(const PixelRect& region, Scratch& scratch) const override {
-    raster::edgesOfOutline(scratch.outline, box, region, scratch.edges);
+    raster::edgesOfOutline(scratch.outline, region, *scratch.kernels, scratch.edges);
   }
 };
 

@@ -204,6 +204,12 @@ struct Kernels {
   /// False when the curve bends more tightly than the pen, where the sides would run backwards.
   /// Writes whole eights.
   bool (*strokeCurve)(const StrokeCurve& curve, const StrokeCorners& out);
+  /// The box around corners.
+  CornerBox (*boxCorners)(const float* x, const float* y, std::size_t count);
+  /// Places corners in a frame, the last one first when `backwards`. Reads up to eight corners
+  /// beyond them, or ahead of them when backwards, and writes whole eights.
+  void (*placeCorners)(const float* x, const float* y, std::size_t count, bool backwards,
+                       const CornerFrame& frame, const PlacedCorners& out);
 };
 
 /// The fastest table for this machine.

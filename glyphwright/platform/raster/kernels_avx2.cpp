@@ -104,6 +104,8 @@ constexpr Kernels kAvx2{
     .filterDown = filterDown,
     .filterAlong = filterAlong,
     .strokeCurve = strokeCurve,
+    .boxCorners = boxCorners,
+    .placeCorners = placeCorners,
 };
 
 }  // namespace

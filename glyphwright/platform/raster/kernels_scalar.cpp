@@ -373,6 +373,8 @@ constexpr Kernels kScalar{
     .filterDown = filterDown,
     .filterAlong = filterAlong,
     .strokeCurve = scalar::strokeCurve,
+    .boxCorners = scalar::boxCorners,
+    .placeCorners = scalar::placeCorners,
 };
 
 }  // namespace

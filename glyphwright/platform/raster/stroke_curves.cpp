@@ -76,28 +76,31 @@ bool StrokeCurves::prepareFast() {
   const FloatVector l0 = narrow(p_[1] - p_[0]);
   const FloatVector l1 = narrow(p_[2] - p_[1]);
   const FloatVector l2 = narrow(p_[3] - p_[2]);
-  const float length0 = std::sqrt(dot(l0, l0));
+  const float dot01 = dot(l0, l1);
+  const float dot12 = dot(l1, l2);
+  const float square0 = dot(l0, l0);
+  const float length0 = std::sqrt(square0);
   const float length1 = std::sqrt(dot(l1, l1));
   const float length2 = std::sqrt(dot(l2, l2));
+  const float length01 = length0 * length1;
+  const float length12 = length1 * length2;
   // All of the curve's directions within a third of a turn: it has no cusp.
-  if (!(dot(l0, l1) > 0 && dot(l1, l2) > 0 && dot(l0, l2) > -0.5F * length0 * length2)) {
-    return false;
-  }
-  const FloatVector e0 = l0 * (1.0F / length0);
-  const FloatVector e1 = l1 * (1.0F / length1);
-  const FloatVector e2 = l2 * (1.0F / length2);
+  if (!(dot01 > 0 && dot12 > 0 && dot(l0, l2) > -0.5F * length0 * length2)) return false;
+  const float inverse = 1.0F / (length01 * length2);
+  const FloatVector e0 = l0 * (length12 * inverse);
+  const FloatVector e2 = l2 * (length01 * inverse);
   const FloatVector u = l1 - l0;
   const FloatVector v = l2 - l1;
   const FloatVector a = v - u;
   const auto half = static_cast<float>(pen_.half());
   // Tight from the start on?
   const float turnAtStart = half * (2.0F / 3.0F) * (u.x * e0.y - u.y * e0.x);
-  if (!(std::fabs(turnAtStart) <= dot(l0, l0))) return false;
+  if (!(std::fabs(turnAtStart) <= square0)) return false;
 
   const float bend = std::sqrt(std::max(dot(u, u), dot(v, v)));
-  const FloatVector turn01 = e1 - e0;
-  const FloatVector turn12 = e2 - e1;
-  const float turnSquare = 2.0F * (dot(turn01, turn01) + dot(turn12, turn12));
+  // The square of a small angle is twice what its cosine lacks to one.
+  const float lacking = ((length01 - dot01) * length2 + (length12 - dot12) * length0) * inverse;
+  const float turnSquare = 4.0F * std::max(lacking, 0.0F);
   const float wanted = std::sqrt(bend * bendFactor_ + turnSquare * turnFactor_);
   const int count = wanted < kMaxChords - 1 ? static_cast<int>(wanted) + 1 : kMaxChords;
   const StrokeOutline& out = pen_.outline();
@@ -130,9 +133,7 @@ int StrokeCurves::carefulCount() const {
   const Vector u = p_[0] - p_[1] * 2 + p_[2];
   const Vector v = p_[1] - p_[2] * 2 + p_[3];
   const double bend = std::max(length(u), length(v));
-  const double chords = std::sqrt(bend * (6.0 / 8.0) / tolerance_);
-  // On the outline the same turn is made at half the width further out: the control polygon's
-  // turning bounds the angle, and an arc of radius `half` may stray by half·θ²/8 a step.
+  // As for the others; the control polygon's turning bounds the angle.
   double turn = 0;
   Vector last{};
   bool hasLast = false;
@@ -142,8 +143,8 @@ int StrokeCurves::carefulCount() const {
     last = leg;
     hasLast = true;
   }
-  const double arcs = turn * std::sqrt(pen_.half() / (8 * tolerance_));
-  const double count = chords + arcs;
+  const double chords = std::sqrt(bend * (6.0 / 8.0) / tolerance_);
+  const double count = chords + turn * std::sqrt(pen_.half() / (8 * tolerance_));
   return count < kMaxSamples ? static_cast<int>(count) + 1 : kMaxSamples;
 }
 

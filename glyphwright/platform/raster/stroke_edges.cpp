@@ -1,158 +1,189 @@
+#include <algorithm>
 #include <cmath>
-#include <limits>
 
+#include <glyphwright/platform/raster/cells.h>
 #include <glyphwright/platform/raster/edge_writer.h>
 #include <glyphwright/platform/raster/stroke.h>
 
 namespace glyphwright::raster {
 namespace {
 
-// Runs round the rings of an outline. `Cuts` where the region cuts it.
-template <bool Cuts>
+// Runs round the rings of an outline, eight corners at a time. Where the region cuts a ring, the
+// lines that leave the region are cut one by one.
 class RingWriter : public CuttingWriter {
  public:
-  RingWriter(EdgeList& out, const PixelRect& region, const StrokeOutline& outline)
+  RingWriter(EdgeList& out, const PixelRect& region, StrokeOutline& outline, const Kernels& kernels)
       : CuttingWriter(out, region),
-        shiftX_(static_cast<float>(outline.originX - region.x0)),
-        shiftY_(static_cast<float>(outline.originY - region.y0)),
-        right_(static_cast<float>(region.width())),
-        bottom_(static_cast<float>(region.height())) {}
+        kernels_(kernels),
+        outline_(outline),
+        frame_{static_cast<float>(outline.originX - region.x0),
+               static_cast<float>(outline.originY - region.y0), static_cast<float>(region.width()),
+               static_cast<float>(region.height())} {}
 
-  void contour(const StrokeOutline& outline, const StrokeOutline::Contour& c) {
-    makeRoom(3 * (c.leftEnd - c.leftBegin + c.rightEnd - c.rightBegin));
-    if (c.leftBegin < c.leftEnd) {
-      begin(outline.left, c.leftBegin);
-      for (std::size_t i = c.leftBegin + 1; i < c.leftEnd; ++i) add(outline.left, i);
-      if (c.isClosed) end();
-    }
-    if (c.rightBegin < c.rightEnd) {
-      if (c.isClosed) {
-        begin(outline.right, c.rightEnd - 1);
-      } else {
-        add(outline.right, c.rightEnd - 1);
-      }
-      for (std::size_t i = c.rightEnd - 1; i-- > c.rightBegin;) add(outline.right, i);
-      end();
+  void contour(const StrokeOutline::Contour& c) {
+    const Stretch left{&outline_.left, c.leftBegin, c.leftEnd, false};
+    const Stretch right{&outline_.right, c.rightBegin, c.rightEnd, true};
+    if (c.isClosed) {
+      ring(left, {});
+      ring(right, {});
+    } else {
+      ring(left, right);
     }
   }
 
  private:
-  struct Corner {
-    float x;
-    float y;
-    std::int32_t units;
-    bool isInside;
+  // Corners of one side, run through from either end.
+  struct Stretch {
+    const OutlineSide* side = nullptr;
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    bool backwards = false;
+
+    std::size_t size() const { return end - begin; }
+    std::size_t at(std::size_t i) const { return backwards ? end - 1 - i : begin + i; }
   };
 
-  Corner cornerAt(const OutlineSide& side, std::size_t i) const {
-    const float x = side.x[i] + shiftX_;
-    const float y = side.y[i] + shiftY_;
-    if constexpr (Cuts) {
-      const bool isInside = x >= 0 && x <= right_ && y >= 0 && y <= bottom_;
-      return {x, y, isInside ? unitsOf(y) : 0, isInside};
-    }
-    return {x, y, unitsOf(y), true};
-  }
-  static std::int32_t unitsOf(float y) {
-    return static_cast<std::int32_t>(y * kUnitsPerPixel + 0.5F);
-  }
-
-  void begin(const OutlineSide& side, std::size_t i) {
-    startRuns();
-    first_ = last_ = cornerAt(side, i);
-  }
-  void add(const OutlineSide& side, std::size_t i) { lineTo(cornerAt(side, i)); }
-  void end() { lineTo(first_); }
-
-  void lineTo(const Corner& to) {
-    if (!Cuts || (last_.isInside && to.isInside)) {
-      push(last_.x, last_.units, to.x, to.units);
+  void ring(const Stretch& first, const Stretch& second) {
+    const std::size_t corners = first.size() + second.size();
+    if (corners == 0) return;
+    makeCornerRoom(corners + 1);
+    const std::size_t masks = (first.size() + kEight - 1) / kEight;
+    const bool firstLeaves = place(first, 0, 0);
+    const bool secondLeaves = second.size() > 0 && place(second, first.size(), masks);
+    out_.cornerX[corners] = out_.cornerX[0];
+    out_.cornerY[corners] = out_.cornerY[0];
+    if (firstLeaves || secondLeaves) {
+      cutRing(first, second);
     } else {
-      segment({last_.x, last_.y}, {to.x, to.y});
+      join(0, corners);
     }
-    last_ = to;
   }
 
-  float shiftX_;
-  float shiftY_;
-  float right_;
-  float bottom_;
-  Corner first_{};
-  Corner last_{};
+  // True when a corner lies outside the region.
+  bool place(const Stretch& s, std::size_t to, std::size_t mask) {
+    std::uint8_t* outside = outline_.outside.data() + mask;
+    kernels_.placeCorners(s.side->x.data() + s.begin, s.side->y.data() + s.begin, s.size(),
+                          s.backwards, frame_,
+                          {out_.cornerX.data() + to, out_.cornerY.data() + to, outside});
+    unsigned any = 0;
+    for (std::size_t i = 0; i < (s.size() + kEight - 1) / kEight; ++i) any |= outside[i];
+    return any != 0;
+  }
+
+  // Edges of the placed corners `first` to `last`.
+  void join(std::size_t first, std::size_t last) {
+    makeRoom(last - first + kEight);
+    runs_ += 2 * kernels_.joinCorners(out_.cornerX.data() + first, out_.cornerY.data() + first,
+                                      last - first + 1, out_.storage.data() + count_);
+    count_ += last - first;
+  }
+
+  void cutRing(const Stretch& first, const Stretch& second) {
+    const std::size_t corners = first.size() + second.size();
+    const std::size_t masks = (first.size() + kEight - 1) / kEight;
+    const auto isInside = [&](std::size_t i) {
+      if (i == corners) i = 0;
+      const std::size_t bit = i < first.size() ? i : i - first.size() + masks * kEight;
+      return (outline_.outside[bit / kEight] >> bit % kEight & 1) == 0;
+    };
+    const auto cornerAt = [&](std::size_t i) {
+      if (i == corners) i = 0;
+      const Stretch& s = i < first.size() ? first : second;
+      const std::size_t at = s.at(i < first.size() ? i : i - first.size());
+      return CGPoint{s.side->x[at] + frame_.shiftX, s.side->y[at] + frame_.shiftY};
+    };
+    bool wasDown = false;
+    for (std::size_t i = 0; i < corners;) {
+      std::size_t last = i;
+      if (isInside(i)) {
+        while (last < corners && isInside(last + 1)) ++last;
+      }
+      if (last > i) {
+        join(i, last);
+        i = last;
+        wasDown = false;
+        continue;
+      }
+      const CGPoint from = cornerAt(i);
+      const CGPoint to = cornerAt(++i);
+      const bool isDown = to.y > from.y;
+      const int runs = runs_ + (isDown && !wasDown ? 2 : 0);
+      segment(from, to);
+      runs_ = runs;
+      wasDown = isDown;
+    }
+  }
+
+  // Whole eights are written.
+  void makeCornerRoom(std::size_t corners) {
+    const std::size_t wanted = corners + 2 * kEight;
+    if (out_.cornerX.size() < wanted) {
+      out_.cornerX.resize(2 * wanted);
+      out_.cornerY.resize(2 * wanted);
+    }
+    const std::size_t masks = wanted / kEight + 2;  // of two stretches
+    if (outline_.outside.size() < masks) outline_.outside.resize(2 * masks);
+  }
+
+  static constexpr std::size_t kEight = 8;
+
+  const Kernels& kernels_;
+  StrokeOutline& outline_;
+  CornerFrame frame_;
 };
 
-template <bool Cuts>
-void writeRings(const StrokeOutline& outline, const PixelRect& region, EdgeList& out) {
-  RingWriter<Cuts> writer(out, region, outline);
-  for (const StrokeOutline::Contour& c : outline.contours) writer.contour(outline, c);
+// How often a pixel is wound round at most, by what runs down or up through any one row of pixels.
+// `units` is working memory.
+int windingOf(std::span<const Edge> edges, int rows, std::vector<int>& units) {
+  units.assign(2 * static_cast<std::size_t>(rows) + 2, 0);
+  for (const Edge& e : edges) {
+    int* row = units.data() + (e.y1 > e.y0 ? 1 : 0);
+    int top = std::min(e.y0, e.y1);
+    const int bottom = std::max(e.y0, e.y1);
+    row += 2 * (top >> kUnitShift);
+    for (int end = (top | (kUnitsPerPixel - 1)) + 1; end < bottom; end += kUnitsPerPixel) {
+      *row += end - top;
+      row += 2;
+      top = end;
+    }
+    *row += bottom - top;
+  }
+  const int most = *std::max_element(units.begin(), units.end());
+  return (most + kUnitsPerPixel - 1) >> kUnitShift;
 }
-
-// Grows a box by the corners of one side, eight at a time.
-class CornerBox {
- public:
-  void add(const OutlineSide& side, std::size_t begin, std::size_t end) {
-    std::size_t i = begin;
-    for (; i + kLanes <= end; i += kLanes) {
-      for (std::size_t k = 0; k < kLanes; ++k) addTo(k, side.x[i + k], side.y[i + k]);
-    }
-    for (; i < end; ++i) addTo(0, side.x[i], side.y[i]);
-  }
-
-  DeviceBox box(double originX, double originY) const {
-    float x0 = kInfinity, y0 = kInfinity, x1 = -kInfinity, y1 = -kInfinity;
-    float poison = 0;
-    for (std::size_t k = 0; k < kLanes; ++k) {
-      x0 = std::min(x0, minX_[k]);
-      y0 = std::min(y0, minY_[k]);
-      x1 = std::max(x1, maxX_[k]);
-      y1 = std::max(y1, maxY_[k]);
-      poison += poison_[k];
-    }
-    if (poison != 0) return {NAN, NAN, NAN, NAN};
-    return {x0 + originX, y0 + originY, x1 + originX, y1 + originY};
-  }
-
- private:
-  static constexpr std::size_t kLanes = 8;
-  static constexpr float kInfinity = std::numeric_limits<float>::infinity();
-
-  void addTo(std::size_t k, float x, float y) {
-    minX_[k] = x < minX_[k] ? x : minX_[k];
-    minY_[k] = y < minY_[k] ? y : minY_[k];
-    maxX_[k] = x > maxX_[k] ? x : maxX_[k];
-    maxY_[k] = y > maxY_[k] ? y : maxY_[k];
-    poison_[k] += x * 0 + y * 0;  // stays 0 unless a coordinate is NaN or infinite
-  }
-
-  using Lanes = float[kLanes];
-  Lanes minX_ = {kInfinity, kInfinity, kInfinity, kInfinity,
-                 kInfinity, kInfinity, kInfinity, kInfinity};
-  Lanes minY_ = {kInfinity, kInfinity, kInfinity, kInfinity,
-                 kInfinity, kInfinity, kInfinity, kInfinity};
-  Lanes maxX_ = {-kInfinity, -kInfinity, -kInfinity, -kInfinity,
-                 -kInfinity, -kInfinity, -kInfinity, -kInfinity};
-  Lanes maxY_ = {-kInfinity, -kInfinity, -kInfinity, -kInfinity,
-                 -kInfinity, -kInfinity, -kInfinity, -kInfinity};
-  Lanes poison_ = {};
-};
 
 }  // namespace
 
-DeviceBox boxOf(const StrokeOutline& outline) {
-  CornerBox box;
+DeviceBox boxOf(const StrokeOutline& outline, const Kernels& kernels) {
+  DeviceBox box{INFINITY, INFINITY, -INFINITY, -INFINITY};
+  bool hasNaN = false;
+  const auto add = [&](const OutlineSide& side, std::size_t begin, std::size_t end) {
+    const CornerBox part =
+        kernels.boxCorners(side.x.data() + begin, side.y.data() + begin, end - begin);
+    box.minX = std::min(box.minX, part.minX + outline.originX);
+    box.minY = std::min(box.minY, part.minY + outline.originY);
+    box.maxX = std::max(box.maxX, part.maxX + outline.originX);
+    box.maxY = std::max(box.maxY, part.maxY + outline.originY);
+    hasNaN = hasNaN || part.hasNaN;
+  };
   for (const StrokeOutline::Contour& c : outline.contours) {
-    box.add(outline.left, c.leftBegin, c.leftEnd);
-    box.add(outline.right, c.rightBegin, c.rightEnd);
+    add(outline.left, c.leftBegin, c.leftEnd);
+    if (c.rightBegin < c.rightEnd) add(outline.right, c.rightBegin, c.rightEnd);
   }
-  return box.box(outline.originX, outline.originY);
+  if (hasNaN) return {NAN, NAN, NAN, NAN};
+  return box;
 }
 
-void edgesOfOutline(const StrokeOutline& outline, const DeviceBox& box, const PixelRect& region,
+void edgesOfOutline(StrokeOutline& outline, const PixelRect& region, const Kernels& kernels,
                     EdgeList& out) {
-  if (contains(region, box)) {
-    writeRings<false>(outline, region, out);
-  } else {
-    writeRings<true>(outline, region, out);
+  {
+    RingWriter writer(out, region, outline, kernels);
+    for (const StrokeOutline::Contour& c : outline.contours) writer.contour(c);
+  }
+  // A stroke has a run on either side of each of the path's, but they seldom lie abreast.
+  if (out.verticalRuns / 2 > kNarrowWindingLimit) {
+    out.verticalRuns =
+        std::min(out.verticalRuns, 2 * windingOf(out.edges(), region.height(), outline.rowUnits));
   }
 }
 

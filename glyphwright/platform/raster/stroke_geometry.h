@@ -62,7 +62,7 @@ struct Leg {
 inline Leg legBetween(Vector from, Vector to) {
   Vector along = to - from;
   const double l = length(along);
-  if (l > 0) along = {along.x / l, along.y / l};
+  if (l > 0) along = along * (1 / l);
   return {along, l};
 }
 

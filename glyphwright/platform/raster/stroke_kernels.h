@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+
 namespace glyphwright::raster {
 
 /// A cubic under a round pen, in pixels from the outline's origin. With the legs l0, l1, l2 between
@@ -22,6 +25,28 @@ struct StrokeCorners {
   float* leftY;
   float* rightX;
   float* rightY;
+};
+
+/// The box around corners; minima at +∞ and maxima at −∞ when there are none.
+struct CornerBox {
+  float minX;
+  float minY;
+  float maxX;
+  float maxY;
+  bool hasNaN;
+};
+
+/// Where corners come to lie: moved by `shift`, inside a region of that size or not.
+struct CornerFrame {
+  float shiftX, shiftY;
+  float width, height;
+};
+
+/// Corners with x in pixels and y in units from the region's corner; both mean nothing outside.
+struct PlacedCorners {
+  float* x;
+  std::int32_t* y;
+  std::uint8_t* outside;  // a bit a corner, the lowest first
 };
 
 }  // namespace glyphwright::raster

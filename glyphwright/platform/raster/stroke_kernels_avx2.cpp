@@ -1,6 +1,10 @@
 #include <glyphwright/platform/raster/stroke_kernels_avx2.h>
 
+#include <glyphwright/platform/raster/kernels.h>
+
 #include <immintrin.h>
+
+#include <limits>
 
 // Both sides of curves eight samples at a time; stroke_kernels_scalar.cpp says what is computed.
 namespace glyphwright::raster::avx2 {
@@ -55,6 +59,64 @@ bool strokeCurve(const StrokeCurve& c, const StrokeCorners& out) {
     number = add(number, every(8));
   }
   return _mm256_movemask_ps(tight) == 0;
+}
+
+CornerBox boxCorners(const float* x, const float* y, std::size_t count) {
+  const __m256 infinity = _mm256_set1_ps(std::numeric_limits<float>::infinity());
+  const __m256 below = _mm256_sub_ps(_mm256_setzero_ps(), infinity);
+  __m256 minX = infinity, minY = infinity, maxX = below, maxY = below;
+  __m256 nan = _mm256_setzero_ps();
+  const auto add = [&](__m256 atX, __m256 atY) {
+    minX = _mm256_min_ps(minX, atX);
+    minY = _mm256_min_ps(minY, atY);
+    maxX = _mm256_max_ps(maxX, atX);
+    maxY = _mm256_max_ps(maxY, atY);
+    nan = _mm256_or_ps(nan, _mm256_cmp_ps(atX, atY, _CMP_UNORD_Q));
+  };
+  std::size_t i = 0;
+  for (; i + 8 <= count; i += 8) add(_mm256_loadu_ps(x + i), _mm256_loadu_ps(y + i));
+  for (; i < count; ++i) add(_mm256_broadcast_ss(x + i), _mm256_broadcast_ss(y + i));
+  const auto least = [](__m256 v) {
+    __m128 four = _mm_min_ps(_mm256_castps256_ps128(v), _mm256_extractf128_ps(v, 1));
+    four = _mm_min_ps(four, _mm_movehl_ps(four, four));
+    return _mm_cvtss_f32(_mm_min_ss(four, _mm_movehdup_ps(four)));
+  };
+  const auto most = [](__m256 v) {
+    __m128 four = _mm_max_ps(_mm256_castps256_ps128(v), _mm256_extractf128_ps(v, 1));
+    four = _mm_max_ps(four, _mm_movehl_ps(four, four));
+    return _mm_cvtss_f32(_mm_max_ss(four, _mm_movehdup_ps(four)));
+  };
+  return {least(minX), least(minY), most(maxX), most(maxY), _mm256_movemask_ps(nan) != 0};
+}
+
+void placeCorners(const float* x, const float* y, std::size_t count, bool backwards,
+                  const CornerFrame& frame, const PlacedCorners& out) {
+  const __m256i reversed = _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0);
+  const __m256i forwards = _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7);
+  const __m256i order = backwards ? reversed : forwards;
+  const __m256 shiftX = _mm256_set1_ps(frame.shiftX), shiftY = _mm256_set1_ps(frame.shiftY);
+  const __m256 width = _mm256_set1_ps(frame.width), height = _mm256_set1_ps(frame.height);
+  const __m256 zero = _mm256_setzero_ps();
+  const auto within = [&](__m256 v, __m256 limit) {
+    return _mm256_and_ps(_mm256_cmp_ps(v, zero, _CMP_GE_OQ), _mm256_cmp_ps(v, limit, _CMP_LE_OQ));
+  };
+  for (std::size_t i = 0; i < count; i += 8) {
+    const auto load = [&](const float* from) {
+      const float* eight = backwards ? from + count - i - 8 : from + i;
+      return _mm256_permutevar8x32_ps(_mm256_loadu_ps(eight), order);
+    };
+    const __m256 atX = _mm256_add_ps(load(x), shiftX);
+    const __m256 atY = _mm256_add_ps(load(y), shiftY);
+    const __m256 inside = _mm256_and_ps(within(atX, width), within(atY, height));
+    const __m256 units =
+        _mm256_add_ps(_mm256_mul_ps(atY, _mm256_set1_ps(kUnitsPerPixel)), _mm256_set1_ps(0.5F));
+    _mm256_storeu_ps(out.x + i, _mm256_and_ps(atX, inside));
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(out.y + i),
+                        _mm256_and_si256(_mm256_cvttps_epi32(units), _mm256_castps_si256(inside)));
+    const unsigned valid = count - i < 8 ? (1U << (count - i)) - 1 : 0xFFU;
+    out.outside[i / 8] =
+        static_cast<std::uint8_t>(~static_cast<unsigned>(_mm256_movemask_ps(inside)) & valid);
+  }
 }
 
 }  // namespace glyphwright::raster::avx2

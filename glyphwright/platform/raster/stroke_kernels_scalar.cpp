@@ -1,5 +1,7 @@
 #include <cmath>
+#include <limits>
 
+#include <glyphwright/platform/raster/kernels.h>
 #include <glyphwright/platform/raster/stroke_kernels_scalar.h>
 
 namespace glyphwright::raster::scalar {
@@ -40,6 +42,33 @@ bool strokeCurve(const StrokeCurve& c, const StrokeCorners& out) {
     out.rightY[k] = y - normalY * right;
   }
   return follows;
+}
+
+CornerBox boxCorners(const float* x, const float* y, std::size_t count) {
+  constexpr float infinity = std::numeric_limits<float>::infinity();
+  CornerBox box{infinity, infinity, -infinity, -infinity, false};
+  for (std::size_t i = 0; i < count; ++i) {
+    box.minX = x[i] < box.minX ? x[i] : box.minX;
+    box.minY = y[i] < box.minY ? y[i] : box.minY;
+    box.maxX = x[i] > box.maxX ? x[i] : box.maxX;
+    box.maxY = y[i] > box.maxY ? y[i] : box.maxY;
+    box.hasNaN = box.hasNaN || std::isnan(x[i]) || std::isnan(y[i]);
+  }
+  return box;
+}
+
+void placeCorners(const float* x, const float* y, std::size_t count, bool backwards,
+                  const CornerFrame& frame, const PlacedCorners& out) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t from = backwards ? count - 1 - i : i;
+    const float atX = x[from] + frame.shiftX;
+    const float atY = y[from] + frame.shiftY;
+    const bool isInside = atX >= 0 && atX <= frame.width && atY >= 0 && atY <= frame.height;
+    out.x[i] = isInside ? atX : 0;
+    out.y[i] = isInside ? static_cast<std::int32_t>(atY * kUnitsPerPixel + 0.5F) : 0;
+    if (i % 8 == 0) out.outside[i / 8] = 0;
+    if (!isInside) out.outside[i / 8] |= static_cast<std::uint8_t>(1 << i % 8);
+  }
 }
 
 }  // namespace glyphwright::raster::scalar

@@ -6,5 +6,8 @@
 namespace glyphwright::raster::scalar {
 
 bool strokeCurve(const StrokeCurve& curve, const StrokeCorners& out);
+CornerBox boxCorners(const float* x, const float* y, std::size_t count);
+void placeCorners(const float* x, const float* y, std::size_t count, bool backwards,
+                  const CornerFrame& frame, const PlacedCorners& out);
 
 }  // namespace glyphwright::raster::scalar

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include <glyphwright/platform/raster/edges.h>
@@ -11,13 +12,17 @@ namespace glyphwright::raster {
 
 /// The corners along one side of a stroke, in device pixels from the outline's origin.
 struct OutlineSide {
+  /// Loops read whole eights, so there are eight unused corners at either end.
+  static constexpr std::size_t kMargin = 8;
+
   std::vector<float> x;  // grow only; the first `count` are in use
   std::vector<float> y;
-  std::size_t count = 0;
+  std::size_t count = kMargin;
 
+  void clear() { count = kMargin; }
   void makeRoom(std::size_t corners) {
-    if (x.size() < count + corners) {
-      const std::size_t wanted = 2 * (count + corners);
+    if (x.size() < count + corners + kMargin) {
+      const std::size_t wanted = 2 * (count + corners + kMargin);
       x.resize(wanted);
       y.resize(wanted);
     }
@@ -52,20 +57,24 @@ struct StrokeOutline {
   std::vector<Contour> contours;
   /// Working memory for the curves that are followed with care.
   std::vector<pen::Node> nodes;
+  /// And for telling the corners outside a region.
+  std::vector<std::uint8_t> outside;
+  /// And for what runs through each row of one.
+  std::vector<int> rowUnits;
 
   void clear() {
-    left.count = 0;
-    right.count = 0;
+    left.clear();
+    right.clear();
     contours.clear();
   }
 };
 
 /// The box around all corners, in device pixels; one that touches no pixel when there are none or
 /// one is NaN.
-DeviceBox boxOf(const StrokeOutline& outline);
+DeviceBox boxOf(const StrokeOutline& outline, const Kernels& kernels);
 
-/// The edges of an outline with that box.
-void edgesOfOutline(const StrokeOutline& outline, const DeviceBox& box, const PixelRect& region,
+/// The edges of an outline, cut by the region.
+void edgesOfOutline(StrokeOutline& outline, const PixelRect& region, const Kernels& kernels,
                     EdgeList& out);
 
 }  // namespace glyphwright::raster

@@ -129,11 +129,12 @@ void StrokePen::bendSide(OutlineSide& side, double sign, Vector at, Vector norma
                          const Leg& out) const {
   const bool turned = in.hasDirection() && out.hasDirection();
   const Vector turn = out.along - in.along;
+  const double shorter = std::min(in.length, out.length);
   const double reach = half_ * sign;
   // On the hollow side of a bend tighter than the pen, the offset would run backwards; each chord
   // then keeps its own rectangle.
   if (turned && cross(in.along, out.along) * sign < 0 &&
-      length(turn) * half_ > std::min(in.length, out.length)) {
+      dot(turn, turn) * half_ * half_ > shorter * shorter) {
     put(side, at + leftOf(in.along) * reach);
     put(side, at);
     put(side, at + leftOf(out.along) * reach);

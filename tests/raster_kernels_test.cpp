@@ -109,6 +109,22 @@ TEST_F(RasterKernels, RowsOfCellsPaintTheSame) {
         ASSERT_EQ(a, std::vector<std::int16_t>(a.size(), 0)) << "width " << width;
         ASSERT_EQ(b, a);
       }
+      for (const auto kernel : {&Kernels::writeCellsByRow, &Kernels::blendCellsByRow}) {
+        const SolidColor inks[kRows] = {color(), color(), color()};
+        auto fastPixels = below;
+        auto plainPixels = below;
+        auto a = fastCells;
+        auto b = plainCells;
+        (fast_.*kernel)(fastPixels.data(), rowBytes, {a.data(), stride, mask, kRows, width, rule},
+                        inks);
+        (plain_.*kernel)(plainPixels.data(), rowBytes, {b.data(), stride, mask, kRows, width, rule},
+                         inks);
+        for (std::size_t row = 0; row + 1 < kRows; ++row) {
+          const auto padding = static_cast<std::ptrdiff_t>(row * rowBytes + width * 4);
+          std::copy_n(plainPixels.begin() + padding, 12, fastPixels.begin() + padding);
+        }
+        ASSERT_EQ(fastPixels, plainPixels) << "width " << width;
+      }
       std::vector<std::uint16_t> fastCoverage(stride);
       std::vector<std::uint16_t> plainCoverage(stride);
       const int carry = upTo(2 * kUnitsPerPixel) - kUnitsPerPixel;

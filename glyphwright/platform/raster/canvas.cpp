@@ -143,25 +143,19 @@ bool Canvas::Painter::cells(int y, const CellRows& rows) {
     }
   }
   std::uint8_t* rgba = line + static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0) * 4;
-  if (!byRow) {
-    paintCells(rgba, rows, paint_.color);
-    return true;
-  }
-  CellRows one = rows;
-  one.rows = 1;
-  for (std::size_t row = 0; row < rows.rows; ++row) {
-    paintCells(rgba, one, paint_.source->rowColor(y + static_cast<int>(row)));
-    rgba += canvas_.rowBytes_;
-    one.cells += one.stride;
-    if (one.touched != nullptr) one.touched += one.stride / kBlock;
+  const Kernels& kernels = *scratch_.kernels;
+  if (byRow) {
+    scratch_.rowColors.resize(rows.rows);
+    for (std::size_t row = 0; row < rows.rows; ++row) {
+      scratch_.rowColors[row] = paint_.source->rowColor(y + static_cast<int>(row));
+    }
+    const auto paint = writes_ ? kernels.writeCellsByRow : kernels.blendCellsByRow;
+    paint(rgba, canvas_.rowBytes_, rows, scratch_.rowColors.data());
+  } else {
+    const auto paint = writes_ ? kernels.writeCells : kernels.blendCells;
+    paint(rgba, canvas_.rowBytes_, rows, paint_.color);
   }
   return true;
-}
-
-void Canvas::Painter::paintCells(std::uint8_t* rgba, const CellRows& rows,
-                                 const SolidColor& color) const {
-  const auto paint = writes_ ? scratch_.kernels->writeCells : scratch_.kernels->blendCells;
-  paint(rgba, canvas_.rowBytes_, rows, color);
 }
 
 void Canvas::Painter::span(std::uint8_t* rgba, const CoverageSpan& s, const std::uint16_t* coverage,

@@ -98,7 +98,6 @@ class Canvas {
 
    private:
     void layRowGround(std::uint8_t* line) const;
-    void paintCells(std::uint8_t* rgba, const CellRows& rows, const SolidColor& color) const;
     void span(std::uint8_t* rgba, const CoverageSpan& span, const std::uint16_t* coverage, int y);
     void solid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count);
 

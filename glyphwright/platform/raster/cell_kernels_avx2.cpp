@@ -152,9 +152,9 @@ void paintRow(std::int16_t* cells, const std::uint8_t* touched, std::size_t stri
   }
 }
 
-template <FillRule rule, typename Painter>
+template <FillRule rule, typename PainterOf>
 void paintCellsBy(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
-                  const Painter& painter) {
+                  const PainterOf& painterOf) {
   const std::size_t cut = rows.width % kBlock;
   const OpenEnd open(cut);
   const ClosedEnd closed(cut);
@@ -163,6 +163,7 @@ void paintCellsBy(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows
   std::int16_t* cells = rows.cells;
   const std::uint8_t* touched = rows.touched;
   for (std::size_t left = rows.rows; left > 0; --left) {
+    const auto& painter = painterOf(rows.rows - left);
     if ((left - 1) * rowBytes >= reach) {
       paintRow<rule>(cells, touched, rows.stride, rows.width, open, painter, rgba);
     } else {
@@ -174,13 +175,14 @@ void paintCellsBy(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows
   }
 }
 
-template <typename Painter>
+// `painterOf(row)` gives what a row is painted with.
+template <typename PainterOf>
 void paintCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
-                const Painter& painter) {
+                const PainterOf& painterOf) {
   if (rows.rule == FillRule::nonZero) {
-    paintCellsBy<FillRule::nonZero>(rgba, rowBytes, rows, painter);
+    paintCellsBy<FillRule::nonZero>(rgba, rowBytes, rows, painterOf);
   } else {
-    paintCellsBy<FillRule::evenOdd>(rgba, rowBytes, rows, painter);
+    paintCellsBy<FillRule::evenOdd>(rgba, rowBytes, rows, painterOf);
   }
 }
 
@@ -250,12 +252,24 @@ int sumNarrow(std::int16_t* cells, std::size_t count, int carry, FillRule rule,
 
 void writeCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                 const SolidColor& color) {
-  paintCells(rgba, rowBytes, rows, Writer(color));
+  const Writer writer(color);
+  paintCells(rgba, rowBytes, rows, [&](std::size_t) -> const Writer& { return writer; });
 }
 
 void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                 const SolidColor& color) {
-  paintCells(rgba, rowBytes, rows, Blender(color));
+  const Blender blender(color);
+  paintCells(rgba, rowBytes, rows, [&](std::size_t) -> const Blender& { return blender; });
+}
+
+void writeCellsByRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                     const SolidColor* colors) {
+  paintCells(rgba, rowBytes, rows, [&](std::size_t row) { return Writer(colors[row]); });
+}
+
+void blendCellsByRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                     const SolidColor* colors) {
+  paintCells(rgba, rowBytes, rows, [&](std::size_t row) { return Blender(colors[row]); });
 }
 
 }  // namespace glyphwright::raster::avx2

@@ -12,5 +12,9 @@ void writeCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                 const SolidColor& color);
 void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                 const SolidColor& color);
+void writeCellsByRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                     const SolidColor* colors);
+void blendCellsByRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                     const SolidColor* colors);
 
 }  // namespace glyphwright::raster::avx2

@@ -175,6 +175,11 @@ struct Kernels {
                      const SolidColor& color);
   void (*blendCells)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                      const SolidColor& color);
+  /// The same with a colour for each row.
+  void (*writeCellsByRow)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                          const SolidColor* colors);
+  void (*blendCellsByRow)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                          const SolidColor* colors);
   /// Pixels := colour × coverage, whatever was there.
   void (*writeSolid)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                      const SolidColor& color);

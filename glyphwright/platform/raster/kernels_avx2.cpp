@@ -94,6 +94,8 @@ constexpr Kernels kAvx2{
     .sumWide = sumWide,
     .writeCells = writeCells,
     .blendCells = blendCells,
+    .writeCellsByRow = writeCellsByRow,
+    .blendCellsByRow = blendCellsByRow,
     .writeSolid = writeSolid,
     .blendSolid = blendSolid,
     .writePixels = writePixels,

@@ -351,6 +351,16 @@ void filterAlong(std::uint16_t* out, const std::uint16_t* in, const std::int16_t
   }
 }
 
+template <auto paint>
+void byRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+           const SolidColor* colors) {
+  CellRows one = rows;
+  one.rows = 1;
+  for (std::size_t row = 0; row < rows.rows; ++row, one.cells += rows.stride, rgba += rowBytes) {
+    paint(rgba, rowBytes, one, colors[row]);
+  }
+}
+
 constexpr Kernels kScalar{
     .boxPoints = boxPoints,
     .mapPoints = mapPoints,
@@ -363,6 +373,8 @@ constexpr Kernels kScalar{
     .sumWide = sum<std::int32_t>,
     .writeCells = writeCells,
     .blendCells = blendCells,
+    .writeCellsByRow = byRow<writeCells>,
+    .blendCellsByRow = byRow<blendCells>,
     .writeSolid = writeSolid,
     .blendSolid = blendSolid,
     .writePixels = writePixels,

@@ -18,7 +18,7 @@ void Scratch::trim() {
       bytes(outline.nodes) + bytes(outline.outside) + bytes(outline.rowUnits) + bytes(sortedEdges) +
       bytes(activeEdges) + bytes(narrowCells) + bytes(wideCells) + bytes(touched) +
       bytes(coverage) + bytes(clippedCoverage) + bytes(sourceRow) + bytes(casterMask) +
-      bytes(insideMask) + bytes(filterRows) + bytes(taps) + bytes(ramp);
+      bytes(insideMask) + bytes(filterRows) + bytes(taps) + bytes(ramp) + bytes(rowColors);
   if (kept > kKeptBytes) *this = Scratch{};
 }
 

@@ -31,6 +31,7 @@ struct Scratch {
   std::vector<std::uint16_t> filterRows;
   std::vector<std::int16_t> taps;
   std::vector<std::uint32_t> ramp;
+  std::vector<SolidColor> rowColors;
 
   /// Gives memory back when a large drawing has left more than `kKeptBytes`.
   void trim();

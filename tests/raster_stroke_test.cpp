@@ -192,8 +192,8 @@ TEST(RasterStroke, AnImageCutsStrokesWithoutATrace) {
       const UIImage whole = stroked(path, kWhole);
       const auto expected = whole.cgImage().rgba();
       // Parts that lie at the whole's middle, corners and sides.
-      for (const std::size_t left : {5, 30, 50}) {
-        for (const std::size_t top : {5, 30, 50}) {
+      for (const std::size_t left : {5U, 30U, 50U}) {
+        for (const std::size_t top : {5U, 30U, 50U}) {
           UIBezierPath moved = path;
           moved.applyTransform(CGAffineTransformMakeTranslation(-static_cast<CGFloat>(left),
                                                                 -static_cast<CGFloat>(top)));

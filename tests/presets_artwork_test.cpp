@@ -139,7 +139,7 @@ TEST(PresetsArtwork, OutlinesStayInTheirFrames) {
       {"videoCamera", artwork::videoCamera, {9, 13, 29, 25}, 2},
       {"heartUpright", artwork::heartUpright, {0, 1, 3.6, 4.9}, 1},
       {"heartLeaning", artwork::heartLeaning, {28.6, 9.4, 33, 15.2}, 1},
-      {"bow", artwork::bow, {12, 2, 22.7, 6.3}, 1},
+      {"bow", artwork::bow, {12, 2, 22.7, 6.3}, 2},
       {"giftBox", artwork::giftBox, {8.4, 6.31, 26.3, 18.17}, 1},
       {"giftShadow", artwork::giftShadow, {7.5, 17.2, 27.2, 19.3}, 1},
       {"copySign", artwork::copySign, {13, 13, 31, 31}, 3},

@@ -108,7 +108,8 @@ class RingWriter : public CuttingWriter {
       const CGPoint to = cornerAt(++i);
       const bool isDown = to.y > from.y;
       const int runs = runs_ + (isDown && !wasDown ? 2 : 0);
-      segment(from, to);
+      // Corners too far away for a float are no numbers.
+      if (std::isfinite(from.x + from.y + to.x + to.y)) segment(from, to);
       runs_ = runs;
       wasDown = isDown;
     }

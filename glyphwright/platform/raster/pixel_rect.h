@@ -40,9 +40,11 @@ struct DeviceBox {
   double maxY = 0;
 };
 
-/// True when the box lies wholly inside the pixels.
+/// True when the box lies inside the pixels but for the noise of a path that was scaled to fit them.
 inline bool contains(const PixelRect& r, const DeviceBox& box) {
-  return box.minX >= r.x0 && box.minY >= r.y0 && box.maxX <= r.x1 && box.maxY <= r.y1;
+  constexpr double kNoise = 1e-6;  // pixels
+  return box.minX >= r.x0 - kNoise && box.minY >= r.y0 - kNoise && box.maxX <= r.x1 + kNoise &&
+         box.maxY <= r.y1 + kNoise;
 }
 
 /// The pixels that `box` touches, no further out than `limit`. Empty for a box with NaN.

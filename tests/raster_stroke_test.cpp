@@ -214,5 +214,36 @@ TEST(RasterStroke, AnImageCutsStrokesWithoutATrace) {
   }
 }
 
+// However far a line leads on, what is seen of it is the same.
+TEST(RasterStroke, FarEndsLeaveWhatIsSeenAlone) {
+  constexpr std::size_t kSide = 64;
+  const CGPoint near{20.3, 30.7};
+  for (const CGPoint direction : {CGPoint{1, 0}, CGPoint{0, -1}, CGPoint{1, 1}, CGPoint{-1, 1}}) {
+    for (const CGFloat width : {0.7, 6.0}) {
+      const auto leading = [&](CGFloat distance) {
+        UIBezierPath path;
+        path.moveToPoint(near);
+        path.addLineToPoint({near.x + distance * direction.x, near.y + distance * direction.y});
+        // On to a place that is never seen, so that the far end is a corner with a join.
+        path.addLineToPoint({near.x + distance * (direction.x - 0.5 * direction.y),
+                             near.y + distance * (direction.y + 0.5 * direction.x)});
+        return stroked(drawnWith(path, width), kSide);
+      };
+      const UIImage nearby = leading(1000);
+      const auto expected = nearby.cgImage().rgba();
+      for (const CGFloat distance : {1e5, 1e6, 1e8, 1e9, 1e300}) {
+        const UIImage image = leading(distance);
+        const auto rgba = image.cgImage().rgba();
+        int worst = 0;
+        for (std::size_t i = 0; i < rgba.size(); ++i) {
+          worst = std::max(worst, std::abs(rgba[i] - expected[i]));
+        }
+        EXPECT_LE(worst, 2) << direction.x << ", " << direction.y << ": width " << width << ", to "
+                            << distance;
+      }
+    }
+  }
+}
+
 }  // namespace
 }  // namespace glyphwright::raster

@@ -50,10 +50,17 @@ class FilledShape final : public CGContext::Shape {
   const CGPath& path_;
 };
 
+DeviceBox mapped(const DeviceBox& box, const CGAffineTransform& ctm) {
+  const CGRect to = CGRectApplyAffineTransform(
+      {box.minX, box.minY, box.maxX - box.minX, box.maxY - box.minY}, ctm);
+  return {CGRectGetMinX(to), CGRectGetMinY(to), CGRectGetMaxX(to), CGRectGetMaxY(to)};
+}
+
 // The area of a stroke, as an outline in the scratch.
 class StrokedShape final : public CGContext::Shape {
  public:
-  StrokedShape(const CGPath& path, const StrokeStyle& style, const CGAffineTransform& ctm) {
+  StrokedShape(const CGPath& path, const StrokeStyle& style, const CGAffineTransform& ctm,
+               const PixelRect& bitmap) {
     Scratch& scratch = raster::threadScratch();
     box.minX = NAN;
     if (!(style.width >= 0) || !std::isfinite(style.width)) return;
@@ -71,10 +78,7 @@ class StrokedShape final : public CGContext::Shape {
     if (!(points.maxX >= points.minX) || !(width > 0) || !std::isfinite(width)) return;
     const double stretch = onDevice ? 1 : std::sqrt(std::max(scaleSquare, other));
     if (!(stretch > 0)) return;
-    const CGPoint middle = {(points.minX + points.maxX) * 0.5, (points.minY + points.maxY) * 0.5};
-    const CGPoint origin = onDevice ? middle : CGPointApplyAffineTransform(middle, ctm);
-    scratch.outline.originX = std::floor(origin.x);
-    scratch.outline.originY = std::floor(origin.y);
+    raster::setOrigin(scratch.outline, onDevice ? points : mapped(points, ctm), bitmap);
     raster::strokeOutline(path, scratch.devicePoints,
                           {width, style, raster::kStrokeTolerance / stretch,
                            onDevice ? CGAffineTransformIdentity : ctm},
@@ -233,7 +237,8 @@ void CGContextStrokePath(CGContextRef context, const CGPath& path, const StrokeS
   const Paint paint = solidPaint(context->state.strokeColor, context->state.alpha);
   if (paint.isClear() || path.isEmpty() || context->state.clip.bounds.isEmpty()) return;
   context->prepareClip();
-  context->paintShape(StrokedShape(path, style, context->state.ctm), paint);
+  const StrokedShape shape(path, style, context->state.ctm, context->bounds);
+  context->paintShape(shape, paint);
 }
 
 void CGContextClipToPath(CGContextRef context, const CGPath& path, bool evenOdd) {

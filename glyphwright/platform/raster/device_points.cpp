@@ -38,12 +38,12 @@ DeviceBox mapPoints(const CGPath& path, const CGAffineTransform& toDevice,
   if (devicePoints.size() < points.size()) devicePoints.resize(points.size());
   const double matrix[] = {toDevice.a, toDevice.b,  toDevice.c,
                            toDevice.d, toDevice.tx, toDevice.ty};
-  const DeviceBox box = finiteBox(
+  DeviceBox box = finiteBox(
       kernels().mapPoints(coordinates(points), points.size(), matrix, &devicePoints.front().x));
   if (isFar(box)) {
-    for (CGPoint& p : devicePoints) {
-      p = {std::clamp(p.x, -kFarthest, kFarthest), std::clamp(p.y, -kFarthest, kFarthest)};
-    }
+    const auto near = [](double v) { return std::clamp(v, -kFarthest, kFarthest); };
+    for (CGPoint& p : devicePoints) p = {near(p.x), near(p.y)};
+    box = {near(box.minX), near(box.minY), near(box.maxX), near(box.maxY)};
   }
   return box;
 }

@@ -92,6 +92,8 @@ bool StrokeCurves::prepareFast() {
   const FloatVector u = l1 - l0;
   const FloatVector v = l2 - l1;
   const FloatVector a = v - u;
+  // A pen beyond all pictures; with a wider one the corners would leave the floats' range.
+  if (!(pen_.half() < 1e9)) return false;
   const auto half = static_cast<float>(pen_.half());
   // Tight from the start on?
   const float turnAtStart = half * (2.0F / 3.0F) * (u.x * e0.y - u.y * e0.x);

@@ -108,8 +108,7 @@ class RingWriter : public CuttingWriter {
       const CGPoint to = cornerAt(++i);
       const bool isDown = to.y > from.y;
       const int runs = runs_ + (isDown && !wasDown ? 2 : 0);
-      // Corners too far away for a float are no numbers.
-      if (std::isfinite(from.x + from.y + to.x + to.y)) segment(from, to);
+      segment(from, to);
       runs_ = runs;
       wasDown = isDown;
     }
@@ -154,6 +153,15 @@ int windingOf(std::span<const Edge> edges, int rows, std::vector<int>& units) {
 }
 
 }  // namespace
+
+void setOrigin(StrokeOutline& outline, const DeviceBox& box, const PixelRect& bitmap) {
+  const auto origin = [](double low, double high, double from, double to) {
+    const double seen = std::clamp((low + high) * 0.5, from, to);
+    return std::floor(std::clamp(seen, low, std::max(low, high)));
+  };
+  outline.originX = origin(box.minX, box.maxX, bitmap.x0, bitmap.x1);
+  outline.originY = origin(box.minY, box.maxY, bitmap.y0, bitmap.y1);
+}
 
 DeviceBox boxOf(const StrokeOutline& outline, const Kernels& kernels) {
   DeviceBox box{INFINITY, INFINITY, -INFINITY, -INFINITY};

@@ -49,7 +49,8 @@ struct StrokeOutline {
     bool isClosed;
   };
 
-  /// Whole device pixels, near the stroke, so that floats from here on are fine enough.
+  /// Whole device pixels, near what is seen of the stroke, so that floats are fine enough from here
+  /// on.
   double originX = 0;
   double originY = 0;
   OutlineSide left;
@@ -68,6 +69,11 @@ struct StrokeOutline {
     contours.clear();
   }
 };
+
+/// Sets the origin for a stroke whose points have `box` around them, in device pixels: its middle,
+/// or, where it reaches far beyond the bitmap, what of it lies nearest to that; floats are finest
+/// where the stroke is seen.
+void setOrigin(StrokeOutline& outline, const DeviceBox& box, const PixelRect& bitmap);
 
 /// The box around all corners, in device pixels; one that touches no pixel when there are none or
 /// one is NaN.

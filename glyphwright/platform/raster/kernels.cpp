@@ -1,7 +1,7 @@
 #include <glyphwright/platform/raster/kernels.h>
 
 #if defined(__x86_64__)
-#include <glyphwright/platform/raster/kernels_avx2.h>
+#include <glyphwright/platform/raster/kernels/avx2.h>
 #endif
 
 namespace glyphwright::raster {

@@ -139,7 +139,7 @@ struct FilterRows {
 };
 
 /// The loops that touch pixels. One table for each instruction set, all equal to the scalar one
-/// bit for bit; kernels_scalar.cpp is the text that explains them.
+/// bit for bit; kernels/scalar_*.cpp are the text that explains them.
 struct Kernels {
   /// The box around points given as x, y, x, y…
   PointBox (*boxPoints)(const double* points, std::size_t count);

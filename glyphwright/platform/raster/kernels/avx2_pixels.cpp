@@ -1,18 +1,9 @@
-#include <glyphwright/platform/raster/kernels_avx2.h>
+#include <glyphwright/platform/raster/kernels/avx2.h>
 
-#include <glyphwright/platform/raster/blur_kernels_avx2.h>
-#include <glyphwright/platform/raster/cell_kernels_avx2.h>
-#include <glyphwright/platform/raster/edge_kernels_avx2.h>
-#include <glyphwright/platform/raster/gradient_kernels_avx2.h>
-#include <glyphwright/platform/raster/pixel_lanes_avx2.h>
-#include <glyphwright/platform/raster/point_kernels_avx2.h>
-#include <glyphwright/platform/raster/stroke_kernels_avx2.h>
+#include <glyphwright/platform/raster/kernels/avx2_lanes.h>
 
-// Rows of pixels and of coverage; kernels_scalar.cpp says what each loop computes.
-namespace glyphwright::raster {
-namespace {
-
-using namespace avx2;
+// Rows of pixels and of coverage.
+namespace glyphwright::raster::avx2 {
 
 int sumWide(std::int32_t* cells, std::size_t count, int carry, FillRule rule,
             std::uint16_t* coverage) {
@@ -82,38 +73,4 @@ void scaleCoverage(std::uint16_t* coverage, int fraction, std::size_t count) {
   scalarKernels().scaleCoverage(coverage + i, fraction, count - i);
 }
 
-constexpr Kernels kAvx2{
-    .boxPoints = boxPoints,
-    .mapPoints = mapPoints,
-    .sampleCurve = sampleCurve,
-    .joinCorners = joinCorners,
-    .cutEdges = cutEdges,
-    .cellAmounts = cellAmounts,
-    .addPieces = addPieces,
-    .sumNarrow = sumNarrow,
-    .sumWide = sumWide,
-    .writeCells = writeCells,
-    .blendCells = blendCells,
-    .writeCellsByRow = writeCellsByRow,
-    .blendCellsByRow = blendCellsByRow,
-    .writeSolid = writeSolid,
-    .blendSolid = blendSolid,
-    .writePixels = writePixels,
-    .blendPixels = blendPixels,
-    .rampPixels = rampPixels,
-    .multiplyCoverage = multiplyCoverage,
-    .scaleCoverage = scaleCoverage,
-    .filterDown = filterDown,
-    .filterAlong = filterAlong,
-    .strokeCurve = strokeCurve,
-    .boxCorners = boxCorners,
-    .placeCorners = placeCorners,
-};
-
-}  // namespace
-
-const Kernels& avx2Kernels() {
-  return kAvx2;
-}
-
-}  // namespace glyphwright::raster
+}  // namespace glyphwright::raster::avx2

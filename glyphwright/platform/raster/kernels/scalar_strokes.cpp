@@ -2,7 +2,7 @@
 #include <limits>
 
 #include <glyphwright/platform/raster/kernels.h>
-#include <glyphwright/platform/raster/stroke_kernels_scalar.h>
+#include <glyphwright/platform/raster/kernels/scalar.h>
 
 namespace glyphwright::raster::scalar {
 

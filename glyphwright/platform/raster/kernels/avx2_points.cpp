@@ -1,10 +1,10 @@
-#include <glyphwright/platform/raster/point_kernels_avx2.h>
+#include <glyphwright/platform/raster/kernels/avx2.h>
 
 #include <immintrin.h>
 
 #include <limits>
 
-// Two points at a time, x and y side by side; kernels_scalar.cpp says what each loop computes.
+// Two points at a time, x and y side by side; scalar_edges.cpp says what each loop computes.
 namespace glyphwright::raster::avx2 {
 namespace {
 

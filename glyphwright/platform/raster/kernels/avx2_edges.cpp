@@ -1,10 +1,10 @@
-#include <glyphwright/platform/raster/edge_kernels_avx2.h>
+#include <glyphwright/platform/raster/kernels/avx2.h>
 
 #include <immintrin.h>
 
 #include <array>
 
-// Curves, edges and pieces eight at a time; kernels_scalar.cpp says what each loop computes.
+// Curves, edges and pieces eight at a time; scalar_edges.cpp says what each loop computes.
 namespace glyphwright::raster::avx2 {
 namespace {
 

@@ -1,4 +1,4 @@
-#include <glyphwright/platform/raster/stroke_kernels_avx2.h>
+#include <glyphwright/platform/raster/kernels/avx2.h>
 
 #include <glyphwright/platform/raster/kernels.h>
 
@@ -6,7 +6,7 @@
 
 #include <limits>
 
-// Both sides of curves eight samples at a time; stroke_kernels_scalar.cpp says what is computed.
+// Both sides of curves eight samples at a time; scalar_strokes.cpp says what is computed.
 namespace glyphwright::raster::avx2 {
 
 bool strokeCurve(const StrokeCurve& c, const StrokeCorners& out) {

@@ -1,13 +1,12 @@
+#include <glyphwright/platform/raster/kernels/scalar.h>
+
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
-#include <cstring>
 #include <limits>
 
-#include <glyphwright/platform/raster/kernels.h>
-#include <glyphwright/platform/raster/stroke_kernels_scalar.h>
+// From points to cells.
+namespace glyphwright::raster::scalar {
 
-namespace glyphwright::raster {
 namespace {
 
 // Odd and even points grow boxes of their own: no comparison waits for the one before it, and
@@ -38,6 +37,8 @@ class BoxBuilder {
   PointBox boxes_[2]{kNothing, kNothing};
 };
 
+}  // namespace
+
 PointBox boxPoints(const double* points, std::size_t count) {
   BoxBuilder builder;
   for (std::size_t i = 0; i < count; ++i) builder.add(i, points[2 * i], points[2 * i + 1]);
@@ -55,6 +56,8 @@ PointBox mapPoints(const double* points, std::size_t count, const double* m, dou
   return boxPoints(mapped, count);
 }
 
+namespace {
+
 // |p''| ≤ 6·bend, and a chord over a parameter step h strays by at most h²·|p''|/8: the count of
 // chords goes with the root of the bend, and so with the fourth root of its square. Up to eight,
 // which is nearly always, comparing is faster than roots.
@@ -66,6 +69,8 @@ int chordCount(float chords4) {
   const float root = std::sqrt(std::sqrt(chords4));
   return root < kMaxChords - 1 ? static_cast<int>(root) + 1 : kMaxChords;
 }
+
+}  // namespace
 
 // p(t) = a·t³ + b·t² + c·t + p0. Chords of a curve lose area to its hollow side; moving the inner
 // points by −h²·p''/12 gives it back, and folds into the two lower coefficients because
@@ -199,200 +204,4 @@ void addPieces(const Pieces& p, std::int16_t* cells, std::uint8_t* touched) {
   }
 }
 
-// From winding × coverage in 1/1024 to coverage in 1/1024.
-int foldWinding(int sum, FillRule rule) {
-  if (rule == FillRule::nonZero) return std::min(std::abs(sum), kUnitsPerPixel);
-  const int phase = sum & (2 * kUnitsPerPixel - 1);
-  return std::min(phase, 2 * kUnitsPerPixel - phase);
-}
-
-// To a 15-bit fraction: × 32, less one at the very top.
-std::uint16_t toFraction(int units) {
-  return static_cast<std::uint16_t>((units << 5) - (units >> 10));
-}
-
-template <typename Cell>
-int sum(Cell* cells, std::size_t count, int carry, FillRule rule, std::uint16_t* coverage) {
-  for (std::size_t i = 0; i < count; ++i) {
-    // The sums wrap like the cells do; within the winding limit the true sum never does.
-    carry = static_cast<Cell>(carry + cells[i]);
-    cells[i] = 0;
-    coverage[i] = toFraction(foldWinding(carry, rule));
-  }
-  return carry;
-}
-
-void writeSolid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
-                const SolidColor& color) {
-  for (std::size_t i = 0; i < count; ++i) {
-    for (int c = 0; c < 4; ++c) *rgba++ = toByte(scaled(color.channels[c], coverage[i]));
-  }
-}
-
-// What is left of a pixel under something of this alpha.
-int remainder(int alpha) {
-  return kOne - alpha;
-}
-
-void blendSolid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
-                const SolidColor& color) {
-  for (std::size_t i = 0; i < count; ++i) {
-    const int rest = remainder(scaled(color.alpha, coverage[i]));
-    for (int c = 0; c < 4; ++c, ++rgba) {
-      *rgba = toByte(scaled(color.channels[c], coverage[i]) + scaled(*rgba * 64, rest));
-    }
-  }
-}
-
-void writePixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
-                 const std::uint8_t* source) {
-  for (std::size_t i = 0; i < count; ++i) {
-    for (int c = 0; c < 4; ++c) *rgba++ = toByte(scaled(*source++ * 64, coverage[i]));
-  }
-}
-
-void blendPixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
-                 const std::uint8_t* source) {
-  for (std::size_t i = 0; i < count; ++i, source += 4) {
-    // 255 → 32767: alpha × 128, plus the two top places repeated.
-    const int alpha = (source[3] << 7) + (source[3] >> 1);
-    const int rest = remainder(scaled(alpha, coverage[i]));
-    for (int c = 0; c < 4; ++c, ++rgba) {
-      *rgba = toByte(scaled(source[c] * 64, coverage[i]) + scaled(*rgba * 64, rest));
-    }
-  }
-}
-
-// Coverage in 1/1024 times a channel in 1/32 level is 2¹⁵ to a level: one product with one rounding
-// makes the byte.
-void writeCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
-                const SolidColor& color) {
-  for (std::size_t row = 0; row < rows.rows; ++row) {
-    std::int16_t* cells = rows.cells + row * rows.stride;
-    std::uint8_t* to = rgba + row * rowBytes;
-    std::int16_t sum = 0;
-    for (std::size_t x = 0; x < rows.stride; ++x) {
-      sum = static_cast<std::int16_t>(sum + cells[x]);
-      cells[x] = 0;
-      if (x >= rows.width) continue;
-      const int units = foldWinding(sum, rows.rule);
-      for (const std::int16_t channel : color.channels) {
-        *to++ = static_cast<std::uint8_t>(scaled(channel >> 1, units));
-      }
-    }
-  }
-}
-
-void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
-                const SolidColor& color) {
-  for (std::size_t row = 0; row < rows.rows; ++row) {
-    std::int16_t* cells = rows.cells + row * rows.stride;
-    int carry = 0;
-    for (std::size_t x = 0; x < rows.stride; x += kBlock) {
-      std::uint16_t coverage[kBlock];
-      carry = sum(cells + x, kBlock, carry, rows.rule, coverage);
-      if (x >= rows.width) continue;
-      const std::size_t count = std::min(rows.width - x, std::size_t{kBlock});
-      blendSolid(rgba + row * rowBytes + x * 4, coverage, count, color);
-    }
-  }
-}
-
-void rampPixels(std::uint8_t* rgba, const Ramp& ramp, double from, double step, std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i) {
-    const double place = from + step * static_cast<double>(i);
-    const double atLeast = place > 0 ? place : 0;
-    const double within = atLeast < ramp.last ? atLeast : ramp.last;
-    std::memcpy(rgba + i * 4, ramp.entries + static_cast<std::size_t>(within), 4);
-  }
-}
-
-void multiplyCoverage(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i) {
-    coverage[i] = static_cast<std::uint16_t>(scaled(coverage[i], other[i]));
-  }
-}
-
-void scaleCoverage(std::uint16_t* coverage, int fraction, std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i) {
-    coverage[i] = static_cast<std::uint16_t>(scaled(coverage[i], fraction));
-  }
-}
-
-// The mean of both sides is taken first, so that a pair costs one product; a value without partner
-// has an empty one.
-int pairScaled(int a, int b, int tap) {
-  return scaled((a + b + 1) >> 1, tap);
-}
-
-void filterDown(std::uint16_t* out, const FilterRows& rows, const std::int16_t* taps,
-                std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i) {
-    int total = rows.middle == nullptr ? 0 : scaled(rows.middle[i], taps[0]);
-    for (std::size_t k = 1; k <= rows.pairs; ++k) {
-      const std::ptrdiff_t away = static_cast<std::ptrdiff_t>(k) * rows.stride;
-      total += pairScaled((rows.middle - away)[i], (rows.middle + away)[i], taps[k]);
-    }
-    const std::uint16_t* single = rows.single;
-    for (std::size_t k = rows.singleFrom; k < rows.singleUntil; ++k, single += rows.stride) {
-      total += pairScaled(single[i], 0, taps[k]);
-    }
-    out[i] = static_cast<std::uint16_t>(std::min(total, kOne));
-  }
-}
-
-void filterAlong(std::uint16_t* out, const std::uint16_t* in, const std::int16_t* taps,
-                 std::size_t reach, std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i) {
-    const std::uint16_t* middle = in + reach + i;
-    int total = scaled(*middle, taps[0]);
-    for (std::size_t k = 1; k <= reach; ++k) total += pairScaled(*(middle - k), middle[k], taps[k]);
-    out[i] = static_cast<std::uint16_t>(std::min(total, kOne));
-  }
-}
-
-template <auto paint>
-void byRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
-           const SolidColor* colors) {
-  CellRows one = rows;
-  one.rows = 1;
-  for (std::size_t row = 0; row < rows.rows; ++row, one.cells += rows.stride, rgba += rowBytes) {
-    paint(rgba, rowBytes, one, colors[row]);
-  }
-}
-
-constexpr Kernels kScalar{
-    .boxPoints = boxPoints,
-    .mapPoints = mapPoints,
-    .sampleCurve = sampleCurve,
-    .joinCorners = joinCorners,
-    .cutEdges = cutEdges,
-    .cellAmounts = cellAmounts,
-    .addPieces = addPieces,
-    .sumNarrow = sum<std::int16_t>,
-    .sumWide = sum<std::int32_t>,
-    .writeCells = writeCells,
-    .blendCells = blendCells,
-    .writeCellsByRow = byRow<writeCells>,
-    .blendCellsByRow = byRow<blendCells>,
-    .writeSolid = writeSolid,
-    .blendSolid = blendSolid,
-    .writePixels = writePixels,
-    .blendPixels = blendPixels,
-    .rampPixels = rampPixels,
-    .multiplyCoverage = multiplyCoverage,
-    .scaleCoverage = scaleCoverage,
-    .filterDown = filterDown,
-    .filterAlong = filterAlong,
-    .strokeCurve = scalar::strokeCurve,
-    .boxCorners = scalar::boxCorners,
-    .placeCorners = scalar::placeCorners,
-};
-
-}  // namespace
-
-const Kernels& scalarKernels() {
-  return kScalar;
-}
-
-}  // namespace glyphwright::raster
+}  // namespace glyphwright::raster::scalar

@@ -1,10 +1,10 @@
-#include <glyphwright/platform/raster/cell_kernels_avx2.h>
+#include <glyphwright/platform/raster/kernels/avx2.h>
 
 #include <bit>
 
-#include <glyphwright/platform/raster/pixel_lanes_avx2.h>
+#include <glyphwright/platform/raster/kernels/avx2_lanes.h>
 
-// Sixteen cells at a time become coverage or pixels; kernels_scalar.cpp says what each loop
+// Sixteen cells at a time become coverage or pixels; scalar_pixels.cpp says what each loop
 // computes.
 namespace glyphwright::raster::avx2 {
 namespace {

@@ -1,9 +1,9 @@
-#include <glyphwright/platform/raster/blur_kernels_avx2.h>
+#include <glyphwright/platform/raster/kernels/avx2.h>
 
 #include <immintrin.h>
 
 // Filters of rows of coverage, up to four blocks of sixteen values in registers while all taps go
-// over them; kernels_scalar.cpp says what each loop computes.
+// over them; scalar_pixels.cpp says what each loop computes.
 namespace glyphwright::raster::avx2 {
 namespace {
 

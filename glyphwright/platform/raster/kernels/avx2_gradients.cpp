@@ -1,8 +1,8 @@
-#include <glyphwright/platform/raster/gradient_kernels_avx2.h>
+#include <glyphwright/platform/raster/kernels/avx2.h>
 
-#include <glyphwright/platform/raster/pixel_lanes_avx2.h>
+#include <glyphwright/platform/raster/kernels/avx2_lanes.h>
 
-// Eight pixels at a time; kernels_scalar.cpp says what the loop computes. Places are worked out
+// Eight pixels at a time; scalar_pixels.cpp says what the loop computes. Places are worked out
 // afresh for every pixel, since a sum that grows would stray from them.
 namespace glyphwright::raster::avx2 {
 

@@ -1,0 +1,40 @@
+#include <glyphwright/platform/raster/kernels/avx2.h>
+
+namespace glyphwright::raster {
+namespace {
+
+constexpr Kernels kAvx2{
+    .boxPoints = avx2::boxPoints,
+    .mapPoints = avx2::mapPoints,
+    .sampleCurve = avx2::sampleCurve,
+    .joinCorners = avx2::joinCorners,
+    .cutEdges = avx2::cutEdges,
+    .cellAmounts = avx2::cellAmounts,
+    .addPieces = avx2::addPieces,
+    .sumNarrow = avx2::sumNarrow,
+    .sumWide = avx2::sumWide,
+    .writeCells = avx2::writeCells,
+    .blendCells = avx2::blendCells,
+    .writeCellsByRow = avx2::writeCellsByRow,
+    .blendCellsByRow = avx2::blendCellsByRow,
+    .writeSolid = avx2::writeSolid,
+    .blendSolid = avx2::blendSolid,
+    .writePixels = avx2::writePixels,
+    .blendPixels = avx2::blendPixels,
+    .rampPixels = avx2::rampPixels,
+    .multiplyCoverage = avx2::multiplyCoverage,
+    .scaleCoverage = avx2::scaleCoverage,
+    .filterDown = avx2::filterDown,
+    .filterAlong = avx2::filterAlong,
+    .strokeCurve = avx2::strokeCurve,
+    .boxCorners = avx2::boxCorners,
+    .placeCorners = avx2::placeCorners,
+};
+
+}  // namespace
+
+const Kernels& avx2Kernels() {
+  return kAvx2;
+}
+
+}  // namespace glyphwright::raster

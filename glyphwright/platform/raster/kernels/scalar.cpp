@@ -1,0 +1,40 @@
+#include <glyphwright/platform/raster/kernels/scalar.h>
+
+namespace glyphwright::raster {
+namespace {
+
+constexpr Kernels kScalar{
+    .boxPoints = scalar::boxPoints,
+    .mapPoints = scalar::mapPoints,
+    .sampleCurve = scalar::sampleCurve,
+    .joinCorners = scalar::joinCorners,
+    .cutEdges = scalar::cutEdges,
+    .cellAmounts = scalar::cellAmounts,
+    .addPieces = scalar::addPieces,
+    .sumNarrow = scalar::sumNarrow,
+    .sumWide = scalar::sumWide,
+    .writeCells = scalar::writeCells,
+    .blendCells = scalar::blendCells,
+    .writeCellsByRow = scalar::writeCellsByRow,
+    .blendCellsByRow = scalar::blendCellsByRow,
+    .writeSolid = scalar::writeSolid,
+    .blendSolid = scalar::blendSolid,
+    .writePixels = scalar::writePixels,
+    .blendPixels = scalar::blendPixels,
+    .rampPixels = scalar::rampPixels,
+    .multiplyCoverage = scalar::multiplyCoverage,
+    .scaleCoverage = scalar::scaleCoverage,
+    .filterDown = scalar::filterDown,
+    .filterAlong = scalar::filterAlong,
+    .strokeCurve = scalar::strokeCurve,
+    .boxCorners = scalar::boxCorners,
+    .placeCorners = scalar::placeCorners,
+};
+
+}  // namespace
+
+const Kernels& scalarKernels() {
+  return kScalar;
+}
+
+}  // namespace glyphwright::raster

@@ -1,0 +1,208 @@
+#include <glyphwright/platform/raster/kernels/scalar.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+// From cells to coverage and pixels.
+namespace glyphwright::raster::scalar {
+
+namespace {
+
+// From winding × coverage in 1/1024 to coverage in 1/1024.
+int foldWinding(int sum, FillRule rule) {
+  if (rule == FillRule::nonZero) return std::min(std::abs(sum), kUnitsPerPixel);
+  const int phase = sum & (2 * kUnitsPerPixel - 1);
+  return std::min(phase, 2 * kUnitsPerPixel - phase);
+}
+
+// To a 15-bit fraction: × 32, less one at the very top.
+std::uint16_t toFraction(int units) {
+  return static_cast<std::uint16_t>((units << 5) - (units >> 10));
+}
+
+template <typename Cell>
+int sum(Cell* cells, std::size_t count, int carry, FillRule rule, std::uint16_t* coverage) {
+  for (std::size_t i = 0; i < count; ++i) {
+    // The sums wrap like the cells do; within the winding limit the true sum never does.
+    carry = static_cast<Cell>(carry + cells[i]);
+    cells[i] = 0;
+    coverage[i] = toFraction(foldWinding(carry, rule));
+  }
+  return carry;
+}
+
+}  // namespace
+
+void writeSolid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
+                const SolidColor& color) {
+  for (std::size_t i = 0; i < count; ++i) {
+    for (int c = 0; c < 4; ++c) *rgba++ = toByte(scaled(color.channels[c], coverage[i]));
+  }
+}
+
+namespace {
+
+// What is left of a pixel under something of this alpha.
+int remainder(int alpha) {
+  return kOne - alpha;
+}
+
+}  // namespace
+
+void blendSolid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
+                const SolidColor& color) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const int rest = remainder(scaled(color.alpha, coverage[i]));
+    for (int c = 0; c < 4; ++c, ++rgba) {
+      *rgba = toByte(scaled(color.channels[c], coverage[i]) + scaled(*rgba * 64, rest));
+    }
+  }
+}
+
+void writePixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
+                 const std::uint8_t* source) {
+  for (std::size_t i = 0; i < count; ++i) {
+    for (int c = 0; c < 4; ++c) *rgba++ = toByte(scaled(*source++ * 64, coverage[i]));
+  }
+}
+
+void blendPixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
+                 const std::uint8_t* source) {
+  for (std::size_t i = 0; i < count; ++i, source += 4) {
+    // 255 → 32767: alpha × 128, plus the two top places repeated.
+    const int alpha = (source[3] << 7) + (source[3] >> 1);
+    const int rest = remainder(scaled(alpha, coverage[i]));
+    for (int c = 0; c < 4; ++c, ++rgba) {
+      *rgba = toByte(scaled(source[c] * 64, coverage[i]) + scaled(*rgba * 64, rest));
+    }
+  }
+}
+
+// Coverage in 1/1024 times a channel in 1/32 level is 2¹⁵ to a level: one product with one rounding
+// makes the byte.
+void writeCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                const SolidColor& color) {
+  for (std::size_t row = 0; row < rows.rows; ++row) {
+    std::int16_t* cells = rows.cells + row * rows.stride;
+    std::uint8_t* to = rgba + row * rowBytes;
+    std::int16_t sum = 0;
+    for (std::size_t x = 0; x < rows.stride; ++x) {
+      sum = static_cast<std::int16_t>(sum + cells[x]);
+      cells[x] = 0;
+      if (x >= rows.width) continue;
+      const int units = foldWinding(sum, rows.rule);
+      for (const std::int16_t channel : color.channels) {
+        *to++ = static_cast<std::uint8_t>(scaled(channel >> 1, units));
+      }
+    }
+  }
+}
+
+void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                const SolidColor& color) {
+  for (std::size_t row = 0; row < rows.rows; ++row) {
+    std::int16_t* cells = rows.cells + row * rows.stride;
+    int carry = 0;
+    for (std::size_t x = 0; x < rows.stride; x += kBlock) {
+      std::uint16_t coverage[kBlock];
+      carry = sum(cells + x, kBlock, carry, rows.rule, coverage);
+      if (x >= rows.width) continue;
+      const std::size_t count = std::min(rows.width - x, std::size_t{kBlock});
+      blendSolid(rgba + row * rowBytes + x * 4, coverage, count, color);
+    }
+  }
+}
+
+void rampPixels(std::uint8_t* rgba, const Ramp& ramp, double from, double step, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const double place = from + step * static_cast<double>(i);
+    const double atLeast = place > 0 ? place : 0;
+    const double within = atLeast < ramp.last ? atLeast : ramp.last;
+    std::memcpy(rgba + i * 4, ramp.entries + static_cast<std::size_t>(within), 4);
+  }
+}
+
+void multiplyCoverage(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    coverage[i] = static_cast<std::uint16_t>(scaled(coverage[i], other[i]));
+  }
+}
+
+void scaleCoverage(std::uint16_t* coverage, int fraction, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    coverage[i] = static_cast<std::uint16_t>(scaled(coverage[i], fraction));
+  }
+}
+
+namespace {
+
+// The mean of both sides is taken first, so that a pair costs one product; a value without partner
+// has an empty one.
+int pairScaled(int a, int b, int tap) {
+  return scaled((a + b + 1) >> 1, tap);
+}
+
+}  // namespace
+
+void filterDown(std::uint16_t* out, const FilterRows& rows, const std::int16_t* taps,
+                std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    int total = rows.middle == nullptr ? 0 : scaled(rows.middle[i], taps[0]);
+    for (std::size_t k = 1; k <= rows.pairs; ++k) {
+      const std::ptrdiff_t away = static_cast<std::ptrdiff_t>(k) * rows.stride;
+      total += pairScaled((rows.middle - away)[i], (rows.middle + away)[i], taps[k]);
+    }
+    const std::uint16_t* single = rows.single;
+    for (std::size_t k = rows.singleFrom; k < rows.singleUntil; ++k, single += rows.stride) {
+      total += pairScaled(single[i], 0, taps[k]);
+    }
+    out[i] = static_cast<std::uint16_t>(std::min(total, kOne));
+  }
+}
+
+void filterAlong(std::uint16_t* out, const std::uint16_t* in, const std::int16_t* taps,
+                 std::size_t reach, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::uint16_t* middle = in + reach + i;
+    int total = scaled(*middle, taps[0]);
+    for (std::size_t k = 1; k <= reach; ++k) total += pairScaled(*(middle - k), middle[k], taps[k]);
+    out[i] = static_cast<std::uint16_t>(std::min(total, kOne));
+  }
+}
+
+namespace {
+
+template <auto paint>
+void byRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+           const SolidColor* colors) {
+  CellRows one = rows;
+  one.rows = 1;
+  for (std::size_t row = 0; row < rows.rows; ++row, one.cells += rows.stride, rgba += rowBytes) {
+    paint(rgba, rowBytes, one, colors[row]);
+  }
+}
+
+}  // namespace
+
+int sumNarrow(std::int16_t* cells, std::size_t count, int carry, FillRule rule,
+              std::uint16_t* coverage) {
+  return sum(cells, count, carry, rule, coverage);
+}
+
+int sumWide(std::int32_t* cells, std::size_t count, int carry, FillRule rule,
+            std::uint16_t* coverage) {
+  return sum(cells, count, carry, rule, coverage);
+}
+
+void writeCellsByRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                     const SolidColor* colors) {
+  byRow<writeCells>(rgba, rowBytes, rows, colors);
+}
+
+void blendCellsByRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                     const SolidColor* colors) {
+  byRow<blendCells>(rgba, rowBytes, rows, colors);
+}
+
+}  // namespace glyphwright::raster::scalar

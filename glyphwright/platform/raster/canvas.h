@@ -80,7 +80,7 @@ class Canvas {
   Canvas(const PixelRect& bounds, const SolidColor& ground);
 
   const PixelRect& bounds() const { return bounds_; }
-  /// Lays the whole canvas in one opaque or clear colour; nothing is written yet.
+  /// Lays the whole canvas in one colour; nothing is written yet.
   void setGround(const SolidColor& ground);
   bool isPristine() const { return pristine_; }
   const SolidColor& ground() const { return ground_; }

@@ -140,6 +140,7 @@ void addLone(const Contour& contour, CGPath& shape, CGPath& point) {
   for (std::size_t i = 0; i < kGrid; ++i) shares.push_back(static_cast<CGFloat>(i) / kGrid);
   std::sort(shares.begin(), shares.end());
   std::vector<CGPoint> outline;
+  outline.reserve(shares.size());
   for (const CGFloat share : shares) outline.push_back(contour.at(share));
   add(shape, outline);
   add(point, std::vector<CGPoint>(outline.size(), contour.middle));

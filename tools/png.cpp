@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <string>
 
-#include <png.h>
+#include <png.h>  // NOLINT(readability-duplicate-include): libpng's, not the one above
 
 namespace glyphwright::cli {
 namespace {

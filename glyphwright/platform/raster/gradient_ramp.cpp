@@ -48,8 +48,10 @@ GradientRamp::GradientRamp(const CGGradient& gradient, double devicePixels)
 void GradientRamp::enter(std::size_t next) {
   constexpr double infinity = std::numeric_limits<double>::infinity();
   next_ = next;
-  stretch_.from = next == 0 ? -infinity : stops_[next - 1].location;
-  stretch_.until = next == stops_.size() ? infinity : stops_[next].location;
+  stretch_.from = -infinity;
+  stretch_.until = infinity;
+  if (next > 0) stretch_.from = stops_[next - 1].location;
+  if (next < stops_.size()) stretch_.until = stops_[next].location;
   if (next == 0 || next == stops_.size()) return;
   stretch_.perUnit = 1 / (stretch_.until - stretch_.from);
   components(stops_[next - 1].color, stretch_.start);

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include <glyphwright/platform/raster/cells.h>
 #include <glyphwright/platform/raster/edge_writer.h>
@@ -164,7 +165,8 @@ void setOrigin(StrokeOutline& outline, const DeviceBox& box, const PixelRect& bi
 }
 
 DeviceBox boxOf(const StrokeOutline& outline, const Kernels& kernels) {
-  DeviceBox box{INFINITY, INFINITY, -INFINITY, -INFINITY};
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  DeviceBox box{infinity, infinity, -infinity, -infinity};
   bool hasNaN = false;
   const auto add = [&](const OutlineSide& side, std::size_t begin, std::size_t end) {
     const CornerBox part =

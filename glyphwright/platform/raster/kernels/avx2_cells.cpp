@@ -73,7 +73,7 @@ std::uint64_t touchedBits(const std::uint8_t* touched, std::size_t count) {
   const auto half = [&](std::size_t from) {
     if (from >= count) return std::uint64_t{0};
     const __m256i none = _mm256_cmpeq_epi8(load(touched + from), _mm256_setzero_si256());
-    return static_cast<std::uint64_t>(~static_cast<std::uint32_t>(_mm256_movemask_epi8(none)));
+    return std::uint64_t{~static_cast<std::uint32_t>(_mm256_movemask_epi8(none))};
   };
   return half(0) | half(32) << 32;
 }

@@ -210,7 +210,11 @@ TEST_F(BadInput, OddScales) {
     EXPECT_FALSE(VantelKit::drawImage({9, 9}, true, odd, nullptr).hasPixels()) << odd;
     UIGraphicsImageRendererFormat format;
     format.scale = odd;
-    EXPECT_FALSE(UIGraphicsImageRenderer({9, 9}, format).image(nullptr).hasPixels()) << odd;
+    const auto withShadow = [](const UIGraphicsImageRendererContext& context) {
+      CGContextSetShadowWithColor(context.cgContext(), {0, 3}, 2, red);
+      CGContextFillRect(context.cgContext(), {{1, 1}, {3, 3}});
+    };
+    EXPECT_FALSE(UIGraphicsImageRenderer({9, 9}, format).image(withShadow).hasPixels()) << odd;
   }
   const ScreenScale scale(2);
   for (const CGFloat odd : {0.0, -1.0, kNaN, kInfinity}) {

@@ -186,7 +186,8 @@ void CGContextSetAlpha(CGContextRef context, CGFloat alpha) {
 
 void CGContextSetShadowWithColor(CGContextRef context, CGSize offset, CGFloat blur,
                                  const std::optional<CGColor>& color) {
-  if (context == nullptr) return;
+  // Where nothing can be drawn the scale may be no number.
+  if (context == nullptr || !context->isDrawable()) return;
   context->state.shadow.reset();
   if (!color || !(color->alpha() > 0)) return;
   if (!std::isfinite(offset.width) || !std::isfinite(offset.height)) return;

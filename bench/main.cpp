@@ -1,5 +1,6 @@
 // Compares drawing icons with this library, Cairo and AGG: one process, one thread, the renderers
-// taking turns round by round. Then layers beside direct drawing, and several threads beside one.
+// taking turns round by round. Then this library's effects beside its fill, paths alone, layers
+// beside direct drawing, and several threads beside one.
 
 #include <algorithm>
 #include <cstdio>
@@ -33,6 +34,8 @@ struct Options {
   }
 };
 
+constexpr std::string_view kEffects = "effects";
+constexpr std::string_view kPaths = "paths";
 constexpr std::string_view kLayers = "layers";
 constexpr std::string_view kThreads = "threads";
 
@@ -60,7 +63,6 @@ int run(const Options& options) {
     results.renderers.emplace_back(renderer->name());
   }
   const std::vector<Icon> icons = allIcons();
-  if (!options.json) writeHeading(results, std::cout);
   for (const OperationInfo& info : kOperations) {
     if (!options.wants(info.name)) continue;
     for (const std::size_t side : options.sizes) {
@@ -69,9 +71,20 @@ int run(const Options& options) {
       if (info.operation == Operation::fill) {
         row.accuracies = measureAccuracy(renderers, icons, side);
       }
+      if (!options.json && results.rows.empty()) writeHeading(results, std::cout);
       results.rows.push_back(std::move(row));
       if (!options.json) writeRow(results, results.rows.back(), std::cout);
     }
+  }
+  if (options.wants(kEffects)) {
+    for (const std::size_t side : options.sizes) {
+      results.effects.push_back(timeEffects(*renderers.front(), icons, side, options.seconds));
+    }
+    if (!options.json) writeEffects(results.effects, std::cout);
+  }
+  if (options.wants(kPaths)) {
+    results.paths = timePaths(*renderers.front(), icons, options.seconds);
+    if (!options.json) writePaths(*results.paths, std::cout);
   }
   if (options.wants(kLayers)) {
     for (const std::size_t side : options.sizes) {
@@ -108,6 +121,9 @@ int main(int argc, char** argv) {
   glyphwright::bench::Options options;
   std::vector<std::string> operations;
   for (const auto& info : glyphwright::bench::kOperations) operations.emplace_back(info.name);
+  for (const auto table : {glyphwright::bench::kEffects, glyphwright::bench::kPaths}) {
+    operations.emplace_back(table);
+  }
   operations.emplace_back(glyphwright::bench::kLayers);
   operations.emplace_back(glyphwright::bench::kThreads);
   CLI::App app("Times painting icons with this library, Cairo and AGG, side by side.");

@@ -73,6 +73,25 @@ void writeRow(const Results& results, const Row& row, std::ostream& out) {
   out << std::endl;
 }
 
+void writeEffects(const std::vector<EffectsRow>& rows, std::ostream& out) {
+  out << "\nwhat effects cost here: fill and hairline over fill, fill and drop shadow over fill, "
+         "inset shadow over drop shadow\n"
+      << std::fixed << std::setprecision(2);
+  for (const EffectsRow& row : rows) {
+    out << std::left << std::setw(kNameWidth) << "effects" << std::right << std::setw(kSideWidth)
+        << row.side << std::setw(kTimeWidth) << row.hairlineToFill << std::setw(kTimeWidth)
+        << row.dropShadowToFill << std::setw(kTimeWidth) << row.insetToDropShadow << '\n';
+  }
+}
+
+void writePaths(const PathTimes& times, std::ostream& out) {
+  out << "\nleast times: a name's builder " << std::fixed << std::setprecision(1)
+      << times.findNanoseconds << " ns; the median icon's path " << std::setprecision(3)
+      << times.medianMicroseconds << " us, the slowest " << times.slowestMicroseconds
+      << " us; all icons at 48 points, scale 2, " << std::setprecision(2)
+      << times.catalogueMilliseconds << " ms\n";
+}
+
 void writeLayers(const std::vector<LayerRow>& rows, std::ostream& out) {
   out << "\nmicroseconds a picture: described by layers or pieces, the same shapes drawn by calls, "
          "the one over the other\n"
@@ -122,6 +141,18 @@ void writeJson(const Results& results, std::ostream& out) {
       entry[results.renderers[r]] = one;
     }
     json["rows"].push_back(entry);
+  }
+  for (const EffectsRow& row : results.effects) {
+    json["effects"].push_back({{"size", row.side},
+                               {"hairlineToFill", row.hairlineToFill},
+                               {"dropShadowToFill", row.dropShadowToFill},
+                               {"insetToDropShadow", row.insetToDropShadow}});
+  }
+  if (results.paths) {
+    json["paths"] = {{"findNanoseconds", results.paths->findNanoseconds},
+                     {"medianMicroseconds", results.paths->medianMicroseconds},
+                     {"slowestMicroseconds", results.paths->slowestMicroseconds},
+                     {"catalogueMilliseconds", results.paths->catalogueMilliseconds}};
   }
   for (const LayerRow& row : results.layers) {
     json["layers"].push_back({{"what", row.what},

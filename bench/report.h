@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "accuracy.h"
+#include "effects.h"
 #include "layers.h"
+#include "paths.h"
 #include "threads.h"
 #include "timing.h"
 
@@ -24,6 +26,8 @@ struct Results {
   std::string processor;
   std::vector<std::string> renderers;
   std::vector<Row> rows;
+  std::vector<EffectsRow> effects;
+  std::optional<PathTimes> paths;
   std::vector<LayerRow> layers;
   std::vector<ThreadsRow> threads;
 };
@@ -34,6 +38,8 @@ std::string processorName();
 void writeHeading(const Results& results, std::ostream& out);
 /// One line; ratios are to the renderer named "cairo" (below 1: faster than it).
 void writeRow(const Results& results, const Row& row, std::ostream& out);
+void writeEffects(const std::vector<EffectsRow>& rows, std::ostream& out);
+void writePaths(const PathTimes& times, std::ostream& out);
 void writeLayers(const std::vector<LayerRow>& rows, std::ostream& out);
 void writeThreads(const std::vector<ThreadsRow>& rows, std::ostream& out);
 void writeJson(const Results& results, std::ostream& out);

@@ -40,7 +40,8 @@ struct DeviceBox {
   double maxY = 0;
 };
 
-/// True when the box lies inside the pixels but for the noise of a path that was scaled to fit them.
+/// True when the box lies inside the pixels but for the noise of a path that was scaled to fit
+/// them.
 inline bool contains(const PixelRect& r, const DeviceBox& box) {
   constexpr double kNoise = 1e-6;  // pixels
   return box.minX >= r.x0 - kNoise && box.minY >= r.y0 - kNoise && box.maxX <= r.x1 + kNoise &&

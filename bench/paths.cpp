@@ -1,7 +1,6 @@
 #include "paths.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "timing.h"
 
@@ -9,20 +8,22 @@ namespace glyphwright::bench {
 
 namespace {
 
-/// The least time that `work` takes, in seconds, repeated for `seconds` and at least ten times.
+/// The median time that `work` takes, in seconds, repeated for `seconds` and at least ten times.
 template <typename Work>
-double leastTime(double seconds, Work work) {
+double medianTime(double seconds, Work work) {
   constexpr int kLeastRounds = 10;
-  double least = std::numeric_limits<double>::infinity();
+  std::vector<double> times;
   const double start = processorTime();
   double from = start;
   for (int round = 0; round < kLeastRounds || from - start < seconds; ++round) {
     work();
     const double to = processorTime();
-    least = std::min(least, to - from);
+    times.push_back(to - from);
     from = to;
   }
-  return least;
+  const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
+  std::nth_element(times.begin(), middle, times.end());
+  return *middle;
 }
 
 /// Otherwise the compiler sees that nobody looks.
@@ -35,18 +36,20 @@ void use(const void* value) {
 PathTimes timePaths(const Renderer& renderer, const std::vector<Icon>& icons, double seconds) {
   const auto count = static_cast<double>(icons.size());
   PathTimes times;
-  const double find = leastTime(seconds / 3, [&] {
-    for (const Icon& icon : icons) {
-      const ClassMethod method = findClassMethod(icon.name);
-      use(&method);
+  constexpr int kRepeats = 50;  // reading the clock takes as long as a path
+  const double find = medianTime(seconds / 3, [&] {
+    for (int i = 0; i < kRepeats; ++i) {
+      for (const Icon& icon : icons) {
+        const ClassMethod method = findClassMethod(icon.name);
+        use(&method);
+      }
     }
   });
-  times.findNanoseconds = find / count * 1e9;
+  times.findNanoseconds = find / kRepeats / count * 1e9;
 
-  constexpr int kRepeats = 50;  // reading the clock takes as long as a path
   std::vector<double> each;
   for (const Icon& icon : icons) {
-    const double build = leastTime(seconds / 3 / count, [&] {
+    const double build = medianTime(seconds / 3 / count, [&] {
       for (int i = 0; i < kRepeats; ++i) {
         const UIBezierPath path = icon.method();
         use(&path);
@@ -59,7 +62,7 @@ PathTimes timePaths(const Renderer& renderer, const std::vector<Icon>& icons, do
   times.slowestMicroseconds = each.back();
 
   constexpr std::size_t kPixels = 96;
-  const double all = leastTime(seconds / 3, [&] {
+  const double all = medianTime(seconds / 3, [&] {
     for (const Icon& icon : icons) renderer.paint(icon, Operation::fill, kPixels);
   });
   times.catalogueMilliseconds = all * 1e3;

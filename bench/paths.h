@@ -14,7 +14,7 @@ struct PathTimes {
   double catalogueMilliseconds = 0;  // every icon filled once, at 48 points and scale 2
 };
 
-/// The least time of many rounds each; `seconds` in all.
+/// The median of many rounds each; `seconds` in all.
 PathTimes timePaths(const Renderer& renderer, const std::vector<Icon>& icons, double seconds);
 
 }  // namespace glyphwright::bench

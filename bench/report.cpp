@@ -85,7 +85,7 @@ void writeEffects(const std::vector<EffectsRow>& rows, std::ostream& out) {
 }
 
 void writePaths(const PathTimes& times, std::ostream& out) {
-  out << "\nleast times: a name's builder " << std::fixed << std::setprecision(1)
+  out << "\nmedians: a name's builder " << std::fixed << std::setprecision(1)
       << times.findNanoseconds << " ns; the median icon's path " << std::setprecision(3)
       << times.medianMicroseconds << " us, the slowest " << times.slowestMicroseconds
       << " us; all icons at 48 points, scale 2, " << std::setprecision(2)

@@ -36,8 +36,6 @@ constexpr Step close() {
 
 /// A new path drawn by `steps`, non-zero rule, default stroke attributes.
 UIBezierPath outline(std::span<const Step> steps);
-/// The same with the even-odd rule set.
-UIBezierPath evenOddOutline(std::span<const Step> steps);
 
 /// Verbs and points side by side, as a path keeps them.
 template <std::size_t verbTotal, std::size_t pointTotal>
@@ -87,6 +85,7 @@ UIBezierPath outline() {
       CGPath({elements.verbs.begin(), elements.verbs.end()},
              {elements.points.begin(), elements.points.end()}));
 }
+/// The same with the even-odd rule set.
 template <const auto& steps>
 UIBezierPath evenOddOutline() {
   UIBezierPath path = outline<steps>();

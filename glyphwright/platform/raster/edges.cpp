@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include <glyphwright/platform/raster/edge_writer.h>
 
@@ -69,7 +68,7 @@ CubicSteps stepsOf(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3, double tolera
 // made edges: the count of a curve's samples comes late, and nothing else should wait for it.
 class InsideWriter : public EdgeWriter {
  public:
-  InsideWriter(EdgeList& out, const PixelRect& region, double tolerance, const Kernels* kernels)
+  InsideWriter(EdgeList& out, const PixelRect& region, double tolerance, const Kernels& kernels)
       : EdgeWriter(out, region), kernels_(kernels) {
     const double factor = 6.0 / 8.0 / tolerance;
     frame_ = {left_, top_, static_cast<float>(width_), region.height() * kUnitsPerPixel,
@@ -88,7 +87,7 @@ class InsideWriter : public EdgeWriter {
   // The curve's first end stands before the others.
   void cubicTo(const CGPoint* p) {
     makeCornerRoom(kMaxChords);
-    const int samples = kernels_->sampleCurve(&p[-1].x, frame_, x_ + corners_, y_ + corners_);
+    const int samples = kernels_.sampleCurve(&p[-1].x, frame_, x_ + corners_, y_ + corners_);
     corners_ += static_cast<std::size_t>(samples);
     put(corners_ - 1, p[2]);
   }
@@ -100,8 +99,8 @@ class InsideWriter : public EdgeWriter {
     makeRoom(corners_ + 8);
     std::size_t first = 0;
     for (const std::size_t end : out_.contourEnds) {
-      runs_ += 2 * kernels_->joinCorners(x_ + first, y_ + first, end - first,
-                                         out_.storage.data() + count_);
+      runs_ += 2 * kernels_.joinCorners(x_ + first, y_ + first, end - first,
+                                        out_.storage.data() + count_);
       count_ += end - first - 1;
       first = end;
     }
@@ -134,7 +133,7 @@ class InsideWriter : public EdgeWriter {
     out_.contourEnds.push_back(++corners_);
   }
 
-  const Kernels* kernels_;
+  const Kernels& kernels_;
   CurveFrame frame_;
   std::size_t corners_ = 0;
   std::size_t capacity_ = 0;
@@ -145,10 +144,9 @@ class InsideWriter : public EdgeWriter {
 // For shapes that the region cuts.
 class ClippedWriter : public CuttingWriter {
  public:
-  ClippedWriter(EdgeList& out, const PixelRect& region, double tolerance, const Kernels* kernels)
-      : CuttingWriter(out, region), tolerance_(tolerance) {
-    static_cast<void>(kernels);
-  }
+  ClippedWriter(EdgeList& out, const PixelRect& region, double tolerance,
+                const Kernels& /*kernels*/)
+      : CuttingWriter(out, region), tolerance_(tolerance) {}
 
   void moveTo(const CGPoint* p) {
     closeContour();
@@ -194,7 +192,7 @@ class ClippedWriter : public CuttingWriter {
 template <typename Writer>
 void writePath(const CGPath& path, const std::vector<CGPoint>& devicePoints,
                const PixelRect& region, double tolerance, const Kernels& kernels, EdgeList& out) {
-  Writer writer(out, region, tolerance, &kernels);
+  Writer writer(out, region, tolerance, kernels);
   const CGPoint* next = devicePoints.data();
   for (const PathVerb verb : path.verbs()) {
     switch (verb) {

@@ -88,8 +88,8 @@ class SingleRows {
   }
 
   std::size_t write(Pieces& p, std::size_t at) const {
-    const __m256i lanes = _mm256_cvtepu8_epi32(_mm_cvtsi64_si128(
-        static_cast<long long>(kChosenLanes[set_])));  // NOLINT(*-narrowing-conversions)
+    const __m256i lanes =
+        _mm256_cvtepu8_epi32(_mm_cvtsi64_si128(static_cast<long long>(kChosenLanes[set_])));
     const auto chosen = [&](__m256i v) { return _mm256_permutevar8x32_epi32(v, lanes); };
     const auto chosenFloats = [&](__m256 v) { return _mm256_permutevar8x32_ps(v, lanes); };
     const __m256i height = _mm256_sub_epi32(group_.lowerY, group_.upperY);

@@ -129,9 +129,8 @@ class UIBezierPath {
 
   /// `imageWithAttributes:` the path painted into an image as `attributes` say, at the screen
   /// scale. The path is expected to start at the origin. A size that is absent or cannot be drawn
-  /// gives an image without pixels. A path that is not needed any more is not copied.
-  UIImage imageWithAttributes(const AttributeDictionary& attributes) const&;
-  UIImage imageWithAttributes(const AttributeDictionary& attributes) &&;
+  /// gives an image without pixels.
+  UIImage imageWithAttributes(const AttributeDictionary& attributes) const;
   /// `imageWithStrokeColor:fillColor:` filled (always by the non-zero rule) and stroked at its own
   /// coordinates, moved by the line width, in an image of its bounds, wider by twice the line width
   /// (the height does not grow). A colour not given takes the other's value; without either it is
@@ -153,10 +152,8 @@ class UIBezierPath {
   /// its own outline filled with a colour, over an optional layer.
   static UIImage imageWithIcon(VNTLIconType icon, const AttributeDictionary& attributes,
                                const UIColor& withOutLineColor, CALayer* backgroundLayer = nullptr);
-  /// Moves the path to the origin and renders it as `attributes` say, at the screen scale. A path
-  /// that is not needed any more is not copied.
-  UIImage makeImage(const IconAttributes& attributes) const&;
-  UIImage makeImage(const IconAttributes& attributes) &&;
+  /// Moves the path to the origin and renders it as `attributes` say, at the screen scale.
+  UIImage makeImage(const IconAttributes& attributes) const;
   /// `newImage(with:attributes:)` an icon by its case, rendered as makeImage does.
   static UIImage newImage(const Pathable& with, const IconAttributes& attributes);
   static UIImage newImage(Icons with, const IconAttributes& attributes);

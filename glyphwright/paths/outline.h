@@ -37,15 +37,30 @@ constexpr Step close() {
 /// A new path drawn by `steps`, non-zero rule, default stroke attributes.
 UIBezierPath outline(std::span<const Step> steps);
 
-/// Verbs and points side by side, as a path keeps them.
+/// What a path of constant steps is made of, worked out by the compiler.
 template <std::size_t verbTotal, std::size_t pointTotal>
 struct Elements {
   std::array<PathVerb, verbTotal> verbs;
   std::array<CGPoint, pointTotal> points;
+  CGPoint subpathStart;
+
+  constexpr CGPath::Literal literal() const {
+    const bool isClosed = verbs.back() == PathVerb::close;
+    return {verbs, points, isClosed ? subpathStart : points.back(), subpathStart, box()};
+  }
+  constexpr CGRect box() const {
+    CGPoint low = points.front();
+    CGPoint high = low;
+    for (const CGPoint& p : points) {
+      low = {std::min(low.x, p.x), std::min(low.y, p.y)};
+      high = {std::max(high.x, p.x), std::max(high.y, p.y)};
+    }
+    return {low.x, low.y, high.x - low.x, high.y - low.y};
+  }
 };
 
-/// The elements of constant steps, worked out by the compiler. A move must come first and after
-/// every close.
+/// The elements of constant steps. A move must come first and after every close, and a segment
+/// after every move.
 template <const auto& steps>
 constexpr auto elementsOf() {
   constexpr std::size_t pointTotal = [] {
@@ -59,6 +74,7 @@ constexpr auto elementsOf() {
   for (const Step& step : steps) {
     elements.verbs[verb++] = step.verb;
     const std::size_t count = pointCount(step.verb);
+    if (step.verb == PathVerb::move) elements.subpathStart = step.end;
     if (count > 1) elements.points[point++] = step.control1;
     if (count > 2) elements.points[point++] = step.control2;
     if (count > 0) elements.points[point++] = step.end;
@@ -66,24 +82,26 @@ constexpr auto elementsOf() {
   return elements;
 }
 
-/// True when a move comes first and after every close.
+/// True when a move comes first and after every close, and a segment after every move.
 constexpr bool isComplete(std::span<const Step> steps) {
   PathVerb before = PathVerb::close;
-  return std::all_of(steps.begin(), steps.end(), [&before](const Step& step) {
-    const bool follows = before != PathVerb::close || step.verb == PathVerb::move;
+  for (const Step& step : steps) {
+    const bool isMove = step.verb == PathVerb::move;
+    if (before == PathVerb::close && !isMove) return false;
+    if (before == PathVerb::move && (isMove || step.verb == PathVerb::close)) return false;
     before = step.verb;
-    return follows;
-  });
+  }
+  return before != PathVerb::move;
 }
 
-/// The same for steps that the compiler knows: building the path is then copying its elements.
+/// The same for steps that the compiler knows: the path then refers to them, and building it costs
+/// no more than copying a few numbers.
 template <const auto& steps>
 UIBezierPath outline() {
-  static_assert(isComplete(steps), "a move is missing at the start or after a close");
+  static_assert(isComplete(steps), "a move or a segment is missing");
   static constexpr auto elements = elementsOf<steps>();
-  return UIBezierPath::bezierPathWithCGPath(
-      CGPath({elements.verbs.begin(), elements.verbs.end()},
-             {elements.points.begin(), elements.points.end()}));
+  static constexpr CGPath::Literal literal = elements.literal();
+  return UIBezierPath::bezierPathWithCGPath(CGPath(literal));
 }
 /// The same with the even-odd rule set.
 template <const auto& steps>

@@ -1,17 +1,18 @@
 #include <glyphwright/platform/context_stack.h>
 
 #include <cmath>
+#include <memory>
 #include <vector>
 
-#include <glyphwright/platform/graphics_context.h>
 #include <glyphwright/platform/screen.h>
 
 namespace glyphwright {
 namespace {
 
 struct Entry {
-  std::shared_ptr<CGContext> context;  // null: a Begin call whose size could not be drawn
+  CGContext* context;  // null: a Begin call whose size could not be drawn
   bool endable;
+  std::unique_ptr<CGContext> own;  // of a Begin call
 };
 
 std::vector<Entry>& stack() {
@@ -35,10 +36,9 @@ raster::PixelRect pixelBounds(CGSize size, CGFloat scale) {
   return {0, 0, w, h};
 }
 
-std::shared_ptr<CGContext> makeContext(CGSize size, bool opaque, CGFloat scale) {
+CGContext makeContext(CGSize size, bool opaque, CGFloat scale) {
   const CGFloat pixelsPerPoint = scale == 0 ? screen::scale() : scale;
-  return std::make_shared<CGContext>(pixelBounds(size, pixelsPerPoint), size, pixelsPerPoint,
-                                     opaque);
+  return {pixelBounds(size, pixelsPerPoint), size, pixelsPerPoint, opaque};
 }
 
 UIImage snapshot(CGContext& context) {
@@ -55,9 +55,9 @@ UIImage snapshot(CGContext& context) {
 }  // namespace
 
 void UIGraphicsBeginImageContextWithOptions(CGSize size, bool opaque, CGFloat scale) {
-  std::shared_ptr<CGContext> context = makeContext(size, opaque, scale);
+  auto context = std::make_unique<CGContext>(makeContext(size, opaque, scale));
   if (!context->isDrawable()) context = nullptr;
-  stack().push_back({std::move(context), true});
+  stack().push_back({context.get(), true, std::move(context)});
 }
 
 void UIGraphicsBeginImageContext(CGSize size) {
@@ -78,14 +78,14 @@ void UIGraphicsEndImageContext() {
 }
 
 CGContextRef UIGraphicsGetCurrentContext() {
-  return stack().empty() ? nullptr : stack().back().context.get();
+  return stack().empty() ? nullptr : stack().back().context;
 }
 
 namespace contexts {
 
 Scope::Scope(CGSize size, bool opaque, CGFloat scale, bool endable)
     : context_(makeContext(size, opaque, scale)), depth_(stack().size()) {
-  stack().push_back({context_, endable});
+  stack().push_back({&context_, endable, nullptr});
 }
 
 Scope::~Scope() {
@@ -95,12 +95,8 @@ Scope::~Scope() {
   raster::threadScratch().trim();
 }
 
-bool Scope::isDrawable() const {
-  return context_->isDrawable();
-}
-
-UIImage Scope::image() const {
-  return snapshot(*context_);
+UIImage Scope::image() {
+  return snapshot(context_);
 }
 
 }  // namespace contexts

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <memory>
+#include <cstddef>
 
-#include <glyphwright/platform/context.h>
+#include <glyphwright/platform/graphics_context.h>
 
 namespace glyphwright::contexts {
 
@@ -19,14 +19,14 @@ class Scope {
   ~Scope();
 
   /// Never null.
-  CGContextRef context() const { return context_.get(); }
-  bool isDrawable() const;
+  CGContextRef context() { return &context_; }
+  bool isDrawable() const { return context_.isDrawable(); }
   /// What has been drawn so far; an image of the asked size without pixels (negative or NaN sides
   /// read as 0) when it is not drawable.
-  UIImage image() const;
+  UIImage image();
 
  private:
-  std::shared_ptr<CGContext> context_;
+  CGContext context_;
   std::size_t depth_;
 };
 

@@ -39,59 +39,52 @@ CGFloat cornerRadius(CGFloat asked, CGFloat side) {
 
 }  // namespace
 
-CGPath::CGPath(std::vector<PathVerb> verbs, std::vector<CGPoint> points)
-    : verbs_(std::move(verbs)), points_(std::move(points)) {
-  if (points_.empty()) return;
-  std::size_t start = points_.size();
-  for (std::size_t i = verbs_.size(); i-- > 0;) {
-    start -= pointCount(verbs_[i]);
-    if (verbs_[i] == PathVerb::move) break;
-  }
-  subpathStart_ = points_[start];
-  current_ = verbs_.back() == PathVerb::close ? subpathStart_ : points_.back();
+void CGPath::reserve(std::size_t verbs, std::size_t points) {
+  auto& ownVerbs = verbs_.edit();
+  auto& ownPoints = points_.edit();
+  ownVerbs.reserve(ownVerbs.size() + verbs);
+  ownPoints.reserve(ownPoints.size() + points);
 }
 
-void CGPath::reserve(std::size_t verbs, std::size_t points) {
-  verbs_.reserve(verbs_.size() + verbs);
-  points_.reserve(points_.size() + points);
+void CGPath::add(PathVerb verb, std::initializer_list<CGPoint> points) {
+  auto& own = points_.edit();
+  verbs_.edit().push_back(verb);
+  own.insert(own.end(), points);
+  box_.reset();
 }
 
 void CGPath::moveToPoint(CGPoint point) {
-  verbs_.push_back(PathVerb::move);
-  points_.push_back(point);
+  add(PathVerb::move, {point});
   current_ = subpathStart_ = point;
 }
 
 bool CGPath::beginSegment() {
-  if (verbs_.empty()) return false;
-  if (verbs_.back() == PathVerb::close) moveToPoint(subpathStart_);
+  if (isEmpty()) return false;
+  if (verbs().back() == PathVerb::close) moveToPoint(subpathStart_);
   return true;
 }
 
 void CGPath::addLineToPoint(CGPoint point) {
   if (!beginSegment()) return;
-  verbs_.push_back(PathVerb::line);
-  points_.push_back(point);
+  add(PathVerb::line, {point});
   current_ = point;
 }
 
 void CGPath::addQuadCurveToPoint(CGPoint point, CGPoint control) {
   if (!beginSegment()) return;
-  verbs_.push_back(PathVerb::quad);
-  points_.insert(points_.end(), {control, point});
+  add(PathVerb::quad, {control, point});
   current_ = point;
 }
 
 void CGPath::addCurveToPoint(CGPoint point, CGPoint control1, CGPoint control2) {
   if (!beginSegment()) return;
-  verbs_.push_back(PathVerb::cubic);
-  points_.insert(points_.end(), {control1, control2, point});
+  add(PathVerb::cubic, {control1, control2, point});
   current_ = point;
 }
 
 void CGPath::closeSubpath() {
-  if (verbs_.empty() || verbs_.back() == PathVerb::close) return;
-  verbs_.push_back(PathVerb::close);
+  if (isEmpty() || verbs().back() == PathVerb::close) return;
+  add(PathVerb::close, {});
   current_ = subpathStart_;
 }
 
@@ -104,7 +97,7 @@ void CGPath::addArc(CGPoint center, CGFloat radius, CGFloat startAngle, CGFloat 
   CGFloat angle = startAngle;
   CGFloat cosine = math::cos(angle);
   CGFloat sine = math::sin(angle);
-  if (verbs_.empty()) {
+  if (isEmpty()) {
     moveToPoint(pointAt(cosine, sine));
   } else {
     addLineToPoint(pointAt(cosine, sine));
@@ -216,60 +209,72 @@ void CGPath::addRoundedRect(const CGRect& rect, UIRectCorner corners, CGSize rad
 }
 
 void CGPath::addPath(const CGPath& other) {
-  if (other.verbs_.empty()) return;
+  if (other.isEmpty()) return;
+  if (isEmpty()) {
+    *this = other;
+    return;
+  }
   if (&other == this) {
     addPath(CGPath(other));
     return;
   }
-  verbs_.insert(verbs_.end(), other.verbs_.begin(), other.verbs_.end());
-  points_.insert(points_.end(), other.points_.begin(), other.points_.end());
+  auto& verbs = verbs_.edit();
+  auto& points = points_.edit();
+  verbs.insert(verbs.end(), other.verbs().begin(), other.verbs().end());
+  points.insert(points.end(), other.points().begin(), other.points().end());
   current_ = other.current_;
   subpathStart_ = other.subpathStart_;
+  box_.reset();
 }
 
 void CGPath::applyTransform(const CGAffineTransform& transform) {
-  if (verbs_.empty()) return;
+  if (isEmpty()) return;
   const CGFloat matrix[] = {transform.a, transform.b,  transform.c,
                             transform.d, transform.tx, transform.ty};
-  raster::kernels().mapPoints(&points_.front().x, points_.size(), matrix, &points_.front().x);
+  const std::span<const CGPoint> from = points();
+  CGPoint* to = points_.renew(from.size()).data();
+  raster::kernels().mapPoints(&from.front().x, from.size(), matrix, &to->x);
   current_ = CGPointApplyAffineTransform(current_, transform);
   subpathStart_ = CGPointApplyAffineTransform(subpathStart_, transform);
+  box_.reset();
 }
 
 CGPath CGPath::reversed() const {
+  const std::span<const PathVerb> verbs = this->verbs();
+  const std::span<const CGPoint> points = this->points();
   CGPath result;
-  result.reserve(verbs_.size(), points_.size());
+  result.reserve(verbs.size(), points.size());
   std::size_t verb = 0;
   std::size_t point = 0;
-  while (verb < verbs_.size()) {
+  while (verb < verbs.size()) {
     // One subpath: a move, its segments, perhaps a close.
     const std::size_t firstSegment = verb + 1;
     const std::size_t firstPoint = point;
     std::size_t end = firstSegment;
-    point += pointCount(verbs_[verb]);
-    while (end < verbs_.size() && verbs_[end] != PathVerb::move && verbs_[end] != PathVerb::close) {
-      point += pointCount(verbs_[end]);
+    point += pointCount(verbs[verb]);
+    while (end < verbs.size() && verbs[end] != PathVerb::move && verbs[end] != PathVerb::close) {
+      point += pointCount(verbs[end]);
       ++end;
     }
-    const bool closed = end < verbs_.size() && verbs_[end] == PathVerb::close;
+    const bool closed = end < verbs.size() && verbs[end] == PathVerb::close;
     std::size_t at = point - 1;
-    result.moveToPoint(points_[at]);
+    result.moveToPoint(points[at]);
     for (std::size_t segment = end; segment-- > firstSegment;) {
-      switch (verbs_[segment]) {
+      switch (verbs[segment]) {
         case PathVerb::line:
-          result.addLineToPoint(points_[at - 1]);
+          result.addLineToPoint(points[at - 1]);
           break;
         case PathVerb::quad:
-          result.addQuadCurveToPoint(points_[at - 2], points_[at - 1]);
+          result.addQuadCurveToPoint(points[at - 2], points[at - 1]);
           break;
         case PathVerb::cubic:
-          result.addCurveToPoint(points_[at - 3], points_[at - 1], points_[at - 2]);
+          result.addCurveToPoint(points[at - 3], points[at - 1], points[at - 2]);
           break;
         case PathVerb::move:
         case PathVerb::close:
           break;
       }
-      at -= pointCount(verbs_[segment]);
+      at -= pointCount(verbs[segment]);
     }
     if (closed) result.closeSubpath();
     verb = closed ? end + 1 : end;
@@ -279,12 +284,15 @@ CGPath CGPath::reversed() const {
 }
 
 CGRect CGPath::boundingBox() const {
+  if (box_) return *box_;
+  const std::span<const PathVerb> verbs = this->verbs();
+  const std::span<const CGPoint> points = this->points();
   const raster::Kernels& kernels = raster::kernels();
   raster::PointBox box = kernels.boxPoints(nullptr, 0);
   bool any = false;
   const auto add = [&](std::size_t from, std::size_t end) {
     if (from == end) return;
-    const raster::PointBox part = kernels.boxPoints(&points_[from].x, end - from);
+    const raster::PointBox part = kernels.boxPoints(&points[from].x, end - from);
     box = {std::min(box.minX, part.minX), std::min(box.minY, part.minY),
            std::max(box.maxX, part.maxX), std::max(box.maxY, part.maxY), false};
     any = true;
@@ -292,14 +300,14 @@ CGRect CGPath::boundingBox() const {
   // Everything between lone moves in one go.
   std::size_t from = 0;
   std::size_t at = 0;
-  for (std::size_t verb = 0; verb < verbs_.size(); ++verb) {
-    const bool lone = verbs_[verb] == PathVerb::move &&
-                      (verb + 1 == verbs_.size() || verbs_[verb + 1] == PathVerb::move);
+  for (std::size_t verb = 0; verb < verbs.size(); ++verb) {
+    const bool lone = verbs[verb] == PathVerb::move &&
+                      (verb + 1 == verbs.size() || verbs[verb + 1] == PathVerb::move);
     if (lone) {
       add(from, at);
       from = at + 1;
     }
-    at += pointCount(verbs_[verb]);
+    at += pointCount(verbs[verb]);
   }
   add(from, at);
   if (!any) return CGRectNull;
@@ -307,8 +315,8 @@ CGRect CGPath::boundingBox() const {
 }
 
 bool CGPath::isFinite() const {
-  return std::all_of(points_.begin(), points_.end(),
-                     [](const CGPoint& p) { return std::isfinite(p.x) && std::isfinite(p.y); });
+  return std::ranges::all_of(
+      points(), [](const CGPoint& p) { return std::isfinite(p.x) && std::isfinite(p.y); });
 }
 
 }  // namespace glyphwright

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
+#include <optional>
 #include <span>
-#include <vector>
 
 #include <glyphwright/platform/geometry.h>
+#include <glyphwright/platform/literal_list.h>
 
 namespace glyphwright {
 
@@ -49,10 +52,24 @@ constexpr bool contains(UIRectCorner set, UIRectCorner corner) {
 /// does nothing.
 class CGPath {
  public:
-  CGPath() = default;
-  /// Takes over elements that the calls below could have left: a move comes first and after every
+  /// A constant path, as the calls below could have left it: a move comes first and after every
   /// close, and `points` holds what each element carries, in order.
-  CGPath(std::vector<PathVerb> verbs, std::vector<CGPoint> points);
+  struct Literal {
+    std::span<const PathVerb> verbs;
+    std::span<const CGPoint> points;
+    CGPoint current;
+    CGPoint subpathStart;
+    CGRect box;  // as boundingBox() gives it
+  };
+
+  CGPath() = default;
+  /// What the literal refers to must outlive this path and all its copies.
+  explicit CGPath(const Literal& literal)
+      : verbs_(literal.verbs),
+        points_(literal.points),
+        current_(literal.current),
+        subpathStart_(literal.subpathStart),
+        box_(literal.box) {}
 
   void moveToPoint(CGPoint point);
   void addLineToPoint(CGPoint point);
@@ -85,7 +102,7 @@ class CGPath {
   CGPath reversed() const;
 
   /// True until the first element.
-  bool isEmpty() const { return verbs_.empty(); }
+  bool isEmpty() const { return verbs().empty(); }
   /// The point where the next segment starts; (0, 0) without one.
   CGPoint currentPoint() const { return current_; }
   /// The box around all points, control points included; a move that no segment follows does not
@@ -94,23 +111,25 @@ class CGPath {
   /// False when any coordinate is NaN or infinite.
   bool isFinite() const;
 
-  std::span<const PathVerb> verbs() const { return verbs_; }
-  std::span<const CGPoint> points() const { return points_; }
+  std::span<const PathVerb> verbs() const { return verbs_.view(); }
+  std::span<const CGPoint> points() const { return points_.view(); }
 
   /// Room for this many elements and points without another allocation.
   void reserve(std::size_t verbs, std::size_t points);
 
   friend bool operator==(const CGPath& a, const CGPath& b) {
-    return a.verbs_ == b.verbs_ && a.points_ == b.points_;
+    return std::ranges::equal(a.verbs(), b.verbs()) && std::ranges::equal(a.points(), b.points());
   }
 
  private:
   bool beginSegment();
+  void add(PathVerb verb, std::initializer_list<CGPoint> points);
 
-  std::vector<PathVerb> verbs_;
-  std::vector<CGPoint> points_;
+  LiteralList<PathVerb> verbs_;
+  LiteralList<CGPoint> points_;
   CGPoint current_;
   CGPoint subpathStart_;
+  std::optional<CGRect> box_;  // while it is known from the literal
 };
 
 using CGMutablePath = CGPath;

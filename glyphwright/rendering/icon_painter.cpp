@@ -116,18 +116,28 @@ void paintShape(CGContextRef context, const UIBezierPath& path, const IconPaint&
   if (casts) CGContextRestoreGState(context);
 }
 
-void fitAndPaint(CGContextRef context, UIBezierPath& path, Placement placement,
+void fitAndPaint(CGContextRef context, const UIBezierPath& path, Placement placement,
                  const IconPaint& paint) {
   const CGFloat inset = insetOf(paint);
   const CGSize inner{paint.size.width - inset, paint.size.height - inset};
   const CGRect bounds = path.bounds();
-  path.applyTransform(placement == Placement::fromOrigin
-                          ? originFittingTransform(bounds, inner, paint.size)
-                          : fittingTransform(bounds, inner, paint.size));
-  paintShape(context, path, paint);
+  const CGAffineTransform fit = placement == Placement::fromOrigin
+                                    ? originFittingTransform(bounds, inner, paint.size)
+                                    : fittingTransform(bounds, inner, paint.size);
+  if (!paint.gradient && !showsInsetShadow(paint) && !showsOutline(path, paint)) {
+    // A flat fill takes nothing but points from user space, so they need only be mapped once.
+    const CGAffineTransform ctm = context->state.ctm;
+    CGContextConcatCTM(context, fit);
+    paintShape(context, path, paint);
+    context->state.ctm = ctm;
+    return;
+  }
+  UIBezierPath fitted = path;
+  fitted.applyTransform(fit);
+  paintShape(context, fitted, paint);
 }
 
-UIImage paintPlain(UIBezierPath& path, Placement placement, const IconPaint& paint) {
+UIImage paintPlain(const UIBezierPath& path, Placement placement, const IconPaint& paint) {
   contexts::Scope scope(paint.size, isOpaque(paint.background), screen::scale(), true);
   if (!scope.isDrawable()) return scope.image();
   CGContextRef context = scope.context();
@@ -143,7 +153,7 @@ UIImage paintPlain(UIBezierPath& path, Placement placement, const IconPaint& pai
                           paint.dropShadow->color);
 }
 
-UIImage paintWithBorder(UIBezierPath& path, Placement placement, const IconPaint& paint) {
+UIImage paintWithBorder(const UIBezierPath& path, Placement placement, const IconPaint& paint) {
   const CGFloat width = static_cast<CGFloat>(paint.border.width);
   contexts::Scope scope(paint.size, isOpaque(paint.background), screen::scale(), true);
   if (!scope.isDrawable()) return scope.image();
@@ -152,8 +162,7 @@ UIImage paintWithBorder(UIBezierPath& path, Placement placement, const IconPaint
   outer.size = paint.size;
   outer.fill = outer.strokeColor = &paint.border.color;
   outer.strokeWidth = paint.border.outlineWidth;
-  UIBezierPath full = path;
-  fitAndPaint(scope.context(), full, placement, outer);
+  fitAndPaint(scope.context(), path, placement, outer);
 
   // The inner icon, with all that belongs to it, is an image of its own: its background and shadow
   // end at its edge.
@@ -168,7 +177,7 @@ UIImage paintWithBorder(UIBezierPath& path, Placement placement, const IconPaint
 
 }  // namespace
 
-UIImage paintIcon(UIBezierPath path, Placement placement, const IconPaint& paint) {
+UIImage paintIcon(const UIBezierPath& path, Placement placement, const IconPaint& paint) {
   if (paint.border.width >= 1) return paintWithBorder(path, placement, paint);
   return paintPlain(path, placement, paint);
 }

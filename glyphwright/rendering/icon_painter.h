@@ -62,6 +62,6 @@ enum class Placement : std::uint8_t { asItIs, fromOrigin };
 
 /// The path painted into a new image at the screen scale. The path is scaled to the box that the
 /// stroke and the drop shadow leave, and centred.
-UIImage paintIcon(UIBezierPath path, Placement placement, const IconPaint& paint);
+UIImage paintIcon(const UIBezierPath& path, Placement placement, const IconPaint& paint);
 
 }  // namespace glyphwright::rendering

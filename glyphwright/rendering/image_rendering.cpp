@@ -1,4 +1,3 @@
-#include <utility>
 #include <vector>
 
 #include <glyphwright/bezier_path.h>
@@ -20,7 +19,8 @@ CGFloat widened(const NSNumber* number) {
 }
 
 // Renders what the dictionary says. Every key is read once.
-UIImage paintIcon(UIBezierPath path, Placement placement, const AttributeDictionary& attributes) {
+UIImage paintIcon(const UIBezierPath& path, Placement placement,
+                  const AttributeDictionary& attributes) {
   IconPaint paint;
   paint.shadowTime = IconPaint::ShadowTime::onFinishedImage;
   paint.size = attributes.size(VNTLGlyphwrightSize).value_or(CGSize{});
@@ -48,7 +48,7 @@ UIImage paintIcon(UIBezierPath path, Placement placement, const AttributeDiction
     gradient.start = attributes.point(VNTLGlyphwrightGradientStartPoint).value_or(gradient.start);
     gradient.end = attributes.point(VNTLGlyphwrightGradientEndPoint).value_or(gradient.end);
   }
-  return rendering::paintIcon(std::move(path), placement, paint);
+  return rendering::paintIcon(path, placement, paint);
 }
 
 UIBezierPath pathOrEmpty(VNTLIconType icon) {
@@ -57,12 +57,8 @@ UIBezierPath pathOrEmpty(VNTLIconType icon) {
 
 }  // namespace
 
-UIImage UIBezierPath::imageWithAttributes(const AttributeDictionary& attributes) const& {
+UIImage UIBezierPath::imageWithAttributes(const AttributeDictionary& attributes) const {
   return paintIcon(*this, Placement::asItIs, attributes);
-}
-
-UIImage UIBezierPath::imageWithAttributes(const AttributeDictionary& attributes) && {
-  return paintIcon(std::move(*this), Placement::asItIs, attributes);
 }
 
 UIImage UIBezierPath::imageWithIcon(VNTLIconType icon, const AttributeDictionary& attributes) {

@@ -1,5 +1,3 @@
-#include <utility>
-
 #include <glyphwright/bezier_path.h>
 #include <glyphwright/catalogue/icons.h>
 #include <glyphwright/catalogue/pathable.h>
@@ -39,19 +37,14 @@ rendering::IconPaint paintOf(const IconAttributes& attributes) {
   return paint;
 }
 
-UIImage paintIcon(UIBezierPath path, const IconAttributes& attributes) {
-  return rendering::paintIcon(std::move(path), rendering::Placement::fromOrigin,
-                              paintOf(attributes));
+UIImage paintIcon(const UIBezierPath& path, const IconAttributes& attributes) {
+  return rendering::paintIcon(path, rendering::Placement::fromOrigin, paintOf(attributes));
 }
 
 }  // namespace
 
-UIImage UIBezierPath::makeImage(const IconAttributes& attributes) const& {
+UIImage UIBezierPath::makeImage(const IconAttributes& attributes) const {
   return paintIcon(*this, attributes);
-}
-
-UIImage UIBezierPath::makeImage(const IconAttributes& attributes) && {
-  return paintIcon(std::move(*this), attributes);
 }
 
 UIImage UIBezierPath::newImage(const Pathable& with, const IconAttributes& attributes) {

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <limits>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -274,23 +275,33 @@ TEST_F(RasterKernels, RampsAreReadTheSame) {
 
 TEST_F(RasterKernels, CurvesSampleTheSame) {
   for (const double size : {3.0, 40.0, 900.0, 16000.0}) {
-    for (int round = 0; round < 200; ++round) {
-      const CurveFrame frame{-3, 7, static_cast<float>(size),
-                             static_cast<std::int32_t>(size) * kUnitsPerPixel, 900.0F};
-      double points[8];
+    const CurveFrame frame{-3, 7, static_cast<float>(size),
+                           static_cast<std::int32_t>(size) * kUnitsPerPixel, 900.0F};
+    for (int round = 0; round < 100; ++round) {
+      std::vector<double> points(2 * 13);
       for (double& p : points) p = upTo(1000) * size / 1000 + 4;
-      if (round == 0) std::fill_n(points, 8, 5.0);  // no length at all
-      std::vector<float> fastX(kMaxChords + 8, -1);
-      std::vector<float> plainX = fastX;
-      std::vector<std::int32_t> fastY(kMaxChords + 8, -1);
-      std::vector<std::int32_t> plainY = fastY;
-      const int fast = fast_.sampleCurve(points, frame, fastX.data(), fastY.data());
-      const int plain = plain_.sampleCurve(points, frame, plainX.data(), plainY.data());
-      ASSERT_EQ(fast, plain);
-      for (std::size_t i = 0; i < static_cast<std::size_t>(fast); ++i) {
-        ASSERT_EQ(fastX[i], plainX[i]);
-        ASSERT_EQ(fastY[i], plainY[i]);
-      }
+      if (round == 0) std::fill_n(points.begin(), 8, 5.0);  // no length at all
+      // Curves that share their ends, each with corners of its own.
+      const auto drawn = [&](const Kernels& table) {
+        std::vector<Curve> curves;
+        for (std::uint32_t i = 0; i < 4; ++i) curves.push_back({3 * i, i, 0, 0});
+        table.countChords(curves.data(), curves.size(), points.data(), frame);
+        std::uint32_t corners = 0;
+        std::vector<Segment> ends;
+        for (Curve& curve : curves) {
+          curve.corner = corners;
+          corners += curve.chords;
+          ends.push_back({curve.point + 3, corners - 1});
+        }
+        std::vector<float> x(corners + 8);
+        std::vector<std::int32_t> y(corners + 8);
+        table.sampleCurves(curves.data(), curves.size(), points.data(), frame, x.data(), y.data());
+        table.placeEnds(ends.data(), ends.size(), points.data(), frame, x.data(), y.data());
+        x.resize(corners);
+        y.resize(corners);
+        return std::pair(x, y);
+      };
+      ASSERT_EQ(drawn(fast_), drawn(plain_));
     }
   }
 }

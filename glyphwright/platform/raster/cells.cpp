@@ -90,8 +90,8 @@ class Accumulator {
 template <typename Cell>
 void accumulate(std::span<const Edge> edges, const CellBand<Cell>& band, const Kernels& kernels) {
   Accumulator<Cell> accumulator(band, kernels);
-  EdgeRows rows{edges.data(), edges.size(), band.firstRow * kUnitsPerPixel, band.rows,
-                static_cast<std::int32_t>(band.stride)};
+  EdgeRows rows(edges, band.firstRow * kUnitsPerPixel, band.rows,
+                static_cast<std::int32_t>(band.stride));
   Pieces pieces;
   while (kernels.cutEdges(rows, pieces), pieces.count > 0) {
     kernels.cellAmounts(pieces);

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include <glyphwright/platform/raster/edge_writer.h>
+#include <glyphwright/platform/raster/inside_edges.h>
 
 namespace glyphwright::raster {
 namespace {
@@ -64,88 +65,10 @@ CubicSteps stepsOf(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3, double tolera
           6 * ay * h3};
 }
 
-// For shapes that lie inside the region as a whole. First all corners are gathered, then they are
-// made edges: the count of a curve's samples comes late, and nothing else should wait for it.
-class InsideWriter : public EdgeWriter {
- public:
-  InsideWriter(EdgeList& out, const PixelRect& region, double tolerance, const Kernels& kernels)
-      : EdgeWriter(out, region), kernels_(kernels) {
-    const double factor = 6.0 / 8.0 / tolerance;
-    frame_ = {left_, top_, static_cast<float>(width_), region.height() * kUnitsPerPixel,
-              static_cast<float>(factor * factor)};
-    out.contourEnds.clear();
-  }
-
-  void moveTo(const CGPoint* p) {
-    endContour();
-    lineTo(p);
-  }
-  void lineTo(const CGPoint* p) {
-    makeCornerRoom(1);
-    put(corners_++, *p);
-  }
-  // The curve's first end stands before the others.
-  void cubicTo(const CGPoint* p) {
-    makeCornerRoom(kMaxChords);
-    const int samples = kernels_.sampleCurve(&p[-1].x, frame_, x_ + corners_, y_ + corners_);
-    corners_ += static_cast<std::size_t>(samples);
-    put(corners_ - 1, p[2]);
-  }
-  void closeContour() {}
-
-  void finish() {
-    endContour();
-    makeCornerRoom(8);
-    makeRoom(corners_ + 8);
-    std::size_t first = 0;
-    for (const std::size_t end : out_.contourEnds) {
-      runs_ += 2 * kernels_.joinCorners(x_ + first, y_ + first, end - first,
-                                        out_.storage.data() + count_);
-      count_ += end - first - 1;
-      first = end;
-    }
-  }
-
- private:
-  void makeCornerRoom(std::size_t corners) {
-    if (capacity_ < corners_ + corners) {
-      const std::size_t wanted = 2 * (corners_ + corners);
-      if (out_.cornerX.size() < wanted) {
-        out_.cornerX.resize(wanted);
-        out_.cornerY.resize(wanted);
-      }
-      x_ = out_.cornerX.data();
-      y_ = out_.cornerY.data();
-      capacity_ = out_.cornerX.size();
-    }
-  }
-  void put(std::size_t at, const CGPoint& p) {
-    x_[at] = std::clamp(static_cast<float>(p.x - left_), 0.0F, frame_.width);
-    const int units = static_cast<int>((p.y - top_) * kUnitsPerPixel + 0.5);
-    y_[at] = std::clamp(units, 0, frame_.height);
-  }
-  void endContour() {
-    const std::size_t first = out_.contourEnds.empty() ? 0 : out_.contourEnds.back();
-    if (corners_ == first) return;
-    makeCornerRoom(1);
-    x_[corners_] = x_[first];
-    y_[corners_] = y_[first];
-    out_.contourEnds.push_back(++corners_);
-  }
-
-  const Kernels& kernels_;
-  CurveFrame frame_;
-  std::size_t corners_ = 0;
-  std::size_t capacity_ = 0;
-  float* x_ = nullptr;
-  std::int32_t* y_ = nullptr;
-};
-
 // For shapes that the region cuts.
 class ClippedWriter : public CuttingWriter {
  public:
-  ClippedWriter(EdgeList& out, const PixelRect& region, double tolerance,
-                const Kernels& /*kernels*/)
+  ClippedWriter(EdgeList& out, const PixelRect& region, double tolerance)
       : CuttingWriter(out, region), tolerance_(tolerance) {}
 
   void moveTo(const CGPoint* p) {
@@ -154,6 +77,16 @@ class ClippedWriter : public CuttingWriter {
     startRuns();
   }
   void lineTo(const CGPoint* p) { segmentTo(relative(*p)); }
+  // The curve's first end stands before the others.
+  void quadTo(const CGPoint* p) {
+    const CGPoint from = relative(p[-1]);
+    const CGPoint control = relative(p[0]);
+    const CGPoint end = relative(p[1]);
+    const auto towards = [&](const CGPoint& q) {
+      return CGPoint{q.x + (control.x - q.x) * (2.0 / 3.0), q.y + (control.y - q.y) * (2.0 / 3.0)};
+    };
+    curveTo(from, towards(from), towards(end), end);
+  }
   void cubicTo(const CGPoint* p) {
     curveTo(relative(p[-1]), relative(p[0]), relative(p[1]), relative(p[2]));
   }
@@ -189,11 +122,7 @@ class ClippedWriter : public CuttingWriter {
   CGPoint from_;
 };
 
-template <typename Writer>
-void writePath(const CGPath& path, const std::vector<CGPoint>& devicePoints,
-               const PixelRect& region, double tolerance, const Kernels& kernels, EdgeList& out) {
-  Writer writer(out, region, tolerance, kernels);
-  const CGPoint* next = devicePoints.data();
+void writePath(const CGPath& path, const CGPoint* next, ClippedWriter& writer) {
   for (const PathVerb verb : path.verbs()) {
     switch (verb) {
       case PathVerb::move:
@@ -202,18 +131,9 @@ void writePath(const CGPath& path, const std::vector<CGPoint>& devicePoints,
       case PathVerb::line:
         writer.lineTo(next);
         break;
-      case PathVerb::quad: {
-        const CGPoint& from = next[-1];
-        const CGPoint& control = next[0];
-        const CGPoint& end = next[1];
-        const auto towards = [&](const CGPoint& p) {
-          return CGPoint{p.x + (control.x - p.x) * (2.0 / 3.0),
-                         p.y + (control.y - p.y) * (2.0 / 3.0)};
-        };
-        const CGPoint cubic[4] = {from, towards(from), towards(end), end};
-        writer.cubicTo(cubic + 1);
+      case PathVerb::quad:
+        writer.quadTo(next);
         break;
-      }
       case PathVerb::cubic:
         writer.cubicTo(next);
         break;
@@ -228,12 +148,13 @@ void writePath(const CGPath& path, const std::vector<CGPoint>& devicePoints,
 
 }  // namespace
 
-void edgesOfPath(const CGPath& path, const std::vector<CGPoint>& devicePoints, const DeviceBox& box,
+void edgesOfPath(const CGPath& path, std::vector<CGPoint>& devicePoints, const DeviceBox& box,
                  const PixelRect& region, double tolerance, const Kernels& kernels, EdgeList& out) {
   if (contains(region, box)) {
-    writePath<InsideWriter>(path, devicePoints, region, tolerance, kernels, out);
+    edgesInside(path, devicePoints, region, tolerance, kernels, out);
   } else {
-    writePath<ClippedWriter>(path, devicePoints, region, tolerance, kernels, out);
+    ClippedWriter writer(out, region, tolerance);
+    writePath(path, devicePoints.data(), writer);
   }
 }
 

@@ -16,7 +16,10 @@ struct EdgeList {
   PixelRect region;
   std::vector<Edge> storage;  // grows only; the first `count` are in use
   std::size_t count = 0;
-  /// The corners on the way to edges, likewise only growing; each contour ends where it began.
+  /// What stands between a path and its edges, likewise only growing. Each contour ends where it
+  /// began; the ends count segments.
+  std::vector<Segment> segments;
+  std::vector<Curve> curves;
   std::vector<float> cornerX;
   std::vector<std::int32_t> cornerY;
   std::vector<std::size_t> contourEnds;
@@ -35,7 +38,8 @@ DeviceBox mapPoints(const CGPath& path, const CGAffineTransform& toDevice,
 /// Flattens a path whose points have been mapped to device pixels; open subpaths are closed. `box`
 /// is the box around the points. A curve becomes as many chords as keep it within `tolerance`
 /// pixels, and the chords' inner points are moved out so that the area under the curve is kept.
-void edgesOfPath(const CGPath& path, const std::vector<CGPoint>& devicePoints, const DeviceBox& box,
+/// `devicePoints` may get more points behind those of the path.
+void edgesOfPath(const CGPath& path, std::vector<CGPoint>& devicePoints, const DeviceBox& box,
                  const PixelRect& region, double tolerance, const Kernels& kernels, EdgeList& out);
 
 /// The flattening tolerance of fills, in pixels.

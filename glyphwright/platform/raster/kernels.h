@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 #include <glyphwright/platform/raster/stroke_kernels.h>
 
@@ -75,18 +76,56 @@ struct PointBox {
   bool hasNaN;
 };
 
+/// A part of a path that ends in a point: a move, line or curve, or the way back to a contour's
+/// first point.
+struct Segment {
+  std::uint32_t point;   // index of its end
+  std::uint32_t corner;  // index of its last corner; how many corners it has, until they are placed
+};
+
+/// A cubic among a path's segments.
+struct Curve {
+  std::uint32_t point;    // index of its first end; two controls and the second end follow
+  std::uint32_t segment;  // index among the segments
+  std::uint32_t chords;
+  std::uint32_t corner;  // where its samples go
+};
+
+/// Edges that are being cut, each running down, with y and rows counted from the first row.
+struct EdgesAtHand {
+  static constexpr std::size_t kCapacity = 64;
+  float x0[kCapacity];
+  float x1[kCapacity];
+  float slope[kCapacity];
+  std::int32_t y0[kCapacity];
+  std::int32_t y1[kCapacity];
+  std::int32_t sign[kCapacity];  // negative for edges that ran up
+  std::int32_t first[kCapacity];
+  std::int32_t rows[kCapacity];  // from the first one on
+  /// Which of them are still to be cut: those of up to four rows, and those of more.
+  std::uint8_t low[kCapacity + 8];
+  std::uint8_t tall[kCapacity + 8];
+  std::size_t lowCount = 0;
+  std::size_t tallCount = 0;
+  std::size_t nextLow = 0;
+  std::size_t nextTall = 0;
+};
+
 /// Rows of a region, and the edges that are to be cut into them.
 struct EdgeRows {
+  EdgeRows(std::span<const Edge> list, std::int32_t topUnits, std::int32_t rowCount,
+           std::int32_t cellStride)
+      : edges(list.data()), count(list.size()), top(topUnits), rows(rowCount), stride(cellStride) {}
+
   const Edge* edges;
   std::size_t count;
   std::int32_t top;  // of the first row, in units
   std::int32_t rows;
   std::int32_t stride;  // cells from row to row
-  // Where to go on, for whoever cuts them: an edge, which of those looked at together with it are
-  // still to be cut, and a row of the first of these.
+  // Where to go on, for whoever cuts them.
   std::size_t next = 0;
-  std::uint32_t pending = 0;
   std::int32_t nextRow = 0;
+  EdgesAtHand atHand;
 };
 
 /// A piece changes this many cells side by side, if it is not wider than two pixels.
@@ -94,7 +133,7 @@ inline constexpr int kPieceCells = 4;
 
 /// Pieces of edges, each inside one row.
 struct Pieces {
-  static constexpr std::size_t kCapacity = 128;
+  static constexpr std::size_t kCapacity = 256;
   std::size_t count = 0;
   float xa[kCapacity];  // in pixels from the row's start, never below 0 by more than a hair
   float xb[kCapacity];
@@ -147,11 +186,18 @@ struct Kernels {
   /// may be `points`.
   PointBox (*mapPoints)(const double* points, std::size_t count, const double* matrix,
                         double* mapped);
-  /// Samples a cubic, given as x and y of its first end, two controls and second end in device
-  /// pixels: as many points as it takes chords, all but the first end, relative to the region's
-  /// upper left corner and clamped to the region. Inner samples are moved out of the curve's hollow
-  /// so that the chords keep the area under it; the last one is not exact. Writes whole eights.
-  int (*sampleCurve)(const double* points, const CurveFrame& frame, float* x, std::int32_t* y);
+  /// Sets how many chords each curve takes. Points are device pixels, x, y, x, y…
+  void (*countChords)(Curve* curves, std::size_t count, const double* points,
+                      const CurveFrame& frame);
+  /// Samples curves: as many points as each takes chords, all but the first end, relative to the
+  /// region's upper left corner and clamped to the region. Inner samples are moved out of the
+  /// curve's hollow so that the chords keep the area under it; the last one is not exact. Writes
+  /// whole eights, each curve over what the one before it wrote too much.
+  void (*sampleCurves)(const Curve* curves, std::size_t count, const double* points,
+                       const CurveFrame& frame, float* x, std::int32_t* y);
+  /// Puts the exact end of each segment, clamped to the region, to its last corner.
+  void (*placeEnds)(const Segment* segments, std::size_t count, const double* points,
+                    const CurveFrame& frame, float* x, std::int32_t* y);
   /// Makes edges of one corner to the next, count − 1 in number, and gives the number of runs
   /// downwards, counted once more where a level edge breaks them. Reads and writes whole eights.
   int (*joinCorners)(const float* x, const std::int32_t* y, std::size_t count, Edge* edges);

@@ -6,7 +6,9 @@ namespace {
 constexpr Kernels kAvx2{
     .boxPoints = avx2::boxPoints,
     .mapPoints = avx2::mapPoints,
-    .sampleCurve = avx2::sampleCurve,
+    .countChords = avx2::countChords,
+    .sampleCurves = avx2::sampleCurves,
+    .placeEnds = avx2::placeEnds,
     .joinCorners = avx2::joinCorners,
     .cutEdges = avx2::cutEdges,
     .cellAmounts = avx2::cellAmounts,

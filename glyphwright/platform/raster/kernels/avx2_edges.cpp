@@ -1,18 +1,16 @@
 #include <glyphwright/platform/raster/kernels/avx2.h>
 
-#include <immintrin.h>
-
 #include <array>
+#include <cstring>
 
-// Curves, edges and pieces eight at a time; scalar_edges.cpp says what each loop computes.
+#include <glyphwright/platform/raster/kernels/avx2_lanes.h>
+
+// Edges and pieces eight at a time; scalar_edges.cpp says what each loop computes.
 namespace glyphwright::raster::avx2 {
 namespace {
 
-__m256i load(const void* from) {
-  return _mm256_loadu_si256(static_cast<const __m256i*>(from));
-}
-void store(void* to, __m256i value) {
-  _mm256_storeu_si256(static_cast<__m256i*>(to), value);
+void storeHalves(std::int32_t* upper, std::int32_t* lower, __m256i value) {
+  _mm256_storeu2_m128i(reinterpret_cast<__m128i*>(upper), reinterpret_cast<__m128i*>(lower), value);
 }
 
 // Eight edges side by side, each running down.
@@ -57,10 +55,6 @@ struct EdgeGroup {
   __m256i firstRow;
   __m256i lastRow;  // above the first one for level edges on a row's border
 };
-
-unsigned bits(__m256i lanes) {
-  return static_cast<unsigned>(_mm256_movemask_ps(_mm256_castsi256_ps(lanes)));
-}
 
 // For each set of eight lanes, the numbers of its lanes one after another, a byte each.
 constexpr auto kChosenLanes = [] {
@@ -107,179 +101,144 @@ class SingleRows {
   unsigned set_;
 };
 
-// The edges of a group that span rows, to be read one by one.
-struct LongEdges {
-  LongEdges(const EdgeRows& rows, const EdgeGroup& group) {
+// Lists the edges of a group that span rows. Listing costs the same for any number of them; asking
+// of each edge would cost a wrong guess for most.
+class RowSpanners {
+ public:
+  RowSpanners(const EdgeRows& rows, const EdgeGroup& group, std::size_t at, EdgesAtHand& out) {
+    const __m256i one = _mm256_set1_epi32(1);
     const __m256i from = _mm256_max_epi32(group.firstRow, _mm256_setzero_si256());
     const __m256i to = _mm256_min_epi32(group.lastRow, _mm256_set1_epi32(rows.rows - 1));
-    // Those in the band, of more than one row in all.
-    set = bits(_mm256_andnot_si256(_mm256_cmpgt_epi32(from, to),
-                                   _mm256_cmpgt_epi32(group.lastRow, group.firstRow)));
-    if (set == 0) return;
+    const __m256i count = _mm256_add_epi32(_mm256_sub_epi32(to, from), one);
     const __m256 height = _mm256_cvtepi32_ps(_mm256_sub_epi32(group.lowerY, group.upperY));
     const __m256 run = _mm256_sub_ps(group.lowerX, group.upperX);
-    _mm256_storeu_ps(x0, group.upperX);
-    _mm256_storeu_ps(x1, group.lowerX);
-    _mm256_storeu_ps(slope, _mm256_div_ps(run, height));
-    store(y0, group.upperY);
-    store(y1, group.lowerY);
-    store(sign, group.sign);
-    store(first, from);
-    store(last, to);
+    _mm256_storeu_ps(out.x0 + at, group.upperX);
+    _mm256_storeu_ps(out.x1 + at, group.lowerX);
+    _mm256_storeu_ps(out.slope + at, _mm256_div_ps(run, height));
+    store(out.y0 + at, group.upperY);
+    store(out.y1 + at, group.lowerY);
+    store(out.sign + at, group.sign);
+    store(out.first + at, from);
+    store(out.rows + at, count);
+    // Those in the band, of more than one row in all.
+    const __m256i spans = _mm256_andnot_si256(_mm256_cmpgt_epi32(one, count),
+                                              _mm256_cmpgt_epi32(group.lastRow, group.firstRow));
+    const __m256i isTall = _mm256_cmpgt_epi32(count, _mm256_set1_epi32(4));
+    out.lowCount += list(bits(_mm256_andnot_si256(isTall, spans)), at, out.low + out.lowCount);
+    out.tallCount += list(bits(_mm256_and_si256(isTall, spans)), at, out.tall + out.tallCount);
   }
 
-  unsigned set;
-  float x0[8];
-  float x1[8];
-  float slope[8];
-  std::int32_t y0[8];
-  std::int32_t y1[8];
-  std::int32_t sign[8];
-  std::int32_t first[8];  // row
-  std::int32_t last[8];
+ private:
+  static std::size_t list(unsigned set, std::size_t at, std::uint8_t* to) {
+    const std::uint64_t numbers = kChosenLanes[set] + at * 0x0101010101010101;
+    std::memcpy(to, &numbers, sizeof(numbers));
+    return static_cast<std::size_t>(__builtin_popcount(set));
+  }
 };
 
-__m256i everyLane(const std::int32_t& value) {
-  return _mm256_set1_epi32(value);
-}
+// The rows of one edge, or of two in halves of four.
+struct EdgeLanes {
+  EdgeLanes(const EdgesAtHand& at, std::size_t i)
+      : x0(_mm256_broadcast_ss(at.x0 + i)),
+        x1(_mm256_broadcast_ss(at.x1 + i)),
+        slope(_mm256_broadcast_ss(at.slope + i)),
+        upper(_mm256_set1_epi32(at.y0[i])),
+        lower(_mm256_set1_epi32(at.y1[i])),
+        sign(_mm256_set1_epi32(at.sign[i])) {}
+  EdgeLanes(const EdgesAtHand& at, std::size_t i, std::size_t j)
+      : x0(halves(at.x0, i, j)),
+        x1(halves(at.x1, i, j)),
+        slope(halves(at.slope, i, j)),
+        upper(halves(at.y0, i, j)),
+        lower(halves(at.y1, i, j)),
+        sign(halves(at.sign, i, j)) {}
 
-constexpr float kParts[] = {0,        1,        1.0F / 2, 1.0F / 3, 1.0F / 4,
-                            1.0F / 5, 1.0F / 6, 1.0F / 7, 1.0F / 8};
+  static __m256 halves(const float* values, std::size_t i, std::size_t j) {
+    return _mm256_blend_ps(_mm256_broadcast_ss(values + i), _mm256_broadcast_ss(values + j), 0xF0);
+  }
+  static __m256i halves(const std::int32_t* values, std::size_t i, std::size_t j) {
+    return _mm256_blend_epi32(_mm256_set1_epi32(values[i]), _mm256_set1_epi32(values[j]), 0xF0);
+  }
 
-int chordCount(__m128 chords4) {
-  const __m256 fourthPowers = _mm256_setr_ps(1, 16, 81, 256, 625, 1296, 2401, 4096);
-  const __m256 reached = _mm256_cmp_ps(_mm256_broadcastss_ps(chords4), fourthPowers, _CMP_GE_OQ);
-  const int count = 1 + __builtin_popcount(static_cast<unsigned>(_mm256_movemask_ps(reached)));
-  if (count <= 8) return count;
-  const float root = _mm_cvtss_f32(_mm_sqrt_ss(_mm_sqrt_ss(chords4)));
-  return root < kMaxChords - 1 ? static_cast<int>(root) + 1 : kMaxChords;
-}
+  // What lies in each lane's row.
+  struct Cut {
+    __m256 xa;
+    __m256 xb;
+    __m256i cover;
+  };
+  Cut cut(__m256i row) const {
+    const __m256i rowTop = _mm256_slli_epi32(row, kUnitShift);
+    const __m256i rowEnd = _mm256_add_epi32(rowTop, _mm256_set1_epi32(kUnitsPerPixel));
+    const __m256i top = _mm256_max_epi32(rowTop, upper);
+    const __m256i bottom = _mm256_min_epi32(rowEnd, lower);
+    const __m256 isEnd = _mm256_castsi256_ps(_mm256_cmpeq_epi32(bottom, lower));
+    const auto xAt = [&](__m256i y) {
+      const __m256 depth = _mm256_cvtepi32_ps(_mm256_sub_epi32(y, upper));
+      return _mm256_add_ps(x0, _mm256_mul_ps(depth, slope));
+    };
+    return {xAt(top), _mm256_blendv_ps(xAt(bottom), x1, isEnd),
+            _mm256_sign_epi32(_mm256_sub_epi32(bottom, top), sign)};
+  }
+
+  __m256 x0;
+  __m256 x1;
+  __m256 slope;
+  __m256i upper;
+  __m256i lower;
+  __m256i sign;
+};
 
 }  // namespace
 
-// Eight samples at a time; the last eight may run past the curve's end.
-int sampleCurve(const double* points, const CurveFrame& frame, float* xs, std::int32_t* ys) {
-  // x and y of two points a register.
-  const __m256d corner = _mm256_setr_pd(frame.left, frame.top, frame.left, frame.top);
-  const __m128 p01 = _mm256_cvtpd_ps(_mm256_sub_pd(_mm256_loadu_pd(points), corner));
-  const __m128 p23 = _mm256_cvtpd_ps(_mm256_sub_pd(_mm256_loadu_pd(points + 4), corner));
-  const __m128 p12 = _mm_shuffle_ps(p01, p23, _MM_SHUFFLE(1, 0, 3, 2));
-  const __m128 uv = _mm_add_ps(_mm_sub_ps(p01, _mm_mul_ps(_mm_set1_ps(2), p12)), p23);
-  const __m128 squares = _mm_mul_ps(uv, uv);
-  const __m128 sums =
-      _mm_add_ps(squares, _mm_shuffle_ps(squares, squares, _MM_SHUFFLE(2, 3, 0, 1)));
-  const __m128 bendSquare = _mm_max_ss(sums, _mm_movehl_ps(sums, sums));
-  const __m128 chords4 = _mm_mul_ss(bendSquare, _mm_set_ss(frame.chordFactor));
-  const int count = chordCount(chords4);
-  const float h = count <= 8 ? kParts[count] : 1.0F / static_cast<float>(count);
-  const __m128 lift = _mm_set1_ps(h * h * 0.5F);
-  const __m128 a = _mm_sub_ps(_mm_movehl_ps(uv, uv), uv);
-  const __m128 b = _mm_mul_ps(_mm_set1_ps(3), uv);
-  const __m128 c =
-      _mm_sub_ps(_mm_mul_ps(_mm_set1_ps(3), _mm_sub_ps(p12, p01)), _mm_mul_ps(a, lift));
-  const __m128 start = _mm_sub_ps(p01, _mm_mul_ps(uv, lift));
-  const auto xOf = [](__m128 v) { return _mm256_broadcastss_ps(v); };
-  const auto yOf = [](__m128 v) { return _mm256_broadcastss_ps(_mm_movehdup_ps(v)); };
-  const auto at = [](__m256 t, __m256 c3, __m256 c2, __m256 c1, __m256 c0) {
-    const __m256 high = _mm256_add_ps(_mm256_mul_ps(c3, t), c2);
-    return _mm256_add_ps(_mm256_mul_ps(_mm256_add_ps(_mm256_mul_ps(high, t), c1), t), c0);
-  };
-  const __m256 ax = xOf(a), bx = xOf(b), cx = xOf(c), sx = xOf(start);
-  const __m256 ay = yOf(a), by = yOf(b), cy = yOf(c), sy = yOf(start);
-  const __m256 width = _mm256_set1_ps(frame.width);
-  const __m256i height = _mm256_set1_epi32(frame.height);
-  __m256i number = _mm256_setr_epi32(1, 2, 3, 4, 5, 6, 7, 8);
-  for (int k = 0; k < count; k += 8) {
-    const __m256 t = _mm256_mul_ps(_mm256_cvtepi32_ps(number), _mm256_set1_ps(h));
-    number = _mm256_add_epi32(number, _mm256_set1_epi32(8));
-    const __m256 x = at(t, ax, bx, cx, sx);
-    const __m256 y = _mm256_mul_ps(at(t, ay, by, cy, sy), _mm256_set1_ps(kUnitsPerPixel));
-    const __m256i units = _mm256_cvttps_epi32(_mm256_add_ps(y, _mm256_set1_ps(0.5F)));
-    _mm256_storeu_ps(xs + k, _mm256_min_ps(_mm256_max_ps(x, _mm256_setzero_ps()), width));
-    store(ys + k, _mm256_min_epi32(_mm256_max_epi32(units, _mm256_setzero_si256()), height));
-  }
-  return count;
-}
-
-int joinCorners(const float* x, const std::int32_t* y, std::size_t count, Edge* edges) {
-  int runs = 0;
-  unsigned wasDown = 0;
-  for (std::size_t i = 0; i + 1 < count; i += 8) {
-    const __m256 x0 = _mm256_loadu_ps(x + i);
-    const __m256 x1 = _mm256_loadu_ps(x + i + 1);
-    const __m256i y0 = load(y + i);
-    const __m256i y1 = load(y + i + 1);
-    // Edges i and i + 4 come to stand in one register.
-    const __m256d x01 = _mm256_castps_pd(_mm256_unpacklo_ps(x0, x1));
-    const __m256d x23 = _mm256_castps_pd(_mm256_unpackhi_ps(x0, x1));
-    const __m256d y01 = _mm256_castsi256_pd(_mm256_unpacklo_epi32(y0, y1));
-    const __m256d y23 = _mm256_castsi256_pd(_mm256_unpackhi_epi32(y0, y1));
-    const auto put = [&](std::size_t at, __m256d two) {
-      _mm256_storeu2_m128d(reinterpret_cast<double*>(edges + at + 4),
-                           reinterpret_cast<double*>(edges + at), two);
-    };
-    put(i, _mm256_unpacklo_pd(x01, y01));
-    put(i + 1, _mm256_unpackhi_pd(x01, y01));
-    put(i + 2, _mm256_unpacklo_pd(x23, y23));
-    put(i + 3, _mm256_unpackhi_pd(x23, y23));
-    unsigned isDown = bits(_mm256_cmpgt_epi32(y1, y0));
-    const std::size_t left = count - 1 - i;
-    if (left < 8) isDown &= (1U << left) - 1;
-    runs += __builtin_popcount(isDown & ~(isDown << 1 | wasDown));
-    wasDown = isDown >> 7;
-  }
-  return runs;
-}
-
-// Edges inside one row, of which small shapes have many, eight at a time. The others one by one,
-// eight rows at a time: most edges of small shapes end within them, so there is no loop whose end
-// the processor could guess wrong. Pieces beyond an edge's end are overwritten by the next edge.
+// Edges inside one row, of which small shapes have many, eight at a time; those of up to four rows
+// two at a time; the others one by one, eight rows at a time. Nowhere is there a loop over an
+// edge's rows whose end the processor could guess wrong. Pieces beyond an edge's end are
+// overwritten by the next edge.
 void cutEdges(EdgeRows& rows, Pieces& p) {
-  const __m256i steps = _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7);
-  const __m256i strides = _mm256_mullo_epi32(steps, _mm256_set1_epi32(rows.stride));
-  const __m256i depths = _mm256_slli_epi32(steps, kUnitShift);
+  const __m256i fours = _mm256_setr_epi32(0, 1, 2, 3, 0, 1, 2, 3);
+  const __m256i eights = _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7);
+  const __m256i stride = _mm256_set1_epi32(rows.stride);
+  EdgesAtHand& at = rows.atHand;
   p.count = 0;
-  for (; rows.next < rows.count; rows.next += 8) {
-    const EdgeGroup group(rows);
-    const LongEdges edges(rows, group);
-    if (rows.pending == 0) {
+  for (;;) {
+    for (; at.nextLow < at.lowCount; at.nextLow += 2) {
       if (p.count + 8 > Pieces::kCapacity) return;
-      p.count += SingleRows(rows, group).write(p, p.count);
-      rows.pending = edges.set;
+      const bool isPair = at.nextLow + 1 < at.lowCount;
+      const std::size_t i = at.low[at.nextLow];
+      const std::size_t j = isPair ? at.low[at.nextLow + 1] : i;
+      const __m256i row = _mm256_add_epi32(EdgeLanes::halves(at.first, i, j), fours);
+      const EdgeLanes::Cut cut = EdgeLanes(at, i, j).cut(row);
+      const __m256i cell = _mm256_mullo_epi32(row, stride);
+      const std::size_t first = p.count;
+      const std::size_t second = first + static_cast<std::size_t>(at.rows[i]);
+      _mm256_storeu2_m128(p.xa + second, p.xa + first, cut.xa);
+      _mm256_storeu2_m128(p.xb + second, p.xb + first, cut.xb);
+      storeHalves(p.cover + second, p.cover + first, cut.cover);
+      storeHalves(p.cell + second, p.cell + first, cell);
+      p.count = second + static_cast<std::size_t>(isPair ? at.rows[j] : 0);
     }
-    for (; rows.pending != 0; rows.pending &= rows.pending - 1, rows.nextRow = 0) {
-      const int e = __builtin_ctz(rows.pending);
-      const __m256 x0 = _mm256_broadcast_ss(edges.x0 + e);
-      const __m256 x1 = _mm256_broadcast_ss(edges.x1 + e);
-      const __m256 slope = _mm256_broadcast_ss(edges.slope + e);
-      const __m256i upper = everyLane(edges.y0[e]);
-      const __m256i lower = everyLane(edges.y1[e]);
-      const __m256i sign = everyLane(edges.sign[e]);
-      const auto xAt = [&](__m256i y) {
-        const __m256 depth = _mm256_cvtepi32_ps(_mm256_sub_epi32(y, upper));
-        return _mm256_add_ps(x0, _mm256_mul_ps(depth, slope));
-      };
-      const int last = edges.last[e];
-      int row = edges.first[e];
-      if (row < rows.nextRow) row = rows.nextRow;
-      for (; row <= last; row += 8) {
-        if (p.count + 8 > Pieces::kCapacity) {
-          rows.nextRow = row;
-          return;
-        }
-        const std::size_t at = p.count;
-        const __m256i rowTop = _mm256_add_epi32(_mm256_set1_epi32(row << kUnitShift), depths);
-        const __m256i rowEnd = _mm256_add_epi32(rowTop, _mm256_set1_epi32(kUnitsPerPixel));
-        const __m256i top = _mm256_max_epi32(rowTop, upper);
-        const __m256i bottom = _mm256_min_epi32(rowEnd, lower);
-        const __m256 isEnd = _mm256_castsi256_ps(_mm256_cmpeq_epi32(bottom, lower));
-        _mm256_storeu_ps(p.xa + at, xAt(top));
-        _mm256_storeu_ps(p.xb + at, _mm256_blendv_ps(xAt(bottom), x1, isEnd));
-        store(p.cover + at, _mm256_sign_epi32(_mm256_sub_epi32(bottom, top), sign));
-        store(p.cell + at, _mm256_add_epi32(_mm256_set1_epi32(row * rows.stride), strides));
-        const int left = last - row + 1;
+    for (; at.nextTall < at.tallCount; ++at.nextTall, rows.nextRow = 0) {
+      const std::size_t i = at.tall[at.nextTall];
+      const EdgeLanes edge(at, i);
+      for (; rows.nextRow < at.rows[i]; rows.nextRow += 8) {
+        if (p.count + 8 > Pieces::kCapacity) return;
+        const __m256i row = _mm256_add_epi32(_mm256_set1_epi32(at.first[i] + rows.nextRow), eights);
+        const EdgeLanes::Cut cut = edge.cut(row);
+        _mm256_storeu_ps(p.xa + p.count, cut.xa);
+        _mm256_storeu_ps(p.xb + p.count, cut.xb);
+        store(p.cover + p.count, cut.cover);
+        store(p.cell + p.count, _mm256_mullo_epi32(row, stride));
+        const int left = at.rows[i] - rows.nextRow;
         p.count += static_cast<std::size_t>(left < 8 ? left : 8);
       }
+    }
+    if (rows.next >= rows.count || p.count + EdgesAtHand::kCapacity > Pieces::kCapacity) return;
+    at.lowCount = at.tallCount = at.nextLow = at.nextTall = 0;
+    for (std::size_t n = 0; n < EdgesAtHand::kCapacity && rows.next < rows.count; n += 8) {
+      const EdgeGroup group(rows);
+      p.count += SingleRows(rows, group).write(p, p.count);
+      RowSpanners(rows, group, n, at);
+      rows.next += 8;
     }
   }
 }
@@ -342,13 +301,16 @@ void cellAmounts(Pieces& p) {
 
 void addPieces(const Pieces& p, std::int16_t* cells, std::uint8_t* touched) {
   static_assert(kPieceCells == 4);  // one 64-bit word
-  for (std::size_t i = 0; i < p.count; ++i) {
-    auto* cell = reinterpret_cast<__m128i*>(cells + p.cell[i]);
-    const __m128i amounts = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p.amounts[i]));
-    _mm_storel_epi64(cell, _mm_add_epi16(_mm_loadl_epi64(cell), amounts));
-    if (touched == nullptr) continue;
-    touched[p.cell[i] >> kBlockShift] = 1;
-    touched[(p.cell[i] + kPieceCells - 1) >> kBlockShift] = 1;
+  // Neighbours often change the same cells, and would wait for one another: every eighth in turn.
+  for (std::size_t j = 0; j < 8; ++j) {
+    for (std::size_t i = j; i < p.count; i += 8) {
+      auto* cell = reinterpret_cast<__m128i*>(cells + p.cell[i]);
+      const __m128i amounts = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p.amounts[i]));
+      _mm_storel_epi64(cell, _mm_add_epi16(_mm_loadl_epi64(cell), amounts));
+      if (touched == nullptr) continue;
+      touched[p.cell[i] >> kBlockShift] = 1;
+      touched[(p.cell[i] + kPieceCells - 1) >> kBlockShift] = 1;
+    }
   }
 }
 

@@ -20,6 +20,11 @@ inline void store(void* to, __m256i value) {
   _mm256_storeu_si256(static_cast<__m256i*>(to), value);
 }
 
+// A bit for each of eight lanes, set where they are.
+inline unsigned bits(__m256i lanes) {
+  return static_cast<unsigned>(_mm256_movemask_ps(_mm256_castsi256_ps(lanes)));
+}
+
 // A 16-bit constant of eight bytes (one pixel of channels) in every 64-bit lane.
 inline __m256i everyPixel(const std::int16_t* channels) {
   long long bits = 0;

@@ -6,7 +6,9 @@ namespace {
 constexpr Kernels kScalar{
     .boxPoints = scalar::boxPoints,
     .mapPoints = scalar::mapPoints,
-    .sampleCurve = scalar::sampleCurve,
+    .countChords = scalar::countChords,
+    .sampleCurves = scalar::sampleCurves,
+    .placeEnds = scalar::placeEnds,
     .joinCorners = scalar::joinCorners,
     .cutEdges = scalar::cutEdges,
     .cellAmounts = scalar::cellAmounts,

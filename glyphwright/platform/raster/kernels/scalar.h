@@ -7,7 +7,11 @@ namespace glyphwright::raster::scalar {
 
 PointBox boxPoints(const double* points, std::size_t count);
 PointBox mapPoints(const double* points, std::size_t count, const double* matrix, double* mapped);
-int sampleCurve(const double* points, const CurveFrame& frame, float* x, std::int32_t* y);
+void countChords(Curve* curves, std::size_t count, const double* points, const CurveFrame& frame);
+void sampleCurves(const Curve* curves, std::size_t count, const double* points,
+                  const CurveFrame& frame, float* x, std::int32_t* y);
+void placeEnds(const Segment* segments, std::size_t count, const double* points,
+               const CurveFrame& frame, float* x, std::int32_t* y);
 int joinCorners(const float* x, const std::int32_t* y, std::size_t count, Edge* edges);
 void cutEdges(EdgeRows& rows, Pieces& pieces);
 void cellAmounts(Pieces& pieces);

@@ -61,54 +61,83 @@ namespace {
 // |p''| ≤ 6·bend, and a chord over a parameter step h strays by at most h²·|p''|/8: the count of
 // chords goes with the root of the bend, and so with the fourth root of its square. Up to eight,
 // which is nearly always, comparing is faster than roots.
-int chordCount(float chords4) {
+std::uint32_t chordCount(float chords4) {
   constexpr float kFourthPowers[] = {1, 16, 81, 256, 625, 1296, 2401, 4096};
-  int count = 1;
+  std::uint32_t count = 1;
   for (const float power : kFourthPowers) count += chords4 >= power ? 1 : 0;
   if (count <= 8) return count;
   const float root = std::sqrt(std::sqrt(chords4));
-  return root < kMaxChords - 1 ? static_cast<int>(root) + 1 : kMaxChords;
+  return root < kMaxChords - 1 ? static_cast<std::uint32_t>(root) + 1 : kMaxChords;
 }
 
+// A cubic relative to the region, and its second differences.
+struct Cubic {
+  Cubic(const double* points, const CurveFrame& frame) {
+    for (int i = 0; i < 8; i += 2) {
+      p[i] = static_cast<float>(points[i] - frame.left);
+      p[i + 1] = static_cast<float>(points[i + 1] - frame.top);
+    }
+    for (int i = 0; i < 2; ++i) {
+      u[i] = p[i] - 2.0F * p[2 + i] + p[4 + i];
+      v[i] = p[2 + i] - 2.0F * p[4 + i] + p[6 + i];
+    }
+  }
+
+  float p[8];
+  float u[2];
+  float v[2];
+};
+
 }  // namespace
+
+void countChords(Curve* curves, std::size_t count, const double* points, const CurveFrame& frame) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto [p, u, v] = Cubic(points + std::size_t{2} * curves[i].point, frame);
+    const float bendSquare = std::max(u[0] * u[0] + u[1] * u[1], v[0] * v[0] + v[1] * v[1]);
+    curves[i].chords = chordCount(bendSquare * frame.chordFactor);
+  }
+}
 
 // p(t) = a·t³ + b·t² + c·t + p0. Chords of a curve lose area to its hollow side; moving the inner
 // points by −h²·p''/12 gives it back, and folds into the two lower coefficients because
 // p'' = 6a·t + 2b is linear in t.
-int sampleCurve(const double* points, const CurveFrame& frame, float* xs, std::int32_t* ys) {
-  float p[8];
-  for (int i = 0; i < 8; i += 2) {
-    p[i] = static_cast<float>(points[i] - frame.left);
-    p[i + 1] = static_cast<float>(points[i + 1] - frame.top);
+void sampleCurves(const Curve* curves, std::size_t count, const double* points,
+                  const CurveFrame& frame, float* xs, std::int32_t* ys) {
+  for (std::size_t n = 0; n < count; ++n) {
+    const Curve& curve = curves[n];
+    const auto [p, u, v] = Cubic(points + std::size_t{2} * curve.point, frame);
+    const float h = 1.0F / static_cast<float>(curve.chords);
+    float a[2];
+    float b[2];
+    float c[2];
+    float start[2];
+    for (int i = 0; i < 2; ++i) {
+      a[i] = v[i] - u[i];
+      b[i] = 3.0F * u[i];
+      c[i] = 3.0F * (p[2 + i] - p[i]) - a[i] * (h * h * 0.5F);
+      start[i] = p[i] - u[i] * (h * h * 0.5F);
+    }
+    for (std::uint32_t k = 0; k < curve.chords; ++k) {
+      const float t = static_cast<float>(k + 1) * h;
+      const float x = ((a[0] * t + b[0]) * t + c[0]) * t + start[0];
+      const float y = ((a[1] * t + b[1]) * t + c[1]) * t + start[1];
+      // A sample that was moved out of a hollow may pass the region's side by a hair.
+      xs[curve.corner + k] = std::min(std::max(x, 0.0F), frame.width);
+      ys[curve.corner + k] =
+          std::clamp(static_cast<int>(y * kUnitsPerPixel + 0.5F), 0, frame.height);
+    }
   }
-  float u[2];
-  float v[2];
-  for (int i = 0; i < 2; ++i) {
-    u[i] = p[i] - 2.0F * p[2 + i] + p[4 + i];
-    v[i] = p[2 + i] - 2.0F * p[4 + i] + p[6 + i];
+}
+
+void placeEnds(const Segment* segments, std::size_t count, const double* points,
+               const CurveFrame& frame, float* xs, std::int32_t* ys) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto [point, corner] = segments[i];
+    const double* p = points + std::size_t{2} * point;
+    xs[corner] = std::clamp(static_cast<float>(p[0] - frame.left), 0.0F, frame.width);
+    const int units = static_cast<int>((p[1] - frame.top) * kUnitsPerPixel + 0.5);
+    ys[corner] = std::clamp(units, 0, frame.height);
   }
-  const float bendSquare = std::max(u[0] * u[0] + u[1] * u[1], v[0] * v[0] + v[1] * v[1]);
-  const int count = chordCount(bendSquare * frame.chordFactor);
-  const float h = 1.0F / static_cast<float>(count);
-  float a[2];
-  float b[2];
-  float c[2];
-  float start[2];
-  for (int i = 0; i < 2; ++i) {
-    a[i] = v[i] - u[i];
-    b[i] = 3.0F * u[i];
-    c[i] = 3.0F * (p[2 + i] - p[i]) - a[i] * (h * h * 0.5F);
-    start[i] = p[i] - u[i] * (h * h * 0.5F);
-  }
-  for (int k = 0; k < count; ++k) {
-    const float t = static_cast<float>(k + 1) * h;
-    const float x = ((a[0] * t + b[0]) * t + c[0]) * t + start[0];
-    const float y = ((a[1] * t + b[1]) * t + c[1]) * t + start[1];
-    // A sample that was moved out of a hollow may pass the region's side by a hair.
-    xs[k] = std::min(std::max(x, 0.0F), frame.width);
-    ys[k] = std::clamp(static_cast<int>(y * kUnitsPerPixel + 0.5F), 0, frame.height);
-  }
-  return count;
 }
 
 int joinCorners(const float* x, const std::int32_t* y, std::size_t count, Edge* edges) {

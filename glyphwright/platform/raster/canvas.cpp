@@ -41,11 +41,24 @@ void fillPixels(std::uint8_t* rgba, std::size_t count, const SolidColor& color) 
   for (std::size_t i = 0; i < count; ++i) std::memcpy(rgba + i * 4, &word, sizeof(word));
 }
 
+namespace {
+
+// Pixels that begin where a cache line does, so that no block of them lies across two.
+std::shared_ptr<std::uint8_t[]> newPixels(std::size_t bytes) {
+  constexpr std::size_t kLine = 64;
+  auto memory = std::make_shared_for_overwrite<std::uint8_t[]>(bytes + kLine - 1);
+  void* at = memory.get();
+  std::size_t space = bytes + kLine - 1;
+  auto* aligned = static_cast<std::uint8_t*>(std::align(kLine, bytes, at, space));
+  return {std::move(memory), aligned};
+}
+
+}  // namespace
+
 Canvas::Canvas(const PixelRect& bounds, const SolidColor& ground)
     : bounds_(bounds),
       rowBytes_(static_cast<std::size_t>(bounds.width()) * 4),
-      pixels_(std::make_shared_for_overwrite<std::uint8_t[]>(
-          rowBytes_ * static_cast<std::size_t>(bounds.height()))),
+      pixels_(newPixels(rowBytes_ * static_cast<std::size_t>(bounds.height()))),
       ground_(ground) {}
 
 void Canvas::setGround(const SolidColor& ground) {
@@ -73,7 +86,7 @@ void Canvas::materialize() {
 
 void Canvas::detach() {
   const std::size_t bytes = rowBytes_ * static_cast<std::size_t>(bounds_.height());
-  auto copy = std::make_shared_for_overwrite<std::uint8_t[]>(bytes);
+  auto copy = newPixels(bytes);
   std::memcpy(copy.get(), pixels_.get(), bytes);
   pixels_ = std::move(copy);
   shared_ = false;

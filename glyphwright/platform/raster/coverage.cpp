@@ -25,7 +25,7 @@ struct Sweeper {
   std::size_t stride = cellStride(width);
   int bandRows = std::max(static_cast<int>(kBandCells / stride), kLeastBandRows);
 
-  std::vector<Cell>& cells() {
+  LineVector<Cell>& cells() {
     if constexpr (sizeof(Cell) == 2) {
       return scratch.narrowCells;
     } else {

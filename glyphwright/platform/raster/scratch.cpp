@@ -3,9 +3,9 @@
 namespace glyphwright::raster {
 namespace {
 
-template <typename T>
-std::size_t bytes(const std::vector<T>& v) {
-  return v.capacity() * sizeof(T);
+template <typename Vector>
+std::size_t bytes(const Vector& v) {
+  return v.capacity() * sizeof(typename Vector::value_type);
 }
 
 }  // namespace

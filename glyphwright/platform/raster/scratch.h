@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <new>
 #include <vector>
 
 #include <glyphwright/platform/raster/edges.h>
@@ -8,6 +10,25 @@
 #include <glyphwright/platform/raster/stroke_outline.h>
 
 namespace glyphwright::raster {
+
+/// Memory that begins where a cache line does.
+template <typename T>
+struct LineAllocator {
+  using value_type = T;
+  static constexpr std::align_val_t kLine{64};
+
+  LineAllocator() = default;
+  template <typename U>
+  LineAllocator(const LineAllocator<U>& /*other*/) {}
+  T* allocate(std::size_t count) {
+    return static_cast<T*>(::operator new(count * sizeof(T), kLine));
+  }
+  void deallocate(T* memory, std::size_t /*count*/) { ::operator delete(memory, kLine); }
+  friend bool operator==(const LineAllocator&, const LineAllocator&) { return true; }
+};
+
+template <typename T>
+using LineVector = std::vector<T, LineAllocator<T>>;
 
 /// Working memory of one thread, kept between drawings so that small ones need no allocation. It
 /// holds nothing of what was drawn: every use overwrites it, and cells are zero between uses.
@@ -20,8 +41,8 @@ struct Scratch {
   std::vector<Edge> sortedEdges;
   std::vector<Edge> activeEdges;
   std::vector<std::uint32_t> bandStarts;
-  std::vector<std::int16_t> narrowCells;
-  std::vector<std::int32_t> wideCells;
+  LineVector<std::int16_t> narrowCells;
+  LineVector<std::int32_t> wideCells;
   std::vector<std::uint8_t> touched;
   std::vector<std::uint16_t> coverage;
   std::vector<std::uint16_t> clippedCoverage;

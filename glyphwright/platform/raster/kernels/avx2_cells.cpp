@@ -1,6 +1,9 @@
 #include <glyphwright/platform/raster/kernels/avx2.h>
 
+#include <algorithm>
 #include <bit>
+#include <cstring>
+#include <type_traits>
 
 #include <glyphwright/platform/raster/kernels/avx2_lanes.h>
 
@@ -9,22 +12,30 @@
 namespace glyphwright::raster::avx2 {
 namespace {
 
-// Running sums of sixteen 16-bit lanes.
-__m256i prefixSum(__m256i v) {
-  v = _mm256_add_epi16(v, _mm256_slli_si256(v, 2));
-  v = _mm256_add_epi16(v, _mm256_slli_si256(v, 4));
-  v = _mm256_add_epi16(v, _mm256_slli_si256(v, 8));
-  // The upper half goes on from the lower half's total.
-  const __m256i lower = _mm256_permute2x128_si256(v, v, 0x08);
-  const __m256i total = _mm256_shuffle_epi8(lower, _mm256_set1_epi16(0x0F0E));
-  return _mm256_add_epi16(v, total);
-}
+// Running sums of sixteen 16-bit lanes after another, over blocks that follow each other. Only one
+// addition waits for the block before.
+class RunningSum {
+ public:
+  explicit RunningSum(int carry) : before_(_mm256_set1_epi16(static_cast<short>(carry))) {}
 
-// The sum so far in every lane.
-__m256i carried(__m256i sums) {
-  const __m256i top = _mm256_permute2x128_si256(sums, sums, 0x11);
-  return _mm256_shuffle_epi8(top, _mm256_set1_epi16(0x0F0E));
-}
+  __m256i next(__m256i v) {
+    v = _mm256_add_epi16(v, _mm256_slli_si256(v, 2));
+    v = _mm256_add_epi16(v, _mm256_slli_si256(v, 4));
+    v = _mm256_add_epi16(v, _mm256_slli_si256(v, 8));
+    // The upper half goes on from the lower half's total.
+    const __m256i totals = _mm256_shuffle_epi8(v, _mm256_set1_epi16(0x0F0E));
+    const __m256i swapped = _mm256_permute2x128_si256(totals, totals, 0x01);
+    const __m256i lower = _mm256_permute2x128_si256(totals, totals, 0x08);
+    const __m256i sums = _mm256_add_epi16(_mm256_add_epi16(v, lower), before_);
+    before_ = _mm256_add_epi16(before_, _mm256_add_epi16(totals, swapped));
+    return sums;
+  }
+  // The sum of all so far, in every lane.
+  __m256i sum() const { return before_; }
+
+ private:
+  __m256i before_;
+};
 
 template <FillRule rule>
 __m256i foldWinding(__m256i sums) {
@@ -44,14 +55,13 @@ __m256i fractions(__m256i units) {
 template <FillRule rule>
 int sumNarrowBy(std::int16_t* cells, std::size_t count, int carry, std::uint16_t* coverage) {
   const __m256i zero = _mm256_setzero_si256();
-  __m256i running = _mm256_set1_epi16(static_cast<short>(carry));
+  RunningSum running(carry);
   for (std::size_t i = 0; i < count; i += kBlock) {
-    const __m256i sums = _mm256_add_epi16(prefixSum(load(cells + i)), running);
+    const __m256i sums = running.next(load(cells + i));
     store(cells + i, zero);
     store(coverage + i, fractions(foldWinding<rule>(sums)));
-    running = carried(sums);
   }
-  return static_cast<short>(_mm256_extract_epi16(running, 0));
+  return static_cast<short>(_mm256_extract_epi16(running.sum(), 0));
 }
 
 // The end of a row with more rows to come: whole blocks are stored faster than parts, and what lies
@@ -99,7 +109,7 @@ class RowPainter {
       for (std::size_t at = 0; at < count;) {
         const std::size_t gap = least(static_cast<std::size_t>(std::countr_zero(set)), count - at);
         if (gap > 0) {
-          painter_.even(rgba_, gap, foldWinding<rule>(running_));
+          painter_.goOn(rgba_, gap, from + at == 0, foldWinding<rule>(running_.sum()));
           cells_ += gap * kBlock;
           rgba_ += gap * kBlock * 4;
           at += gap;
@@ -125,30 +135,36 @@ class RowPainter {
 
   // Of the block at hand, which is set back to zero.
   __m256i sums() {
-    const __m256i sums = _mm256_add_epi16(prefixSum(load(cells_)), running_);
+    const __m256i sums = running_.next(load(cells_));
     store(cells_, _mm256_setzero_si256());
-    running_ = carried(sums);
     return sums;
   }
 
   std::int16_t* cells_;
   std::uint8_t* rgba_;
   const Painter& painter_;
-  __m256i running_ = _mm256_setzero_si256();
+  RunningSum running_{0};
 };
 
-template <FillRule rule, typename End, typename Painter>
-void paintRow(std::int16_t* cells, const std::uint8_t* touched, std::size_t stride,
-              std::size_t width, const End& end, const Painter& painter, std::uint8_t* rgba) {
-  RowPainter<rule, Painter> row(cells, painter, rgba);
-  if (touched == nullptr) {
-    row.sum(width / kBlock);
-  } else {
-    row.sumWhereTouched(touched, width / kBlock);
-  }
-  if (width % kBlock != 0) row.finish(end);
-  for (std::int16_t* at = row.next(); at < cells + stride; at += kBlock) {
-    store(at, _mm256_setzero_si256());
+// Rows from `from` up to but not including `until`, all with the same kind of end.
+template <FillRule rule, typename End, typename PainterOf>
+void paintRows(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows, std::size_t from,
+               std::size_t until, const End& end, const PainterOf& painterOf) {
+  const std::size_t stride = rows.stride;
+  const std::size_t blocks = rows.width / kBlock;
+  for (std::size_t y = from; y < until; ++y) {
+    std::int16_t* const cells = rows.cells + y * stride;
+    const auto& painter = painterOf(y);
+    RowPainter<rule, std::decay_t<decltype(painter)>> row(cells, painter, rgba + y * rowBytes);
+    if (rows.touched == nullptr) {
+      row.sum(blocks);
+    } else {
+      row.sumWhereTouched(rows.touched + y * (stride / kBlock), blocks);
+    }
+    if (rows.width % kBlock != 0) row.finish(end);
+    for (std::int16_t* at = row.next(); at < cells + stride; at += kBlock) {
+      store(at, _mm256_setzero_si256());
+    }
   }
 }
 
@@ -156,23 +172,12 @@ template <FillRule rule, typename PainterOf>
 void paintCellsBy(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                   const PainterOf& painterOf) {
   const std::size_t cut = rows.width % kBlock;
-  const OpenEnd open(cut);
-  const ClosedEnd closed(cut);
   // As many of the last rows are closed as a whole block would reach over from.
   const std::size_t reach = (kBlock - cut) * 4;
-  std::int16_t* cells = rows.cells;
-  const std::uint8_t* touched = rows.touched;
-  for (std::size_t left = rows.rows; left > 0; --left) {
-    const auto& painter = painterOf(rows.rows - left);
-    if ((left - 1) * rowBytes >= reach) {
-      paintRow<rule>(cells, touched, rows.stride, rows.width, open, painter, rgba);
-    } else {
-      paintRow<rule>(cells, touched, rows.stride, rows.width, closed, painter, rgba);
-    }
-    rgba += rowBytes;
-    cells += rows.stride;
-    if (touched != nullptr) touched += rows.stride / kBlock;
-  }
+  const std::size_t closed = std::min((reach + rowBytes - 1) / rowBytes, rows.rows);
+  const std::size_t open = rows.rows - closed;
+  paintRows<rule>(rgba, rowBytes, rows, 0, open, OpenEnd(cut), painterOf);
+  paintRows<rule>(rgba, rowBytes, rows, open, rows.rows, ClosedEnd(cut), painterOf);
 }
 
 // `painterOf(row)` gives what a row is painted with.
@@ -198,16 +203,23 @@ class Writer {
   void paint(const S& stretch, std::uint8_t* rgba, __m256i units) const {
     stretch.storeBytes(rgba, pixels(units));
   }
-  // Whole blocks of one coverage.
+  // Whole blocks of one coverage, that of the pixel before them; none at a row's start.
+  static void goOn(std::uint8_t* rgba, std::size_t blocks, bool isStart, __m256i /*units*/) {
+    int pixel = 0;
+    if (!isStart) std::memcpy(&pixel, rgba - sizeof(pixel), sizeof(pixel));
+    fill(rgba, blocks, _mm256_set1_epi32(pixel));
+  }
   void even(std::uint8_t* rgba, std::size_t blocks, __m256i units) const {
-    const __m256i eight = pixels(units).low;
+    fill(rgba, blocks, pixels(units).low);
+  }
+
+ private:
+  static void fill(std::uint8_t* rgba, std::size_t blocks, __m256i eight) {
     for (; blocks > 0; --blocks, rgba += std::size_t{kBlock} * 4) {
       store(rgba, eight);
       store(rgba + 32, eight);
     }
   }
-
- private:
   PixelPair pixels(__m256i units) const {
     const auto channel = [&](int c) { return _mm256_mulhrs_epi16(units, channels_[c]); };
     const __m256i rg = _mm256_or_si256(channel(0), _mm256_slli_epi16(channel(1), 8));
@@ -228,7 +240,7 @@ class Blender {
     if (isZero(units)) return;
     stretch.storePixels(rgba, ink_.coveredOver(fractions(units), stretch.loadPixels(rgba)));
   }
-  void even(std::uint8_t* rgba, std::size_t blocks, __m256i units) const {
+  void goOn(std::uint8_t* rgba, std::size_t blocks, bool /*isStart*/, __m256i units) const {
     if (isZero(units)) return;
     if (ink_.isOpaque && _mm256_extract_epi16(units, 0) == kUnitsPerPixel) {
       writer_.even(rgba, blocks, units);

@@ -68,7 +68,7 @@ StrokedShape::StrokedShape(const CGPath& path, const StrokeStyle& style,
 }
 
 void StrokedShape::edges(const PixelRect& region, Scratch& scratch) const {
-  raster::edgesOfOutline(scratch.outline, region, *scratch.kernels, scratch.edges);
+  raster::edgesOfOutline(scratch.outline, box, region, *scratch.kernels, scratch.edges);
 }
 
 namespace contexts {

@@ -29,7 +29,9 @@ class Sweeper {
             ? height_
             : std::min(height_, std::max(static_cast<int>(kBandCells / stride_), kLeastBandRows));
     const std::size_t cells = stride_ * static_cast<std::size_t>(bandRows_);
-    if (memory().size() < cells) memory().resize(cells);
+    // The last row is set back to zero as far as the others, into the left of the next one.
+    const std::size_t wanted = cells + static_cast<std::size_t>(left_);
+    if (memory().size() < wanted) memory().resize(wanted);
     if (scratch_.coverage.size() < stride_) scratch_.coverage.resize(stride_);
     band_ = {memory().data(), stride_, nullptr, 0, 0};
     if (isDense) return;
@@ -108,6 +110,23 @@ class Sweeper {
       inBand = active;
     }
     accumulate<Cell>(inBand, band_, *scratch_.kernels);
+    if (left_ > 0) carryIn();
+  }
+
+  // Adds up what lies left of the region, in the first cell inside.
+  void carryIn() {
+    const auto left = static_cast<std::size_t>(left_);
+    for (int row = 0; row < band_.rows; ++row) {
+      Cell* cells = band_.cells + static_cast<std::size_t>(row) * stride_;
+      int sum = cells[left];
+      for (std::size_t i = 0; i < left; ++i) sum += cells[i];
+      std::fill_n(cells, left, Cell{0});
+      cells[left] = static_cast<Cell>(sum);
+      if (band_.touched != nullptr) {
+        std::uint8_t* touched = band_.touched + static_cast<std::size_t>(row) * (stride_ / kBlock);
+        touched[left / kBlock] |= touched[left / kBlock - 1];
+      }
+    }
   }
 
   // Hands on the next rows of the band: as cells where the sink takes them.
@@ -115,11 +134,12 @@ class Sweeper {
     const auto first = static_cast<std::size_t>(done_ - band_.firstRow);
     const std::size_t blocks = stride_ / kBlock;
     std::uint8_t* touched = band_.touched == nullptr ? nullptr : band_.touched + first * blocks;
-    Cell* cells = band_.cells + first * stride_;
-    if (!emitCells(cells, touched, rows)) {
+    Cell* cells = band_.cells + first * stride_ + left_;
+    std::uint8_t* inside = touched == nullptr ? nullptr : touched + left_ / kBlock;
+    if (!emitCells(cells, inside, rows)) {
       for (int row = 0; row < rows; ++row) {
         const auto at = static_cast<std::size_t>(row);
-        emitRow(cells + at * stride_, touched == nullptr ? nullptr : touched + at * blocks,
+        emitRow(cells + at * stride_, inside == nullptr ? nullptr : inside + at * blocks,
                 edges_.region.y0 + done_ + row);
       }
     }
@@ -138,9 +158,9 @@ class Sweeper {
 
   void emitRow(Cell* from, const std::uint8_t* touched, int y) {
     spans_.clear();
-    const int blocks = static_cast<int>(stride_) / kBlock;
+    const int blocks = (static_cast<int>(stride_) - left_) / kBlock;
     if (touched == nullptr) {
-      sum(from, stride_, 0, scratch_.coverage.data());
+      sum(from, static_cast<std::size_t>(blocks) * kBlock, 0, scratch_.coverage.data());
       addSpan(0, blocks, CoverageSpan::kVaries);
       sink_.row({y, spans_, scratch_.coverage.data()});
       return;
@@ -200,7 +220,8 @@ class Sweeper {
   RowSink& sink_;
   int width_ = edges_.region.width();
   int height_ = edges_.region.height();
-  std::size_t stride_ = cellStride(width_);
+  int left_ = edges_.beyondLeft;
+  std::size_t stride_ = cellStride(left_ + width_ + edges_.beyondRight);
   int bandRows_;
   CellBand<Cell> band_;
   int done_ = 0;          // rows

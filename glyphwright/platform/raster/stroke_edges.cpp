@@ -9,17 +9,31 @@
 namespace glyphwright::raster {
 namespace {
 
+// An outline that reaches no farther beyond the region than this is not cut: a fitted icon's
+// outline nearly always leaves it by half the pen.
+constexpr int kBeyond = kBlock;
+
 // Runs round the rings of an outline, eight corners at a time. Where the region cuts a ring, the
 // lines that leave the region are cut one by one.
 class RingWriter : public CuttingWriter {
  public:
-  RingWriter(EdgeList& out, const PixelRect& region, StrokeOutline& outline, const Kernels& kernels)
+  RingWriter(EdgeList& out, const PixelRect& region, const DeviceBox& box, StrokeOutline& outline,
+             const Kernels& kernels)
       : CuttingWriter(out, region),
         kernels_(kernels),
         outline_(outline),
-        frame_{static_cast<float>(outline.originX - region.x0),
-               static_cast<float>(outline.originY - region.y0), static_cast<float>(region.width()),
-               static_cast<float>(region.height())} {}
+        isWhole_(box.minX >= region.x0 - kBeyond && box.minY >= region.y0 - kBeyond &&
+                 box.maxX <= region.x1 + kBeyond && box.maxY <= region.y1 + kBeyond) {
+    if (isWhole_) {
+      out.beyondLeft = box.minX < region.x0 ? kBeyond : 0;
+      out.beyondRight = box.maxX > region.x1 ? kBeyond : 0;
+    }
+    const int beyond = isWhole_ ? kBeyond : 0;
+    frame_ = {static_cast<float>(outline.originX - region.x0 + out.beyondLeft),
+              static_cast<float>(outline.originY - region.y0),
+              static_cast<float>(region.width() + out.beyondLeft + out.beyondRight),
+              static_cast<float>(region.height() + beyond), static_cast<float>(-beyond)};
+  }
 
   void contour(const StrokeOutline::Contour& c) {
     const Stretch left{&outline_.left, c.leftBegin, c.leftEnd, false};
@@ -60,12 +74,13 @@ class RingWriter : public CuttingWriter {
     }
   }
 
-  // True when a corner lies outside the region.
+  // True when a corner lies too far outside the region.
   bool place(const Stretch& s, std::size_t to, std::size_t mask) {
     std::uint8_t* outside = outline_.outside.data() + mask;
     kernels_.placeCorners(s.side->x.data() + s.begin, s.side->y.data() + s.begin, s.size(),
                           s.backwards, frame_,
                           {out_.cornerX.data() + to, out_.cornerY.data() + to, outside});
+    if (isWhole_) return false;
     unsigned any = 0;
     for (std::size_t i = 0; i < (s.size() + kEight - 1) / kEight; ++i) any |= outside[i];
     return any != 0;
@@ -130,6 +145,7 @@ class RingWriter : public CuttingWriter {
 
   const Kernels& kernels_;
   StrokeOutline& outline_;
+  bool isWhole_;
   CornerFrame frame_;
 };
 
@@ -139,8 +155,9 @@ int windingOf(std::span<const Edge> edges, int rows, std::vector<int>& units) {
   units.assign(2 * static_cast<std::size_t>(rows) + 2, 0);
   for (const Edge& e : edges) {
     int* row = units.data() + (e.y1 > e.y0 ? 1 : 0);
-    int top = std::min(e.y0, e.y1);
-    const int bottom = std::max(e.y0, e.y1);
+    int top = std::max(std::min(e.y0, e.y1), 0);
+    const int bottom = std::min(std::max(e.y0, e.y1), rows * kUnitsPerPixel);
+    if (top >= bottom) continue;
     row += 2 * (top >> kUnitShift);
     for (int end = (top | (kUnitsPerPixel - 1)) + 1; end < bottom; end += kUnitsPerPixel) {
       *row += end - top;
@@ -185,10 +202,10 @@ DeviceBox boxOf(const StrokeOutline& outline, const Kernels& kernels) {
   return box;
 }
 
-void edgesOfOutline(StrokeOutline& outline, const PixelRect& region, const Kernels& kernels,
-                    EdgeList& out) {
+void edgesOfOutline(StrokeOutline& outline, const DeviceBox& box, const PixelRect& region,
+                    const Kernels& kernels, EdgeList& out) {
   {
-    RingWriter writer(out, region, outline, kernels);
+    RingWriter writer(out, region, box, outline, kernels);
     for (const StrokeOutline::Contour& c : outline.contours) writer.contour(c);
   }
   // A stroke has a run on either side of each of the path's, but they seldom lie abreast.

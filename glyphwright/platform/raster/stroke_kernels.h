@@ -36,10 +36,12 @@ struct CornerBox {
   bool hasNaN;
 };
 
-/// Where corners come to lie: moved by `shift`, inside a region of that size or not.
+/// Where corners come to lie: moved by `shift`, inside a region or not.
 struct CornerFrame {
   float shiftX, shiftY;
-  float width, height;
+  float width;  // of the region, which begins at 0
+  float bottom;
+  float top = 0;
 };
 
 /// Corners with x in pixels and y in units from the region's corner; both mean nothing outside.

@@ -79,8 +79,9 @@ void setOrigin(StrokeOutline& outline, const DeviceBox& box, const PixelRect& bi
 /// one is NaN.
 DeviceBox boxOf(const StrokeOutline& outline, const Kernels& kernels);
 
-/// The edges of an outline, cut by the region.
-void edgesOfOutline(StrokeOutline& outline, const PixelRect& region, const Kernels& kernels,
-                    EdgeList& out);
+/// The edges of an outline with `box` around it. What reaches a little beyond the region is left as
+/// it is, what reaches farther is cut by it.
+void edgesOfOutline(StrokeOutline& outline, const DeviceBox& box, const PixelRect& region,
+                    const Kernels& kernels, EdgeList& out);
 
 }  // namespace glyphwright::raster

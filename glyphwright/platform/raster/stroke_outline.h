@@ -33,6 +33,12 @@ struct OutlineSide {
     y[count] = py;
     ++count;
   }
+  void put(const float* px, const float* py, std::size_t corners) {
+    makeRoom(corners);
+    std::copy_n(px, corners, x.data() + count);
+    std::copy_n(py, corners, y.data() + count);
+    count += corners;
+  }
 };
 
 /// The outline of a stroke. Where a contour is closed, its left side is one ring of corners and its
@@ -56,7 +62,14 @@ struct StrokeOutline {
   OutlineSide left;
   OutlineSide right;
   std::vector<Contour> contours;
-  /// Working memory for the curves that are followed with care.
+  /// Working memory for curves: each one's four points as x and y, those of raised quadratics, and
+  /// what is known of them.
+  std::vector<const double*> curves;
+  std::vector<CGPoint> raised;
+  std::vector<PreparedCurve> prepared;
+  /// For those that are bent more tightly than the pen.
+  std::vector<float> bent;
+  /// For those that are followed with care.
   std::vector<pen::Node> nodes;
   /// And for telling the corners outside a region.
   std::vector<std::uint8_t> outside;

@@ -27,6 +27,7 @@ StrokePen::StrokePen(double width, const StrokeStyle& style, double tolerance,
     : half_(width * 0.5),
       style_(style),
       toOutline_(toDevice),
+      onDevice_(toDevice == CGAffineTransformIdentity),
       out_(out),
       // The chord of an angle θ on the outline's circle strays by half·θ²/8.
       arcStepCosine_(1 - std::min(1.0, 4 * tolerance / half_)) {
@@ -42,12 +43,19 @@ CGLineCap StrokePen::foldStyle() const {
 }
 
 void StrokePen::put(OutlineSide& side, Vector p) const {
+  if (onDevice_) {
+    side.put(nearby(p.x - out_.originX), nearby(p.y - out_.originY));
+    return;
+  }
   const CGPoint q = CGPointApplyAffineTransform({p.x, p.y}, toOutline_);
   side.put(nearby(q.x), nearby(q.y));
 }
 
 void StrokePen::across(Vector at, Vector direction) const {
-  const Vector offset = leftOf(direction) * half_;
+  bothSides(at, leftOf(direction) * half_);
+}
+
+void StrokePen::bothSides(Vector at, Vector offset) const {
   put(out_.left, at + offset);
   put(out_.right, at - offset);
 }
@@ -59,9 +67,7 @@ void StrokePen::join(Vector at, const SegmentEnd& in, const SegmentEnd& out) con
   if (cosine > sameDirection_) {
     Vector normal = (from + to) * 0.5;
     if (in.isTight || out.isTight) return bend(at, normal, in.leg, out.leg);
-    normal = normal * half_;
-    put(out_.left, at + normal);
-    put(out_.right, at - normal);
+    bothSides(at, normal * half_);
     return;
   }
   const double shorter = std::min(in.leg.length, out.leg.length);

@@ -13,6 +13,9 @@ namespace {
 // outline nearly always leaves it by half the pen.
 constexpr int kBeyond = kBlock;
 
+// Beyond this many pixels only the direction counts.
+constexpr float kFarthest = 1e9F;
+
 // Runs round the rings of an outline, eight corners at a time. Where the region cuts a ring, the
 // lines that leave the region are cut one by one.
 class RingWriter : public CuttingWriter {
@@ -152,25 +155,42 @@ class RingWriter : public CuttingWriter {
 // How often a pixel is wound round at most, by what runs down or up through any one row of pixels.
 // `units` is working memory.
 int windingOf(std::span<const Edge> edges, int rows, std::vector<int>& units) {
-  units.assign(2 * static_cast<std::size_t>(rows) + 2, 0);
+  // From row to row, by how much it changes what runs up and what runs down, in units. No edge
+  // needs a loop over its rows: it begins and ends with parts of a row, and adds whole ones in
+  // between.
+  units.assign(2 * static_cast<std::size_t>(rows) + 4, 0);
+  const int bottom = rows * kUnitsPerPixel;
   for (const Edge& e : edges) {
-    int* row = units.data() + (e.y1 > e.y0 ? 1 : 0);
-    int top = std::max(std::min(e.y0, e.y1), 0);
-    const int bottom = std::min(std::max(e.y0, e.y1), rows * kUnitsPerPixel);
-    if (top >= bottom) continue;
-    row += 2 * (top >> kUnitShift);
-    for (int end = (top | (kUnitsPerPixel - 1)) + 1; end < bottom; end += kUnitsPerPixel) {
-      *row += end - top;
-      row += 2;
-      top = end;
-    }
-    *row += bottom - top;
+    const int from = std::clamp(std::min(e.y0, e.y1), 0, bottom);
+    const int to = std::clamp(std::max(e.y0, e.y1), 0, bottom);
+    const int inFirst = from & (kUnitsPerPixel - 1);
+    const int inLast = to & (kUnitsPerPixel - 1);
+    int* const way = units.data() + (e.y1 > e.y0 ? 1 : 0);
+    int* const first = way + 2 * (from >> kUnitShift);
+    int* const last = way + 2 * (to >> kUnitShift);
+    first[0] += kUnitsPerPixel - inFirst;
+    first[2] += inFirst;
+    last[0] -= kUnitsPerPixel - inLast;
+    last[2] -= inLast;
   }
-  const int most = *std::max_element(units.begin(), units.end());
+  int up = 0;
+  int down = 0;
+  int most = 0;
+  for (int row = 0; row < rows; ++row) {
+    up += units[2 * static_cast<std::size_t>(row)];
+    down += units[2 * static_cast<std::size_t>(row) + 1];
+    most = std::max(most, std::max(up, down));
+  }
   return (most + kUnitsPerPixel - 1) >> kUnitShift;
 }
 
 }  // namespace
+
+void OutlineSide::grow(std::size_t corners) {
+  room = 2 * (count + corners);
+  x.resize(room + kMargin);
+  y.resize(room + kMargin);
+}
 
 void setOrigin(StrokeOutline& outline, const DeviceBox& box, const PixelRect& bitmap) {
   const auto origin = [](double low, double high, double from, double to) {
@@ -181,25 +201,31 @@ void setOrigin(StrokeOutline& outline, const DeviceBox& box, const PixelRect& bi
   outline.originY = origin(box.minY, box.maxY, bitmap.y0, bitmap.y1);
 }
 
-DeviceBox boxOf(const StrokeOutline& outline, const Kernels& kernels) {
-  constexpr double infinity = std::numeric_limits<double>::infinity();
-  DeviceBox box{infinity, infinity, -infinity, -infinity};
-  bool hasNaN = false;
-  const auto add = [&](const OutlineSide& side, std::size_t begin, std::size_t end) {
+DeviceBox boxOf(StrokeOutline& outline, const Kernels& kernels) {
+  constexpr float infinity = std::numeric_limits<float>::infinity();
+  CornerBox box{infinity, infinity, -infinity, -infinity, false};
+  const auto add = [&](const OutlineSide& side) {
+    constexpr std::size_t from = OutlineSide::kMargin;
     const CornerBox part =
-        kernels.boxCorners(side.x.data() + begin, side.y.data() + begin, end - begin);
-    box.minX = std::min(box.minX, part.minX + outline.originX);
-    box.minY = std::min(box.minY, part.minY + outline.originY);
-    box.maxX = std::max(box.maxX, part.maxX + outline.originX);
-    box.maxY = std::max(box.maxY, part.maxY + outline.originY);
-    hasNaN = hasNaN || part.hasNaN;
+        kernels.boxCorners(side.x.data() + from, side.y.data() + from, side.count - from);
+    box = {std::min(box.minX, part.minX), std::min(box.minY, part.minY),
+           std::max(box.maxX, part.maxX), std::max(box.maxY, part.maxY), box.hasNaN || part.hasNaN};
   };
-  for (const StrokeOutline::Contour& c : outline.contours) {
-    add(outline.left, c.leftBegin, c.leftEnd);
-    if (c.rightBegin < c.rightEnd) add(outline.right, c.rightBegin, c.rightEnd);
+  // Corners that belong to no contour lie on the area of one.
+  add(outline.left);
+  add(outline.right);
+  if (box.hasNaN) return {NAN, NAN, NAN, NAN};
+  if (std::max(std::max(-box.minX, -box.minY), std::max(box.maxX, box.maxY)) > kFarthest) {
+    for (OutlineSide* side : {&outline.left, &outline.right}) {
+      for (float& v : side->x) v = std::clamp(v, -kFarthest, kFarthest);
+      for (float& v : side->y) v = std::clamp(v, -kFarthest, kFarthest);
+    }
+    for (float* v : {&box.minX, &box.minY, &box.maxX, &box.maxY}) {
+      *v = std::clamp(*v, -kFarthest, kFarthest);
+    }
   }
-  if (hasNaN) return {NAN, NAN, NAN, NAN};
-  return box;
+  return {box.minX + outline.originX, box.minY + outline.originY, box.maxX + outline.originX,
+          box.maxY + outline.originY};
 }
 
 void edgesOfOutline(StrokeOutline& outline, const DeviceBox& box, const PixelRect& region,

@@ -9,16 +9,9 @@ using namespace pen;
 
 namespace {
 
-// Beyond this many pixels only the direction counts.
-constexpr double kFarthest = 1e9;
-
 // Two directions whose offsets lie this near to each other meet without a join, in parts of the
 // tolerance.
 constexpr double kSmoothPart = 0.5;
-
-float nearby(double v) {
-  return static_cast<float>(std::clamp(v, -kFarthest, kFarthest));
-}
 
 }  // namespace
 
@@ -42,22 +35,22 @@ CGLineCap StrokePen::foldStyle() const {
   return style_.join == CGLineJoin::round ? CGLineCap::round : CGLineCap::butt;
 }
 
-void StrokePen::put(OutlineSide& side, Vector p) const {
+inline void StrokePen::put(OutlineSide& side, Vector p) const {
   if (onDevice_) {
-    side.put(nearby(p.x - out_.originX), nearby(p.y - out_.originY));
+    side.put(static_cast<float>(p.x - out_.originX), static_cast<float>(p.y - out_.originY));
     return;
   }
   const CGPoint q = CGPointApplyAffineTransform({p.x, p.y}, toOutline_);
-  side.put(nearby(q.x), nearby(q.y));
+  side.put(static_cast<float>(q.x), static_cast<float>(q.y));
+}
+
+inline void StrokePen::bothSides(Vector at, Vector offset) const {
+  put(out_.left, at + offset);
+  put(out_.right, at - offset);
 }
 
 void StrokePen::across(Vector at, Vector direction) const {
   bothSides(at, leftOf(direction) * half_);
-}
-
-void StrokePen::bothSides(Vector at, Vector offset) const {
-  put(out_.left, at + offset);
-  put(out_.right, at - offset);
 }
 
 void StrokePen::join(Vector at, const SegmentEnd& in, const SegmentEnd& out) const {

@@ -38,6 +38,9 @@ class RingWriter : public CuttingWriter {
               static_cast<float>(region.height() + beyond), static_cast<float>(-beyond)};
   }
 
+  /// How many corners stand one ring after another, where nothing was cut.
+  std::size_t keptCorners() const { return corners_; }
+
   void contour(const StrokeOutline::Contour& c) {
     const Stretch left{&outline_.left, c.leftBegin, c.leftEnd, false};
     const Stretch right{&outline_.right, c.rightBegin, c.rightEnd, true};
@@ -68,21 +71,22 @@ class RingWriter : public CuttingWriter {
     const std::size_t masks = (first.size() + kEight - 1) / kEight;
     const bool firstLeaves = place(first, 0, 0);
     const bool secondLeaves = second.size() > 0 && place(second, first.size(), masks);
-    out_.cornerX[corners] = out_.cornerX[0];
-    out_.cornerY[corners] = out_.cornerY[0];
+    out_.cornerX[corners_ + corners] = out_.cornerX[corners_];
+    out_.cornerY[corners_ + corners] = out_.cornerY[corners_];
     if (firstLeaves || secondLeaves) {
       cutRing(first, second);
     } else {
       join(0, corners);
     }
+    if (isWhole_) corners_ += corners + 1;
   }
 
   // True when a corner lies too far outside the region.
   bool place(const Stretch& s, std::size_t to, std::size_t mask) {
     std::uint8_t* outside = outline_.outside.data() + mask;
-    kernels_.placeCorners(s.side->x.data() + s.begin, s.side->y.data() + s.begin, s.size(),
-                          s.backwards, frame_,
-                          {out_.cornerX.data() + to, out_.cornerY.data() + to, outside});
+    kernels_.placeCorners(
+        s.side->x.data() + s.begin, s.side->y.data() + s.begin, s.size(), s.backwards, frame_,
+        {out_.cornerX.data() + corners_ + to, out_.cornerY.data() + corners_ + to, outside});
     if (isWhole_) return false;
     unsigned any = 0;
     for (std::size_t i = 0; i < (s.size() + kEight - 1) / kEight; ++i) any |= outside[i];
@@ -92,8 +96,9 @@ class RingWriter : public CuttingWriter {
   // Edges of the placed corners `first` to `last`.
   void join(std::size_t first, std::size_t last) {
     makeRoom(last - first + kEight);
-    runs_ += 2 * kernels_.joinCorners(out_.cornerX.data() + first, out_.cornerY.data() + first,
-                                      last - first + 1, out_.storage.data() + count_);
+    runs_ += 2 * kernels_.joinCorners(out_.cornerX.data() + corners_ + first,
+                                      out_.cornerY.data() + corners_ + first, last - first + 1,
+                                      out_.storage.data() + count_);
     count_ += last - first;
   }
 
@@ -135,12 +140,12 @@ class RingWriter : public CuttingWriter {
 
   // Whole eights are written.
   void makeCornerRoom(std::size_t corners) {
-    const std::size_t wanted = corners + 2 * kEight;
+    const std::size_t wanted = corners_ + corners + 2 * kEight;
     if (out_.cornerX.size() < wanted) {
       out_.cornerX.resize(2 * wanted);
       out_.cornerY.resize(2 * wanted);
     }
-    const std::size_t masks = wanted / kEight + 2;  // of two stretches
+    const std::size_t masks = corners / kEight + 4;  // of two stretches
     if (outline_.outside.size() < masks) outline_.outside.resize(2 * masks);
   }
 
@@ -149,6 +154,7 @@ class RingWriter : public CuttingWriter {
   const Kernels& kernels_;
   StrokeOutline& outline_;
   bool isWhole_;
+  std::size_t corners_ = 0;  // kept
   CornerFrame frame_;
 };
 
@@ -182,6 +188,35 @@ int windingOf(std::span<const Edge> edges, int rows, std::vector<int>& units) {
     most = std::max(most, std::max(up, down));
   }
   return (most + kUnitsPerPixel - 1) >> kUnitShift;
+}
+
+// The same for rings of corners one after another, with the runs downwards of eight lines at once
+// counted in all rows that these reach: more than there is, but nearly always little enough.
+int roughWindingOf(std::int32_t* y, std::size_t corners, int rows, std::vector<int>& changes) {
+  changes.assign(static_cast<std::size_t>(rows) + 2, 0);
+  const int bottom = rows * kUnitsPerPixel;
+  // Whole eights, the last one filled up with level lines.
+  std::fill_n(y + corners, 8, y[corners - 1]);
+  for (std::size_t i = 0; i + 1 < corners; i += 8) {
+    const std::int32_t* at = y + i;
+    int top = at[0];
+    int foot = at[0];
+    int runs = at[1] > at[0] ? 1 : 0;
+    for (int k = 1; k <= 8; ++k) {
+      top = std::min(top, at[k]);
+      foot = std::max(foot, at[k]);
+    }
+    for (int k = 1; k < 8; ++k) runs += (at[k + 1] > at[k] ? 1 : 0) & (at[k] > at[k - 1] ? 0 : 1);
+    const auto rowOf = [&](int height) {
+      return static_cast<std::size_t>(std::clamp(height, 0, bottom) >> kUnitShift);
+    };
+    changes[rowOf(top)] += runs;
+    changes[rowOf(foot) + 1] -= runs;
+  }
+  int most = 0;
+  int now = 0;
+  for (const int change : changes) most = std::max(most, now += change);
+  return most;
 }
 
 }  // namespace
@@ -230,15 +265,21 @@ DeviceBox boxOf(StrokeOutline& outline, const Kernels& kernels) {
 
 void edgesOfOutline(StrokeOutline& outline, const DeviceBox& box, const PixelRect& region,
                     const Kernels& kernels, EdgeList& out) {
+  std::size_t placed = 0;
   {
     RingWriter writer(out, region, box, outline, kernels);
     for (const StrokeOutline::Contour& c : outline.contours) writer.contour(c);
+    placed = writer.keptCorners();
   }
   // A stroke has a run on either side of each of the path's, but they seldom lie abreast.
-  if (out.verticalRuns / 2 > kNarrowWindingLimit) {
-    out.verticalRuns =
-        std::min(out.verticalRuns, 2 * windingOf(out.edges(), region.height(), outline.rowUnits));
+  const auto lower = [&](int winding) {
+    out.verticalRuns = std::min(out.verticalRuns, 2 * winding);
+  };
+  const auto isHigh = [&] { return out.verticalRuns / 2 > kNarrowWindingLimit; };
+  if (isHigh() && placed > 0) {
+    lower(roughWindingOf(out.cornerY.data(), placed, region.height(), outline.rowUnits));
   }
+  if (isHigh()) lower(windingOf(out.edges(), region.height(), outline.rowUnits));
 }
 
 }  // namespace glyphwright::raster

@@ -14,8 +14,8 @@ constexpr std::size_t kDenseCells = 128 * 144;
 constexpr std::size_t kBandCells = 48 * 1024;
 constexpr int kLeastBandRows = 32;
 
-// Rows that are painted by turns, as much as the nearest cache takes.
-constexpr std::size_t kTurnBytes = 32 * 1024;
+// Rows that are painted by turns: few enough to stay in the near caches, as many as that allows.
+constexpr std::size_t kTurnBytes = 128 * 1024;
 
 // Sums a shape's rows on demand, from top to bottom, a band of them at a time.
 template <typename Cell>

@@ -5,9 +5,9 @@
 
 #include <glyphwright/platform/graphics_context.h>
 #include <glyphwright/platform/math.h>
+#include <glyphwright/platform/path_shapes.h>
 #include <glyphwright/platform/raster/gradient_source.h>
 #include <glyphwright/platform/raster/image_source.h>
-#include <glyphwright/platform/raster/stroke.h>
 
 namespace glyphwright {
 
@@ -15,7 +15,6 @@ using raster::DeviceBox;
 using raster::FillRule;
 using raster::Paint;
 using raster::PixelRect;
-using raster::Scratch;
 
 namespace {
 
@@ -23,72 +22,9 @@ CGFloat unit(CGFloat value) {
   return value > 0 ? std::min(value, CGFloat{1}) : 0;
 }
 
-Paint solidPaint(const CGColor& color, CGFloat alpha) {
-  Paint paint;
-  paint.color = raster::solidColor(color.red(), color.green(), color.blue(), color.alpha() * alpha);
-  return paint;
-}
-
 FillRule ruleOf(bool evenOdd) {
   return evenOdd ? FillRule::evenOdd : FillRule::nonZero;
 }
-
-// A path filled in device pixels.
-class FilledShape final : public CGContext::Shape {
- public:
-  FilledShape(const CGPath& path, const CGAffineTransform& toDevice, FillRule fillRule)
-      : path_(path) {
-    box = raster::mapPoints(path, toDevice, raster::threadScratch().devicePoints);
-    rule = fillRule;
-  }
-  void edges(const PixelRect& region, Scratch& scratch) const override {
-    raster::edgesOfPath(path_, scratch.devicePoints, box, region, raster::kFillTolerance,
-                        *scratch.kernels, scratch.edges);
-  }
-
- private:
-  const CGPath& path_;
-};
-
-DeviceBox mapped(const DeviceBox& box, const CGAffineTransform& ctm) {
-  const CGRect to = CGRectApplyAffineTransform(
-      {box.minX, box.minY, box.maxX - box.minX, box.maxY - box.minY}, ctm);
-  return {CGRectGetMinX(to), CGRectGetMinY(to), CGRectGetMaxX(to), CGRectGetMaxY(to)};
-}
-
-// The area of a stroke, as an outline in the scratch.
-class StrokedShape final : public CGContext::Shape {
- public:
-  StrokedShape(const CGPath& path, const StrokeStyle& style, const CGAffineTransform& ctm,
-               const PixelRect& bitmap) {
-    Scratch& scratch = raster::threadScratch();
-    box.minX = NAN;
-    if (!(style.width >= 0) || !std::isfinite(style.width)) return;
-    // Under a turn, a mirror or one scale for both axes the pen stays a circle on the device.
-    const double scaleSquare = ctm.a * ctm.a + ctm.b * ctm.b;
-    const double skew = ctm.a * ctm.c + ctm.b * ctm.d;
-    const double other = ctm.c * ctm.c + ctm.d * ctm.d;
-    const bool isSimilar = std::fabs(skew) <= 1e-9 * scaleSquare &&
-                           std::fabs(scaleSquare - other) <= 1e-9 * scaleSquare;
-    const bool onDevice = isSimilar || style.width == 0;
-    const DeviceBox points =
-        raster::mapPoints(path, onDevice ? ctm : CGAffineTransformIdentity, scratch.devicePoints);
-    const double width =
-        style.width == 0 ? 1 : style.width * (onDevice ? std::sqrt(scaleSquare) : 1);
-    if (!(points.maxX >= points.minX) || !(width > 0) || !std::isfinite(width)) return;
-    const double stretch = onDevice ? 1 : std::sqrt(std::max(scaleSquare, other));
-    if (!(stretch > 0)) return;
-    raster::setOrigin(scratch.outline, onDevice ? points : mapped(points, ctm), bitmap);
-    raster::strokeOutline(path, scratch.devicePoints,
-                          {width, style, raster::kStrokeTolerance / stretch,
-                           onDevice ? CGAffineTransformIdentity : ctm},
-                          *scratch.kernels, scratch.outline);
-    box = raster::boxOf(scratch.outline, *scratch.kernels);
-  }
-  void edges(const PixelRect& region, Scratch& scratch) const override {
-    raster::edgesOfOutline(scratch.outline, region, *scratch.kernels, scratch.edges);
-  }
-};
 
 void fillDevicePath(CGContextRef context, FillRule rule) {
   if (context == nullptr) return;
@@ -97,7 +33,8 @@ void fillDevicePath(CGContextRef context, FillRule rule) {
   const Paint paint = solidPaint(context->state.fillColor, context->state.alpha);
   if (paint.isClear() || context->state.clip.bounds.isEmpty()) return;
   context->prepareClip();
-  context->paintShape(FilledShape(path, CGAffineTransformIdentity, rule), paint);
+  context->paintShape(FilledShape(path, CGAffineTransformIdentity, rule, raster::threadScratch()),
+                      paint);
 }
 
 void clipToPendingPath(CGContextRef context, FillRule rule) {
@@ -229,7 +166,8 @@ void CGContextFillPath(CGContextRef context, const CGPath& path, bool evenOdd) {
   const Paint paint = solidPaint(context->state.fillColor, context->state.alpha);
   if (paint.isClear() || path.isEmpty() || context->state.clip.bounds.isEmpty()) return;
   context->prepareClip();
-  context->paintShape(FilledShape(path, context->state.ctm, ruleOf(evenOdd)), paint);
+  context->paintShape(
+      FilledShape(path, context->state.ctm, ruleOf(evenOdd), raster::threadScratch()), paint);
 }
 
 void CGContextStrokePath(CGContextRef context, const CGPath& path, const StrokeStyle& style) {
@@ -238,7 +176,8 @@ void CGContextStrokePath(CGContextRef context, const CGPath& path, const StrokeS
   const Paint paint = solidPaint(context->state.strokeColor, context->state.alpha);
   if (paint.isClear() || path.isEmpty() || context->state.clip.bounds.isEmpty()) return;
   context->prepareClip();
-  const StrokedShape shape(path, style, context->state.ctm, context->bounds);
+  const StrokedShape shape(path, style, context->state.ctm, context->bounds,
+                           raster::threadScratch());
   context->paintShape(shape, paint);
 }
 
@@ -271,7 +210,8 @@ void CGContextFillRect(CGContextRef context, const CGRect& rect) {
   CGPath path;
   path.addRect(rect);
   context->prepareClip();
-  context->paintShape(FilledShape(path, state.ctm, FillRule::nonZero), paint);
+  context->paintShape(FilledShape(path, state.ctm, FillRule::nonZero, raster::threadScratch()),
+                      paint);
 }
 
 void CGContextClipToRect(CGContextRef context, const CGRect& rect) {
@@ -328,7 +268,8 @@ void contexts::fillWithLinearGradient(CGContext& context, const CGPath& path, bo
   const Paint paint = sourcePaint(source, context.state.alpha);
   if (paint.isClear()) return;
   context.prepareClip();
-  context.paintShape(FilledShape(path, context.state.ctm, ruleOf(evenOdd)), paint);
+  context.paintShape(FilledShape(path, context.state.ctm, ruleOf(evenOdd), raster::threadScratch()),
+                     paint);
 }
 
 void CGContextDrawRadialGradient(CGContextRef context, const CGGradient& gradient, CGPoint center,

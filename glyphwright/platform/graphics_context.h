@@ -77,6 +77,9 @@ void fillWithLinearGradient(CGContext& context, const CGPath& path, bool evenOdd
                             const CGGradient& gradient, CGPoint start, CGPoint end,
                             CGGradientDrawingOptions options);
 
+/// The same as filling the path with the fill colour and then stroking it with the stroke colour.
+void fillAndStroke(CGContext& context, const CGPath& path, bool evenOdd, const StrokeStyle& style);
+
 /// Paints, inside the path only, the shadow of all that filling it even-odd would leave. False, and
 /// nothing done, when the path reaches far beyond the clip's bounds.
 bool castInsetShadow(CGContext& context, const CGPath& path, bool evenOdd,

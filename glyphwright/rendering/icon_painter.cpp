@@ -83,11 +83,19 @@ void fillShape(CGContextRef context, const UIBezierPath& path, const IconPaint& 
   CGContextFillPath(context, path.cgPath(), true);
 }
 
+StrokeStyle outlineStyle(const UIBezierPath& path, const IconPaint& paint) {
+  return {paint.strokeWidth, path.lineCapStyle(), path.lineJoinStyle(), path.miterLimit()};
+}
+
 void outlineShape(CGContextRef context, const UIBezierPath& path, const IconPaint& paint) {
   if (paint.strokeColor) CGContextSetStrokeColor(context, *paint.strokeColor);
-  CGContextStrokePath(
-      context, path.cgPath(),
-      {paint.strokeWidth, path.lineCapStyle(), path.lineJoinStyle(), path.miterLimit()});
+  CGContextStrokePath(context, path.cgPath(), outlineStyle(path, paint));
+}
+
+void fillAndOutlineShape(CGContextRef context, const UIBezierPath& path, const IconPaint& paint) {
+  if (paint.fill) CGContextSetFillColor(context, *paint.fill);
+  if (paint.strokeColor) CGContextSetStrokeColor(context, *paint.strokeColor);
+  contexts::fillAndStroke(*context, path.cgPath(), true, outlineStyle(path, paint));
 }
 
 // The fitted path: fill, inset shadow, outline, and the drop shadow that they cast together.
@@ -109,9 +117,13 @@ void paintShape(CGContextRef context, const UIBezierPath& path, const IconPaint&
     CGContextSetShadowWithColor(context, shadow->offset, shadow->blur, shadow->color);
   }
   if (grouped) CGContextBeginTransparencyLayer(context);
-  if (fill) fillShape(context, path, paint);
-  if (inset) drawInsetShadow(context, path, *paint.insetShadow);
-  if (outline) outlineShape(context, path, paint);
+  if (fill && outline && !inset && !paint.gradient) {
+    fillAndOutlineShape(context, path, paint);
+  } else {
+    if (fill) fillShape(context, path, paint);
+    if (inset) drawInsetShadow(context, path, *paint.insetShadow);
+    if (outline) outlineShape(context, path, paint);
+  }
   if (grouped) CGContextEndTransparencyLayer(context);
   if (casts) CGContextRestoreGState(context);
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <variant>
 
 namespace glyphwright::raster {
 namespace {
@@ -13,79 +14,74 @@ constexpr std::size_t kDenseCells = 128 * 144;
 constexpr std::size_t kBandCells = 48 * 1024;
 constexpr int kLeastBandRows = 32;
 
+// Rows that are painted by turns: few enough to stay in the near caches, as many as that allows.
+constexpr std::size_t kTurnBytes = 128 * 1024;
+
+// Sums a shape's rows on demand, from top to bottom, a band of them at a time.
 template <typename Cell>
-struct Sweeper {
-  const EdgeList& edges;
-  FillRule rule;
-  Scratch& scratch;
-  RowSink& sink;
+class Sweeper {
+ public:
+  explicit Sweeper(const Sweep& shape)
+      : edges_(shape.edges), rule_(shape.rule), scratch_(shape.scratch), sink_(shape.sink) {
+    const bool isDense = stride_ * static_cast<std::size_t>(height_) <= kDenseCells;
+    bandRows_ =
+        isDense
+            ? height_
+            : std::min(height_, std::max(static_cast<int>(kBandCells / stride_), kLeastBandRows));
+    const std::size_t cells = stride_ * static_cast<std::size_t>(bandRows_);
+    // The last row is set back to zero as far as the others, into the left of the next one.
+    const std::size_t wanted = cells + static_cast<std::size_t>(left_);
+    if (memory().size() < wanted) memory().resize(wanted);
+    if (scratch_.coverage.size() < stride_) scratch_.coverage.resize(stride_);
+    band_ = {memory().data(), stride_, nullptr, 0, 0};
+    if (isDense) return;
+    scratch_.touched.assign(cells / kBlock + kTouchedMargin, 0);
+    band_.touched = scratch_.touched.data();
+    if (bandRows_ < height_) sortByBand((height_ + bandRows_ - 1) / bandRows_);
+  }
 
-  int width = edges.region.width();
-  int height = edges.region.height();
-  std::size_t stride = cellStride(width);
-  int bandRows = std::max(static_cast<int>(kBandCells / stride), kLeastBandRows);
+  /// Hands on all rows above `row`, counted from the region's top, that have not been.
+  void emitUntil(int row) {
+    row = std::min(row, height_);
+    while (done_ < row) {
+      if (done_ == band_.firstRow + band_.rows) openBand();
+      const int until = std::min(row, band_.firstRow + band_.rows);
+      emit(until - done_);
+      done_ = until;
+    }
+  }
 
-  LineVector<Cell>& cells() {
+ private:
+  LineVector<Cell>& memory() {
     if constexpr (sizeof(Cell) == 2) {
-      return scratch.narrowCells;
+      return scratch_.narrowCells;
     } else {
-      return scratch.wideCells;
+      return scratch_.wideCells;
     }
   }
 
   int sum(Cell* from, std::size_t count, int carry, std::uint16_t* out) const {
     if constexpr (sizeof(Cell) == 2) {
-      return scratch.kernels->sumNarrow(from, count, carry, rule, out);
+      return scratch_.kernels->sumNarrow(from, count, carry, rule_, out);
     } else {
-      return scratch.kernels->sumWide(from, count, carry, rule, out);
-    }
-  }
-
-  CellBand<Cell> band(int rows) {
-    if (cells().size() < stride * static_cast<std::size_t>(rows)) {
-      cells().resize(stride * static_cast<std::size_t>(rows));
-    }
-    if (scratch.coverage.size() < stride) scratch.coverage.resize(stride);
-    return {cells().data(), stride, nullptr, 0, rows};
-  }
-
-  // Hands the band over as cells where the sink takes them.
-  bool emitCells(const CellBand<Cell>& current) {
-    if constexpr (sizeof(Cell) == 2) {
-      return sink.cells(
-          edges.region.y0 + current.firstRow,
-          {current.cells, stride, current.touched, static_cast<std::size_t>(current.rows),
-           static_cast<std::size_t>(width), rule});
-    } else {
-      return false;
-    }
-  }
-
-  void dense() {
-    const CellBand<Cell> all = band(height);
-    accumulate<Cell>(edges.edges(), all, *scratch.kernels);
-    if (emitCells(all)) return;
-    const CoverageSpan span{0, width, CoverageSpan::kVaries};
-    std::uint16_t* coverage = scratch.coverage.data();
-    for (int row = 0; row < height; ++row) {
-      sum(all.cells + static_cast<std::size_t>(row) * stride, stride, 0, coverage);
-      sink.row({edges.region.y0 + row, {&span, 1}, coverage});
+      return scratch_.kernels->sumWide(from, count, carry, rule_, out);
     }
   }
 
   // Orders the edges by the band in which they start; level ones come last.
   void sortByBand(int bands) {
-    auto& starts = scratch.bandStarts;
+    auto& starts = scratch_.bandStarts;
     starts.assign(static_cast<std::size_t>(bands) + 2, 0);
     const auto bandOf = [this, bands](const Edge& e) {
-      const int band = std::min(e.y0, e.y1) / (bandRows * kUnitsPerPixel);
+      const int band = std::min(e.y0, e.y1) / (bandRows_ * kUnitsPerPixel);
       return static_cast<std::size_t>(e.y0 == e.y1 ? bands : band);
     };
-    for (const Edge& e : edges.edges()) ++starts[bandOf(e) + 1];
+    for (const Edge& e : edges_.edges()) ++starts[bandOf(e) + 1];
     for (std::size_t b = 1; b < starts.size(); ++b) starts[b] += starts[b - 1];
-    scratch.sortedEdges.resize(edges.count);
-    for (const Edge& e : edges.edges()) scratch.sortedEdges[starts[bandOf(e)]++] = e;
+    scratch_.sortedEdges.resize(edges_.count);
+    for (const Edge& e : edges_.edges()) scratch_.sortedEdges[starts[bandOf(e)]++] = e;
     // Each start has moved to its band's end, which is the next band's start.
+    scratch_.activeEdges.clear();
   }
 
   // Drops the edges that end above a row. Which do nobody can foretell, so all are written.
@@ -98,43 +94,77 @@ struct Sweeper {
     active.resize(kept);
   }
 
-  void paintBand(const CellBand<Cell>& current, std::span<const Edge> inBand) {
-    accumulate<Cell>(inBand, current, *scratch.kernels);
-    if (!emitCells(current)) {
-      for (int row = 0; row < current.rows; ++row) emitRow(current, row);
+  // Accumulates the rows that come next.
+  void openBand() {
+    band_.firstRow = done_;
+    band_.rows = std::min(bandRows_, height_ - done_);
+    std::span<const Edge> inBand = edges_.edges();
+    if (bandRows_ < height_) {
+      auto& active = scratch_.activeEdges;
+      keepBelow(active, done_);
+      const std::size_t end = scratch_.bandStarts[static_cast<std::size_t>(done_ / bandRows_)];
+      active.insert(active.end(),
+                    scratch_.sortedEdges.cbegin() + static_cast<std::ptrdiff_t>(next_),
+                    scratch_.sortedEdges.cbegin() + static_cast<std::ptrdiff_t>(end));
+      next_ = end;
+      inBand = active;
     }
-    std::fill_n(current.touched, stride / kBlock * static_cast<std::size_t>(current.rows), 0);
+    accumulate<Cell>(inBand, band_, *scratch_.kernels);
+    if (left_ > 0) carryIn();
   }
 
-  void banded() {
-    CellBand<Cell> current = band(std::min(bandRows, height));
-    const std::size_t blocks = stride / kBlock * static_cast<std::size_t>(current.rows);
-    scratch.touched.assign(blocks + kTouchedMargin, 0);
-    current.touched = scratch.touched.data();
-    if (height <= bandRows) return paintBand(current, edges.edges());
-
-    const int bands = (height + bandRows - 1) / bandRows;
-    sortByBand(bands);
-    auto& active = scratch.activeEdges;
-    active.clear();
-    auto next = scratch.sortedEdges.cbegin();
-    for (int b = 0; b < bands; ++b) {
-      current.firstRow = b * bandRows;
-      current.rows = std::min(bandRows, height - current.firstRow);
-      const auto end =
-          scratch.sortedEdges.cbegin() + scratch.bandStarts[static_cast<std::size_t>(b)];
-      active.insert(active.end(), next, end);
-      next = end;
-      paintBand(current, active);
-      keepBelow(active, current.firstRow + bandRows);
+  // Adds up what lies left of the region, in the first cell inside.
+  void carryIn() {
+    const auto left = static_cast<std::size_t>(left_);
+    for (int row = 0; row < band_.rows; ++row) {
+      Cell* cells = band_.cells + static_cast<std::size_t>(row) * stride_;
+      int sum = cells[left];
+      for (std::size_t i = 0; i < left; ++i) sum += cells[i];
+      std::fill_n(cells, left, Cell{0});
+      cells[left] = static_cast<Cell>(sum);
+      if (band_.touched != nullptr) {
+        std::uint8_t* touched = band_.touched + static_cast<std::size_t>(row) * (stride_ / kBlock);
+        touched[left / kBlock] |= touched[left / kBlock - 1];
+      }
     }
   }
 
-  void emitRow(const CellBand<Cell>& current, int row) {
-    Cell* from = current.cells + static_cast<std::size_t>(row) * stride;
-    const int blocks = static_cast<int>(stride) / kBlock;
-    const std::uint8_t* touched = current.touched + row * blocks;
-    spans.clear();
+  // Hands on the next rows of the band: as cells where the sink takes them.
+  void emit(int rows) {
+    const auto first = static_cast<std::size_t>(done_ - band_.firstRow);
+    const std::size_t blocks = stride_ / kBlock;
+    std::uint8_t* touched = band_.touched == nullptr ? nullptr : band_.touched + first * blocks;
+    Cell* cells = band_.cells + first * stride_ + left_;
+    std::uint8_t* inside = touched == nullptr ? nullptr : touched + left_ / kBlock;
+    if (!emitCells(cells, inside, rows)) {
+      for (int row = 0; row < rows; ++row) {
+        const auto at = static_cast<std::size_t>(row);
+        emitRow(cells + at * stride_, inside == nullptr ? nullptr : inside + at * blocks,
+                edges_.region.y0 + done_ + row);
+      }
+    }
+    if (touched != nullptr) std::fill_n(touched, blocks * static_cast<std::size_t>(rows), 0);
+  }
+
+  bool emitCells(Cell* cells, const std::uint8_t* touched, int rows) {
+    if constexpr (sizeof(Cell) == 2) {
+      return sink_.cells(edges_.region.y0 + done_,
+                         {cells, stride_, touched, static_cast<std::size_t>(rows),
+                          static_cast<std::size_t>(width_), rule_});
+    } else {
+      return false;
+    }
+  }
+
+  void emitRow(Cell* from, const std::uint8_t* touched, int y) {
+    spans_.clear();
+    const int blocks = (static_cast<int>(stride_) - left_) / kBlock;
+    if (touched == nullptr) {
+      sum(from, static_cast<std::size_t>(blocks) * kBlock, 0, scratch_.coverage.data());
+      addSpan(0, blocks, CoverageSpan::kVaries);
+      sink_.row({y, spans_, scratch_.coverage.data()});
+      return;
+    }
     int carry = 0;
     int block = 0;
     while (block < blocks) {
@@ -146,12 +176,12 @@ struct Sweeper {
       if (touchedTo > touchedFrom) {
         const auto at = static_cast<std::size_t>(touchedFrom) * kBlock;
         carry = sum(from + at, static_cast<std::size_t>(touchedTo - touchedFrom) * kBlock, carry,
-                    scratch.coverage.data() + at);
+                    scratch_.coverage.data() + at);
         addSpan(touchedFrom, touchedTo, CoverageSpan::kVaries);
       }
       block = touchedTo;
     }
-    sink.row({edges.region.y0 + current.firstRow + row, spans, scratch.coverage.data()});
+    sink_.row({y, spans_, scratch_.coverage.data()});
   }
 
   // The coverage that a running sum stands for.
@@ -159,17 +189,17 @@ struct Sweeper {
     Cell none = 0;
     std::uint16_t level = 0;
     if constexpr (sizeof(Cell) == 2) {
-      scalarKernels().sumNarrow(&none, 1, carry, rule, &level);
+      scalarKernels().sumNarrow(&none, 1, carry, rule_, &level);
     } else {
-      scalarKernels().sumWide(&none, 1, carry, rule, &level);
+      scalarKernels().sumWide(&none, 1, carry, rule_, &level);
     }
     return level;
   }
 
   void addSpan(int fromBlock, int toBlock, int constant) {
     const int x0 = fromBlock * kBlock;
-    const int x1 = std::min(toBlock * kBlock, width);
-    if (x0 < x1) spans.push_back({x0, x1, constant});
+    const int x1 = std::min(toBlock * kBlock, width_);
+    if (x0 < x1) spans_.push_back({x0, x1, constant});
   }
 
   // The first block from `from` on that is not `set`.
@@ -184,28 +214,54 @@ struct Sweeper {
     return blocks;
   }
 
-  std::vector<CoverageSpan> spans = {};
+  const EdgeList& edges_;
+  FillRule rule_;
+  Scratch& scratch_;
+  RowSink& sink_;
+  int width_ = edges_.region.width();
+  int height_ = edges_.region.height();
+  int left_ = edges_.beyondLeft;
+  std::size_t stride_ = cellStride(left_ + width_ + edges_.beyondRight);
+  int bandRows_;
+  CellBand<Cell> band_;
+  int done_ = 0;          // rows
+  std::size_t next_ = 0;  // of the sorted edges
+  std::vector<CoverageSpan> spans_;
 };
 
-template <typename Cell>
-void sweepWith(const EdgeList& edges, FillRule rule, Scratch& scratch, RowSink& sink) {
-  Sweeper<Cell> sweeper{edges, rule, scratch, sink};
-  if (sweeper.stride * static_cast<std::size_t>(sweeper.height) <= kDenseCells) {
-    sweeper.dense();
-  } else {
-    sweeper.banded();
+using AnySweeper = std::variant<Sweeper<std::int16_t>, Sweeper<std::int32_t>>;
+
+AnySweeper sweeperOf(const Sweep& shape) {
+  if (shape.edges.verticalRuns / 2 <= kNarrowWindingLimit) {
+    return AnySweeper(std::in_place_index<0>, shape);
   }
+  return AnySweeper(std::in_place_index<1>, shape);
+}
+
+void emitUntil(AnySweeper& sweeper, int row) {
+  std::visit([row](auto& any) { any.emitUntil(row); }, sweeper);
 }
 
 }  // namespace
 
 void sweep(const EdgeList& edges, FillRule rule, Scratch& scratch, RowSink& sink) {
   if (edges.region.isEmpty()) return;
-  if (edges.verticalRuns / 2 <= kNarrowWindingLimit) {
-    sweepWith<std::int16_t>(edges, rule, scratch, sink);
-  } else {
-    sweepWith<std::int32_t>(edges, rule, scratch, sink);
+  AnySweeper sweeper = sweeperOf({edges, rule, scratch, sink});
+  emitUntil(sweeper, edges.region.height());
+}
+
+void sweepByTurns(const Sweep& below, const Sweep& above) {
+  const PixelRect& first = below.edges.region;
+  const PixelRect& second = above.edges.region;
+  AnySweeper lower = sweeperOf(below);
+  AnySweeper upper = sweeperOf(above);
+  const auto rowBytes = static_cast<std::size_t>(std::max(first.width(), second.width())) * 4;
+  const int turn = std::max(static_cast<int>(kTurnBytes / rowBytes), 1);
+  for (int y = first.y0; y < first.y1; y += turn) {
+    emitUntil(lower, y + turn - first.y0);
+    emitUntil(upper, y + turn - second.y0);
   }
+  emitUntil(upper, second.height());
 }
 
 }  // namespace glyphwright::raster

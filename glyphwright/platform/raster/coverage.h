@@ -47,4 +47,17 @@ class RowSink {
 /// summed whole; large ones in bands of rows, skipping the blocks that no edge touches.
 void sweep(const EdgeList& edges, FillRule rule, Scratch& scratch, RowSink& sink);
 
+/// A shape to be swept. The scratch's edges may be the shape's own.
+struct Sweep {
+  const EdgeList& edges;
+  FillRule rule;
+  Scratch& scratch;
+  RowSink& sink;
+};
+
+/// Sweeps two shapes, neither with an empty region and each with a scratch of its own, a few rows
+/// at a time: of any row the one below comes first, and what it has written is still at hand when
+/// the one above is painted over it.
+void sweepByTurns(const Sweep& below, const Sweep& above);
+
 }  // namespace glyphwright::raster

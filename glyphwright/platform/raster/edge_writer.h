@@ -17,6 +17,7 @@ class EdgeWriter {
         width_(region.width()),
         height_(region.height()) {
     out.region = region;
+    out.beyondLeft = out.beyondRight = 0;
   }
   EdgeWriter(const EdgeWriter&) = delete;
   EdgeWriter& operator=(const EdgeWriter&) = delete;

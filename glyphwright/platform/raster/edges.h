@@ -14,6 +14,10 @@ namespace glyphwright::raster {
 /// The edges of one shape, relative to the pixels it may touch.
 struct EdgeList {
   PixelRect region;
+  /// How many pixels edges may reach beyond the region's sides; x counts from the farthest to the
+  /// left. Above and below they may reach beyond it as they like.
+  int beyondLeft = 0;  // whole blocks
+  int beyondRight = 0;
   std::vector<Edge> storage;  // grows only; the first `count` are in use
   std::size_t count = 0;
   /// What stands between a path and its edges, likewise only growing. Each contour ends where it

@@ -250,6 +250,12 @@ struct Kernels {
   /// The same along a row; `in` begins `reach` values before the first result's.
   void (*filterAlong)(std::uint16_t* out, const std::uint16_t* in, const std::int16_t* taps,
                       std::size_t reach, std::size_t count);
+  /// Prepares cubics, given as x and y of their four points in device pixels. Writes whole eights.
+  void (*prepareCurves)(const double* const* curves, std::size_t count, const CurvePen& pen,
+                        PreparedCurve* out);
+  /// Samples a cubic that may bend more tightly than the pen and puts down the corners of both
+  /// sides, without those of its ends. It must have a direction everywhere.
+  void (*bendCurve)(const StrokeCurve& curve, BentCurve& out);
   /// Samples both sides of a cubic under a pen at its chords' ends but the first; the last one is
   /// not exact. Inner samples are moved out of each side's hollow so that its chords keep the area.
   /// False when the curve bends more tightly than the pen, where the sides would run backwards.

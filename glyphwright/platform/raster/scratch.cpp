@@ -10,17 +10,27 @@ std::size_t bytes(const Vector& v) {
 
 }  // namespace
 
+Scratch& Scratch::above() {
+  if (upper == nullptr) upper = std::make_unique<Scratch>();
+  upper->kernels = kernels;
+  return *upper;
+}
+
+std::size_t Scratch::keptBytes() const {
+  return bytes(devicePoints) + bytes(edges.storage) + bytes(edges.segments) + bytes(edges.curves) +
+         bytes(edges.cornerX) + bytes(edges.cornerY) + bytes(edges.contourEnds) +
+         bytes(outline.left.x) + bytes(outline.left.y) + bytes(outline.right.x) +
+         bytes(outline.right.y) + bytes(outline.contours) + bytes(outline.curves) +
+         bytes(outline.raised) + bytes(outline.prepared) + bytes(outline.bent) +
+         bytes(outline.nodes) + bytes(outline.outside) + bytes(outline.rowUnits) +
+         bytes(sortedEdges) + bytes(activeEdges) + bytes(bandStarts) + bytes(narrowCells) +
+         bytes(wideCells) + bytes(touched) + bytes(coverage) + bytes(clippedCoverage) +
+         bytes(sourceRow) + bytes(casterMask) + bytes(insideMask) + bytes(filterRows) +
+         bytes(taps) + bytes(ramp) + bytes(rowColors) + (upper == nullptr ? 0 : upper->keptBytes());
+}
+
 void Scratch::trim() {
-  const std::size_t kept =
-      bytes(devicePoints) + bytes(edges.storage) + bytes(edges.segments) + bytes(edges.curves) +
-      bytes(edges.cornerX) + bytes(edges.cornerY) + bytes(edges.contourEnds) +
-      bytes(outline.left.x) + bytes(outline.left.y) + bytes(outline.right.x) +
-      bytes(outline.right.y) + bytes(outline.contours) + bytes(outline.nodes) +
-      bytes(outline.outside) + bytes(outline.rowUnits) + bytes(sortedEdges) + bytes(activeEdges) +
-      bytes(bandStarts) + bytes(narrowCells) + bytes(wideCells) + bytes(touched) + bytes(coverage) +
-      bytes(clippedCoverage) + bytes(sourceRow) + bytes(casterMask) + bytes(insideMask) +
-      bytes(filterRows) + bytes(taps) + bytes(ramp) + bytes(rowColors);
-  if (kept > kKeptBytes) *this = Scratch{};
+  if (keptBytes() > kKeptBytes) *this = Scratch{};
 }
 
 Scratch& threadScratch() {

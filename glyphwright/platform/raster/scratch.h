@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <new>
 #include <vector>
 
@@ -53,9 +54,13 @@ struct Scratch {
   std::vector<std::int16_t> taps;
   std::vector<std::uint32_t> ramp;
   std::vector<SolidColor> rowColors;
+  std::unique_ptr<Scratch> upper;
 
+  /// A second one with the same loops, for a shape that is painted over another by turns.
+  Scratch& above();
   /// Gives memory back when a large drawing has left more than `kKeptBytes`.
   void trim();
+  std::size_t keptBytes() const;
   static constexpr std::size_t kKeptBytes = std::size_t{4} << 20;
 };
 

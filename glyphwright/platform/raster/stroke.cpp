@@ -13,7 +13,9 @@ using namespace pen;
 class Stroker {
  public:
   Stroker(const StrokePen& pen, double tolerance, const Kernels* kernels)
-      : pen_(pen), out_(pen.outline()), curves_(pen, tolerance, kernels) {}
+      : pen_(pen), out_(pen.outline()), curves_(pen, tolerance, kernels) {
+    curves_.prepare();
+  }
 
   void moveTo(Vector at) {
     finish(false);
@@ -33,9 +35,10 @@ class Stroker {
     endSegment(end, to);
   }
 
-  void cubicTo(Vector c1, Vector c2, Vector to) {
+  // Along a curve that the outline lists.
+  void curveTo(std::size_t index, Vector to) {
     hadSegment_ = true;
-    if (!curves_.begin(current_, c1, c2, to)) return;
+    if (!curves_.begin(index)) return;
     beginSegment(curves_.start());
     curves_.draw();
     endSegment(curves_.end(), to);
@@ -116,6 +119,32 @@ class Stroker {
   bool hadSegment_ = false;
 };
 
+// Lists the points of all curves; those of a quadratic are raised.
+void listCurves(const CGPath& path, const std::vector<CGPoint>& points, StrokeOutline& out) {
+  out.curves.clear();
+  out.raised.clear();
+  const auto verbs = path.verbs();
+  const CGPoint* next = points.data();
+  for (const PathVerb verb : verbs) {
+    if (verb == PathVerb::cubic) {
+      out.curves.push_back(&next[-1].x);
+    } else if (verb == PathVerb::quad) {
+      // Nothing may move once it is listed.
+      if (out.raised.empty()) out.raised.reserve(4 * verbs.size());
+      const CGPoint from = next[-1];
+      const CGPoint control = next[0];
+      const CGPoint end = next[1];
+      const auto towards = [&](const CGPoint& p) {
+        return CGPoint{p.x + (control.x - p.x) * (2.0 / 3.0),
+                       p.y + (control.y - p.y) * (2.0 / 3.0)};
+      };
+      out.raised.insert(out.raised.end(), {from, towards(from), towards(end), end});
+      out.curves.push_back(&out.raised[out.raised.size() - 4].x);
+    }
+    next += pointCount(verb);
+  }
+}
+
 }  // namespace
 
 void strokeOutline(const CGPath& path, const std::vector<CGPoint>& points, const Stroke& stroke,
@@ -123,39 +152,29 @@ void strokeOutline(const CGPath& path, const std::vector<CGPoint>& points, const
   out.clear();
   const StrokePen pen(stroke.width, stroke.style, stroke.tolerance, stroke.toDevice, out);
   const bool onDevice = stroke.toDevice == CGAffineTransformIdentity;
+  listCurves(path, points, out);
   Stroker stroker(pen, stroke.tolerance, onDevice ? &kernels : nullptr);
-  std::size_t next = 0;
-  Vector current;
-  const auto at = [&](std::size_t i) { return Vector{points[i].x, points[i].y}; };
+  const CGPoint* next = points.data();
+  std::size_t curve = 0;
   for (const PathVerb verb : path.verbs()) {
+    const std::size_t count = pointCount(verb);
+    next += count;
+    const Vector end = count > 0 ? Vector{next[-1].x, next[-1].y} : Vector{};
     switch (verb) {
       case PathVerb::move:
-        current = at(next);
-        stroker.moveTo(current);
+        stroker.moveTo(end);
         break;
       case PathVerb::line:
-        current = at(next);
-        stroker.lineTo(current);
+        stroker.lineTo(end);
         break;
-      case PathVerb::quad: {
-        const Vector control = at(next);
-        const Vector end = at(next + 1);
-        stroker.cubicTo(current + (control - current) * (2.0 / 3.0),
-                        end + (control - end) * (2.0 / 3.0), end);
-        current = end;
+      case PathVerb::quad:
+      case PathVerb::cubic:
+        stroker.curveTo(curve++, end);
         break;
-      }
-      case PathVerb::cubic: {
-        const Vector end = at(next + 2);
-        stroker.cubicTo(at(next), at(next + 1), end);
-        current = end;
-        break;
-      }
       case PathVerb::close:
         stroker.close();
         break;
     }
-    next += pointCount(verb);
   }
   stroker.finish(false);
 }

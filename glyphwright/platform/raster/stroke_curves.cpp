@@ -27,119 +27,106 @@ double turnBetween(Vector a, Vector b) {
   return chord + chord * chord * chord / 24;
 }
 
-struct FloatVector {
-  float x;
-  float y;
-};
-FloatVector narrow(Vector v) {
-  return {static_cast<float>(v.x), static_cast<float>(v.y)};
-}
-FloatVector operator-(FloatVector a, FloatVector b) {
-  return {a.x - b.x, a.y - b.y};
-}
-float dot(FloatVector a, FloatVector b) {
-  return a.x * b.x + a.y * b.y;
-}
-FloatVector operator*(FloatVector a, float k) {
-  return {a.x * k, a.y * k};
-}
-Vector widened(FloatVector v) {
-  return {v.x, v.y};
-}
-
 }  // namespace
 
 StrokeCurves::StrokeCurves(const StrokePen& pen, double tolerance, const Kernels* kernels)
     : pen_(pen),
-      kernels_(kernels),
-      tolerance_(tolerance),
-      bendFactor_(static_cast<float>(6.0 / 8.0 / tolerance)),
-      turnFactor_(static_cast<float>(std::min(pen.half(), 1e9) / (8 * tolerance))) {}
+      // A wider pen is beyond all pictures, and its corners would leave the floats' range.
+      kernels_(pen.half() < 1e9 ? kernels : nullptr),
+      tolerance_(tolerance) {}
 
-bool StrokeCurves::begin(Vector p0, Vector p1, Vector p2, Vector p3) {
-  p_[0] = p0;
-  p_[1] = p1;
-  p_[2] = p2;
-  p_[3] = p3;
-  isFast_ = kernels_ != nullptr && prepareFast();
-  return isFast_ || prepareCareful();
+void StrokeCurves::prepare() {
+  StrokeOutline& out = pen_.outline();
+  if (kernels_ == nullptr || out.curves.empty()) return;
+  const CurvePen pen{out.originX, out.originY, static_cast<float>(pen_.half()),
+                     static_cast<float>(6.0 / 8.0 / tolerance_),
+                     static_cast<float>(pen_.half() / (8 * tolerance_))};
+  const std::size_t wanted = out.curves.size() + 8;
+  if (out.prepared.size() < wanted) out.prepared.resize(2 * wanted);
+  kernels_->prepareCurves(out.curves.data(), out.curves.size(), pen, out.prepared.data());
 }
 
-void StrokeCurves::draw() {
-  if (!isFast_ || !drawFast()) drawCareful();
-}
-
-// The side of a curve that bends by p'' strays from a chord over the parameter step h by h²/8 ·
-// (|p''| + half·θ'²), where θ is the direction and |p''| is at most six times the bend. The legs'
-// turns stand for θ; the square of their sum is at most twice the sum of their squares.
-bool StrokeCurves::prepareFast() {
-  const FloatVector l0 = narrow(p_[1] - p_[0]);
-  const FloatVector l1 = narrow(p_[2] - p_[1]);
-  const FloatVector l2 = narrow(p_[3] - p_[2]);
-  const float dot01 = dot(l0, l1);
-  const float dot12 = dot(l1, l2);
-  const float square0 = dot(l0, l0);
-  const float length0 = std::sqrt(square0);
-  const float length1 = std::sqrt(dot(l1, l1));
-  const float length2 = std::sqrt(dot(l2, l2));
-  const float length01 = length0 * length1;
-  const float length12 = length1 * length2;
-  // All of the curve's directions within a third of a turn: it has no cusp.
-  if (!(dot01 > 0 && dot12 > 0 && dot(l0, l2) > -0.5F * length0 * length2)) return false;
-  const float inverse = 1.0F / (length01 * length2);
-  const FloatVector e0 = l0 * (length12 * inverse);
-  const FloatVector e2 = l2 * (length01 * inverse);
-  const FloatVector u = l1 - l0;
-  const FloatVector v = l2 - l1;
-  const FloatVector a = v - u;
-  // A pen beyond all pictures; with a wider one the corners would leave the floats' range.
-  if (!(pen_.half() < 1e9)) return false;
-  const auto half = static_cast<float>(pen_.half());
-  // Tight from the start on?
-  const float turnAtStart = half * (2.0F / 3.0F) * (u.x * e0.y - u.y * e0.x);
-  if (!(std::fabs(turnAtStart) <= square0)) return false;
-
-  const float bend = std::sqrt(std::max(dot(u, u), dot(v, v)));
-  // The square of a small angle is twice what its cosine lacks to one.
-  const float lacking = ((length01 - dot01) * length2 + (length12 - dot12) * length0) * inverse;
-  const float turnSquare = 4.0F * std::max(lacking, 0.0F);
-  const float wanted = std::sqrt(bend * bendFactor_ + turnSquare * turnFactor_);
-  const int count = wanted < kMaxChords - 1 ? static_cast<int>(wanted) + 1 : kMaxChords;
+bool StrokeCurves::begin(std::size_t index) {
   const StrokeOutline& out = pen_.outline();
-  const FloatVector start = narrow(p_[0] - Vector{out.originX, out.originY});
-  curve_ = {start.x, start.y, l0.x, l0.y, u.x, u.y, a.x, a.y, half, count};
-  const float step = 3.0F / static_cast<float>(count);
-  start_ = {widened(e0), {widened(e0), length0 * step}, false};
-  end_ = {widened(e2), {widened(e2), length2 * step}, false};
+  points_ = out.curves[index];
+  if (kernels_ == nullptr || out.prepared[index].tightCount == 0) {
+    way_ = Way::careful;
+    return prepareCareful();
+  }
+  prepared_ = &out.prepared[index];
+  if (prepared_->count == 0) {
+    prepareBent();
+    return true;
+  }
+  way_ = Way::fast;
+  const Vector from{prepared_->startAlongX, prepared_->startAlongY};
+  const Vector to{prepared_->endAlongX, prepared_->endAlongY};
+  start_ = {from, {from, prepared_->startLength}, false};
+  end_ = {to, {to, prepared_->endLength}, false};
   return true;
 }
 
+void StrokeCurves::draw() {
+  if (way_ == Way::fast) {
+    if (drawFast()) return;
+    prepareBent();
+  }
+  if (way_ == Way::bent) {
+    drawBent();
+  } else {
+    drawCareful();
+  }
+}
+
+// False when the curve turns out to be bent more tightly than the pen.
 bool StrokeCurves::drawFast() {
   OutlineSide& left = pen_.outline().left;
   OutlineSide& right = pen_.outline().right;
-  const auto count = static_cast<std::size_t>(curve_.count);
+  const auto count = static_cast<std::size_t>(prepared_->count);
   left.makeRoom(count + 8);
   right.makeRoom(count + 8);
   const StrokeCorners corners{left.x.data() + left.count, left.y.data() + left.count,
                               right.x.data() + right.count, right.y.data() + right.count};
-  if (!kernels_->strokeCurve(curve_, corners)) {
-    prepareCareful();
-    return false;
-  }
+  const StrokeCurve curve{*prepared_, static_cast<float>(pen_.half()), prepared_->count};
+  if (!kernels_->strokeCurve(curve, corners)) return false;
   left.count += count - 1;
   right.count += count - 1;
   return true;
 }
 
+void StrokeCurves::prepareBent() {
+  way_ = Way::bent;
+  const auto count = static_cast<std::size_t>(prepared_->tightCount);
+  const std::size_t samples = count + 16;
+  const std::size_t corners = 3 * count + 16;
+  std::vector<float>& memory = pen_.outline().bent;
+  if (memory.size() < 4 * (samples + corners)) memory.resize(4 * (samples + corners));
+  float* sample = memory.data();
+  float* corner = sample + 4 * samples;
+  bent_ = {sample, sample + samples, sample + 2 * samples, sample + 3 * samples,
+           corner, corner + corners, corner + 2 * corners, corner + 3 * corners};
+  kernels_->bendCurve({*prepared_, static_cast<float>(pen_.half()), prepared_->tightCount}, bent_);
+  const auto legAfter = [&](std::size_t i) {
+    return legBetween({bent_.x[i], bent_.y[i]}, {bent_.x[i + 1], bent_.y[i + 1]});
+  };
+  start_ = {{prepared_->startAlongX, prepared_->startAlongY}, legAfter(0), true};
+  end_ = {{prepared_->endAlongX, prepared_->endAlongY}, legAfter(count - 1), true};
+}
+
+void StrokeCurves::drawBent() {
+  pen_.outline().left.put(bent_.leftX, bent_.leftY, bent_.leftCount);
+  pen_.outline().right.put(bent_.rightX, bent_.rightY, bent_.rightCount);
+}
+
 int StrokeCurves::carefulCount() const {
-  const Vector u = p_[0] - p_[1] * 2 + p_[2];
-  const Vector v = p_[1] - p_[2] * 2 + p_[3];
+  const Vector u = point(0) - point(1) * 2 + point(2);
+  const Vector v = point(1) - point(2) * 2 + point(3);
   const double bend = std::max(length(u), length(v));
   // As for the others; the control polygon's turning bounds the angle.
   double turn = 0;
   Vector last{};
   bool hasLast = false;
-  for (Vector leg : {p_[1] - p_[0], p_[2] - p_[1], p_[3] - p_[2]}) {
+  for (Vector leg : {point(1) - point(0), point(2) - point(1), point(3) - point(2)}) {
     if (!normalize(leg)) continue;
     if (hasLast) turn += turnBetween(last, leg);
     last = leg;
@@ -152,21 +139,23 @@ int StrokeCurves::carefulCount() const {
 
 // Samples the curve.
 bool StrokeCurves::prepareCareful() {
-  const Vector p = p_[0];
-  const Vector to = p_[3];
-  if (length(to - p) == 0 && length(p_[1] - p) == 0 && length(p_[2] - p) == 0) return false;
+  const Vector p = point(0);
+  const Vector control1 = point(1);
+  const Vector control2 = point(2);
+  const Vector to = point(3);
+  if (length(to - p) == 0 && length(control1 - p) == 0 && length(control2 - p) == 0) return false;
   const int count = carefulCount();
   const double h = 1.0 / count;
-  const Vector u = p - p_[1] * 2 + p_[2];
-  const Vector v = p_[1] - p_[2] * 2 + to;
+  const Vector u = p - control1 * 2 + control2;
+  const Vector v = control1 - control2 * 2 + to;
   const Vector a = v - u;
   const Vector b = u * 3;
-  const Vector c = (p_[1] - p) * 3;
+  const Vector c = (control1 - p) * 3;
   Vector chord = to - p;
   if (!normalize(chord)) chord = {1, 0};
   std::vector<Node>& nodes = pen_.outline().nodes;
   nodes.clear();
-  nodes.push_back({p, endDirection(p, p_[1], p_[2], to, chord)});
+  nodes.push_back({p, endDirection(p, control1, control2, to, chord)});
   for (int k = 1; k < count; ++k) {
     const double t = k * h;
     // Inner samples move out of the hollow by h²·p''/12, as in filling, so that the area stays.
@@ -176,7 +165,7 @@ bool StrokeCurves::prepareCareful() {
     if (!normalize(direction)) direction = nodes.back().direction;
     nodes.push_back({at, direction});
   }
-  nodes.push_back({to, -endDirection(to, p_[2], p_[1], p, -chord)});
+  nodes.push_back({to, -endDirection(to, control2, control1, p, -chord)});
   const std::size_t last = nodes.size() - 1;
   start_ = {nodes[0].direction, legBetween(nodes[0].at, nodes[1].at), true};
   end_ = {nodes[last].direction, legBetween(nodes[last - 1].at, nodes[last].at), true};

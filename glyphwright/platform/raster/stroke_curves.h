@@ -5,17 +5,20 @@
 
 namespace glyphwright::raster {
 
-/// Draws both sides of cubics: nearly all with the loops, eight samples at a time; those that bend
-/// more tightly than the pen, turn by a right angle or more, or have no direction at an end, with
-/// care. The corners between `start` and the end are put down, without both of these.
+/// Draws both sides of cubics: nearly all with the loops, eight samples at a time; those that turn
+/// by more than a third or have no direction at an end, with care. The corners between `start` and
+/// the end are put down, without both of these.
 class StrokeCurves {
  public:
   /// `tolerance` is in the pen's space. Without kernels, all curves are drawn with care; the loops
   /// want the pen's space to be device pixels.
   StrokeCurves(const StrokePen& pen, double tolerance, const Kernels* kernels);
 
-  /// Takes the curve on: false when it has no length, and nothing is to be drawn.
-  bool begin(pen::Vector p0, pen::Vector p1, pen::Vector p2, pen::Vector p3);
+  /// Prepares the curves whose points the outline lists.
+  void prepare();
+  /// Takes the listed curve number `index` on: false when it has no length, and nothing is to be
+  /// drawn.
+  bool begin(std::size_t index);
   const pen::SegmentEnd& start() const { return start_; }
   /// Draws it.
   void draw();
@@ -23,20 +26,23 @@ class StrokeCurves {
   const pen::SegmentEnd& end() const { return end_; }
 
  private:
-  bool prepareFast();
   bool drawFast();
+  void prepareBent();
+  void drawBent();
   bool prepareCareful();
   void drawCareful();
   int carefulCount() const;
+  pen::Vector point(int i) const { return {points_[2 * i], points_[2 * i + 1]}; }
+
+  enum class Way : std::uint8_t { fast, bent, careful };
 
   const StrokePen& pen_;
   const Kernels* kernels_;
   double tolerance_;
-  float bendFactor_;
-  float turnFactor_;
-  pen::Vector p_[4];
-  StrokeCurve curve_{};
-  bool isFast_ = false;
+  const double* points_ = nullptr;  // of the curve at hand
+  const PreparedCurve* prepared_ = nullptr;
+  BentCurve bent_{};
+  Way way_ = Way::careful;
   pen::SegmentEnd start_;
   pen::SegmentEnd end_;
 };

@@ -9,17 +9,37 @@
 namespace glyphwright::raster {
 namespace {
 
+// An outline that reaches no farther beyond the region than this is not cut: a fitted icon's
+// outline nearly always leaves it by half the pen.
+constexpr int kBeyond = kBlock;
+
+// Beyond this many pixels only the direction counts.
+constexpr float kFarthest = 1e9F;
+
 // Runs round the rings of an outline, eight corners at a time. Where the region cuts a ring, the
 // lines that leave the region are cut one by one.
 class RingWriter : public CuttingWriter {
  public:
-  RingWriter(EdgeList& out, const PixelRect& region, StrokeOutline& outline, const Kernels& kernels)
+  RingWriter(EdgeList& out, const PixelRect& region, const DeviceBox& box, StrokeOutline& outline,
+             const Kernels& kernels)
       : CuttingWriter(out, region),
         kernels_(kernels),
         outline_(outline),
-        frame_{static_cast<float>(outline.originX - region.x0),
-               static_cast<float>(outline.originY - region.y0), static_cast<float>(region.width()),
-               static_cast<float>(region.height())} {}
+        isWhole_(box.minX >= region.x0 - kBeyond && box.minY >= region.y0 - kBeyond &&
+                 box.maxX <= region.x1 + kBeyond && box.maxY <= region.y1 + kBeyond) {
+    if (isWhole_) {
+      out.beyondLeft = box.minX < region.x0 ? kBeyond : 0;
+      out.beyondRight = box.maxX > region.x1 ? kBeyond : 0;
+    }
+    const int beyond = isWhole_ ? kBeyond : 0;
+    frame_ = {static_cast<float>(outline.originX - region.x0 + out.beyondLeft),
+              static_cast<float>(outline.originY - region.y0),
+              static_cast<float>(region.width() + out.beyondLeft + out.beyondRight),
+              static_cast<float>(region.height() + beyond), static_cast<float>(-beyond)};
+  }
+
+  /// How many corners stand one ring after another, where nothing was cut.
+  std::size_t keptCorners() const { return corners_; }
 
   void contour(const StrokeOutline::Contour& c) {
     const Stretch left{&outline_.left, c.leftBegin, c.leftEnd, false};
@@ -51,21 +71,23 @@ class RingWriter : public CuttingWriter {
     const std::size_t masks = (first.size() + kEight - 1) / kEight;
     const bool firstLeaves = place(first, 0, 0);
     const bool secondLeaves = second.size() > 0 && place(second, first.size(), masks);
-    out_.cornerX[corners] = out_.cornerX[0];
-    out_.cornerY[corners] = out_.cornerY[0];
+    out_.cornerX[corners_ + corners] = out_.cornerX[corners_];
+    out_.cornerY[corners_ + corners] = out_.cornerY[corners_];
     if (firstLeaves || secondLeaves) {
       cutRing(first, second);
     } else {
       join(0, corners);
     }
+    if (isWhole_) corners_ += corners + 1;
   }
 
-  // True when a corner lies outside the region.
+  // True when a corner lies too far outside the region.
   bool place(const Stretch& s, std::size_t to, std::size_t mask) {
     std::uint8_t* outside = outline_.outside.data() + mask;
-    kernels_.placeCorners(s.side->x.data() + s.begin, s.side->y.data() + s.begin, s.size(),
-                          s.backwards, frame_,
-                          {out_.cornerX.data() + to, out_.cornerY.data() + to, outside});
+    kernels_.placeCorners(
+        s.side->x.data() + s.begin, s.side->y.data() + s.begin, s.size(), s.backwards, frame_,
+        {out_.cornerX.data() + corners_ + to, out_.cornerY.data() + corners_ + to, outside});
+    if (isWhole_) return false;
     unsigned any = 0;
     for (std::size_t i = 0; i < (s.size() + kEight - 1) / kEight; ++i) any |= outside[i];
     return any != 0;
@@ -74,8 +96,9 @@ class RingWriter : public CuttingWriter {
   // Edges of the placed corners `first` to `last`.
   void join(std::size_t first, std::size_t last) {
     makeRoom(last - first + kEight);
-    runs_ += 2 * kernels_.joinCorners(out_.cornerX.data() + first, out_.cornerY.data() + first,
-                                      last - first + 1, out_.storage.data() + count_);
+    runs_ += 2 * kernels_.joinCorners(out_.cornerX.data() + corners_ + first,
+                                      out_.cornerY.data() + corners_ + first, last - first + 1,
+                                      out_.storage.data() + count_);
     count_ += last - first;
   }
 
@@ -117,12 +140,12 @@ class RingWriter : public CuttingWriter {
 
   // Whole eights are written.
   void makeCornerRoom(std::size_t corners) {
-    const std::size_t wanted = corners + 2 * kEight;
+    const std::size_t wanted = corners_ + corners + 2 * kEight;
     if (out_.cornerX.size() < wanted) {
       out_.cornerX.resize(2 * wanted);
       out_.cornerY.resize(2 * wanted);
     }
-    const std::size_t masks = wanted / kEight + 2;  // of two stretches
+    const std::size_t masks = corners / kEight + 4;  // of two stretches
     if (outline_.outside.size() < masks) outline_.outside.resize(2 * masks);
   }
 
@@ -130,30 +153,79 @@ class RingWriter : public CuttingWriter {
 
   const Kernels& kernels_;
   StrokeOutline& outline_;
+  bool isWhole_;
+  std::size_t corners_ = 0;  // kept
   CornerFrame frame_;
 };
 
 // How often a pixel is wound round at most, by what runs down or up through any one row of pixels.
 // `units` is working memory.
 int windingOf(std::span<const Edge> edges, int rows, std::vector<int>& units) {
-  units.assign(2 * static_cast<std::size_t>(rows) + 2, 0);
+  // From row to row, by how much it changes what runs up and what runs down, in units. No edge
+  // needs a loop over its rows: it begins and ends with parts of a row, and adds whole ones in
+  // between.
+  units.assign(2 * static_cast<std::size_t>(rows) + 4, 0);
+  const int bottom = rows * kUnitsPerPixel;
   for (const Edge& e : edges) {
-    int* row = units.data() + (e.y1 > e.y0 ? 1 : 0);
-    int top = std::min(e.y0, e.y1);
-    const int bottom = std::max(e.y0, e.y1);
-    row += 2 * (top >> kUnitShift);
-    for (int end = (top | (kUnitsPerPixel - 1)) + 1; end < bottom; end += kUnitsPerPixel) {
-      *row += end - top;
-      row += 2;
-      top = end;
-    }
-    *row += bottom - top;
+    const int from = std::clamp(std::min(e.y0, e.y1), 0, bottom);
+    const int to = std::clamp(std::max(e.y0, e.y1), 0, bottom);
+    const int inFirst = from & (kUnitsPerPixel - 1);
+    const int inLast = to & (kUnitsPerPixel - 1);
+    int* const way = units.data() + (e.y1 > e.y0 ? 1 : 0);
+    int* const first = way + 2 * (from >> kUnitShift);
+    int* const last = way + 2 * (to >> kUnitShift);
+    first[0] += kUnitsPerPixel - inFirst;
+    first[2] += inFirst;
+    last[0] -= kUnitsPerPixel - inLast;
+    last[2] -= inLast;
   }
-  const int most = *std::max_element(units.begin(), units.end());
+  int up = 0;
+  int down = 0;
+  int most = 0;
+  for (int row = 0; row < rows; ++row) {
+    up += units[2 * static_cast<std::size_t>(row)];
+    down += units[2 * static_cast<std::size_t>(row) + 1];
+    most = std::max(most, std::max(up, down));
+  }
   return (most + kUnitsPerPixel - 1) >> kUnitShift;
 }
 
+// The same for rings of corners one after another, with the runs downwards of eight lines at once
+// counted in all rows that these reach: more than there is, but nearly always little enough.
+int roughWindingOf(std::int32_t* y, std::size_t corners, int rows, std::vector<int>& changes) {
+  changes.assign(static_cast<std::size_t>(rows) + 2, 0);
+  const int bottom = rows * kUnitsPerPixel;
+  // Whole eights, the last one filled up with level lines.
+  std::fill_n(y + corners, 8, y[corners - 1]);
+  for (std::size_t i = 0; i + 1 < corners; i += 8) {
+    const std::int32_t* at = y + i;
+    int top = at[0];
+    int foot = at[0];
+    int runs = at[1] > at[0] ? 1 : 0;
+    for (int k = 1; k <= 8; ++k) {
+      top = std::min(top, at[k]);
+      foot = std::max(foot, at[k]);
+    }
+    for (int k = 1; k < 8; ++k) runs += (at[k + 1] > at[k] ? 1 : 0) & (at[k] > at[k - 1] ? 0 : 1);
+    const auto rowOf = [&](int height) {
+      return static_cast<std::size_t>(std::clamp(height, 0, bottom) >> kUnitShift);
+    };
+    changes[rowOf(top)] += runs;
+    changes[rowOf(foot) + 1] -= runs;
+  }
+  int most = 0;
+  int now = 0;
+  for (const int change : changes) most = std::max(most, now += change);
+  return most;
+}
+
 }  // namespace
+
+void OutlineSide::grow(std::size_t corners) {
+  room = 2 * (count + corners);
+  x.resize(room + kMargin);
+  y.resize(room + kMargin);
+}
 
 void setOrigin(StrokeOutline& outline, const DeviceBox& box, const PixelRect& bitmap) {
   const auto origin = [](double low, double high, double from, double to) {
@@ -164,38 +236,50 @@ void setOrigin(StrokeOutline& outline, const DeviceBox& box, const PixelRect& bi
   outline.originY = origin(box.minY, box.maxY, bitmap.y0, bitmap.y1);
 }
 
-DeviceBox boxOf(const StrokeOutline& outline, const Kernels& kernels) {
-  constexpr double infinity = std::numeric_limits<double>::infinity();
-  DeviceBox box{infinity, infinity, -infinity, -infinity};
-  bool hasNaN = false;
-  const auto add = [&](const OutlineSide& side, std::size_t begin, std::size_t end) {
+DeviceBox boxOf(StrokeOutline& outline, const Kernels& kernels) {
+  constexpr float infinity = std::numeric_limits<float>::infinity();
+  CornerBox box{infinity, infinity, -infinity, -infinity, false};
+  const auto add = [&](const OutlineSide& side) {
+    constexpr std::size_t from = OutlineSide::kMargin;
     const CornerBox part =
-        kernels.boxCorners(side.x.data() + begin, side.y.data() + begin, end - begin);
-    box.minX = std::min(box.minX, part.minX + outline.originX);
-    box.minY = std::min(box.minY, part.minY + outline.originY);
-    box.maxX = std::max(box.maxX, part.maxX + outline.originX);
-    box.maxY = std::max(box.maxY, part.maxY + outline.originY);
-    hasNaN = hasNaN || part.hasNaN;
+        kernels.boxCorners(side.x.data() + from, side.y.data() + from, side.count - from);
+    box = {std::min(box.minX, part.minX), std::min(box.minY, part.minY),
+           std::max(box.maxX, part.maxX), std::max(box.maxY, part.maxY), box.hasNaN || part.hasNaN};
   };
-  for (const StrokeOutline::Contour& c : outline.contours) {
-    add(outline.left, c.leftBegin, c.leftEnd);
-    if (c.rightBegin < c.rightEnd) add(outline.right, c.rightBegin, c.rightEnd);
+  // Corners that belong to no contour lie on the area of one.
+  add(outline.left);
+  add(outline.right);
+  if (box.hasNaN) return {NAN, NAN, NAN, NAN};
+  if (std::max(std::max(-box.minX, -box.minY), std::max(box.maxX, box.maxY)) > kFarthest) {
+    for (OutlineSide* side : {&outline.left, &outline.right}) {
+      for (float& v : side->x) v = std::clamp(v, -kFarthest, kFarthest);
+      for (float& v : side->y) v = std::clamp(v, -kFarthest, kFarthest);
+    }
+    for (float* v : {&box.minX, &box.minY, &box.maxX, &box.maxY}) {
+      *v = std::clamp(*v, -kFarthest, kFarthest);
+    }
   }
-  if (hasNaN) return {NAN, NAN, NAN, NAN};
-  return box;
+  return {box.minX + outline.originX, box.minY + outline.originY, box.maxX + outline.originX,
+          box.maxY + outline.originY};
 }
 
-void edgesOfOutline(StrokeOutline& outline, const PixelRect& region, const Kernels& kernels,
-                    EdgeList& out) {
+void edgesOfOutline(StrokeOutline& outline, const DeviceBox& box, const PixelRect& region,
+                    const Kernels& kernels, EdgeList& out) {
+  std::size_t placed = 0;
   {
-    RingWriter writer(out, region, outline, kernels);
+    RingWriter writer(out, region, box, outline, kernels);
     for (const StrokeOutline::Contour& c : outline.contours) writer.contour(c);
+    placed = writer.keptCorners();
   }
   // A stroke has a run on either side of each of the path's, but they seldom lie abreast.
-  if (out.verticalRuns / 2 > kNarrowWindingLimit) {
-    out.verticalRuns =
-        std::min(out.verticalRuns, 2 * windingOf(out.edges(), region.height(), outline.rowUnits));
+  const auto lower = [&](int winding) {
+    out.verticalRuns = std::min(out.verticalRuns, 2 * winding);
+  };
+  const auto isHigh = [&] { return out.verticalRuns / 2 > kNarrowWindingLimit; };
+  if (isHigh() && placed > 0) {
+    lower(roughWindingOf(out.cornerY.data(), placed, region.height(), outline.rowUnits));
   }
+  if (isHigh()) lower(windingOf(out.edges(), region.height(), outline.rowUnits));
 }
 
 }  // namespace glyphwright::raster

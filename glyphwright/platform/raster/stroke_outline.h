@@ -18,14 +18,11 @@ struct OutlineSide {
   std::vector<float> x;  // grow only; the first `count` are in use
   std::vector<float> y;
   std::size_t count = kMargin;
+  std::size_t room = 0;  // for corners in all
 
   void clear() { count = kMargin; }
   void makeRoom(std::size_t corners) {
-    if (x.size() < count + corners + kMargin) {
-      const std::size_t wanted = 2 * (count + corners + kMargin);
-      x.resize(wanted);
-      y.resize(wanted);
-    }
+    if (room < count + corners) grow(corners);
   }
   void put(float px, float py) {
     makeRoom(1);
@@ -33,6 +30,15 @@ struct OutlineSide {
     y[count] = py;
     ++count;
   }
+  void put(const float* px, const float* py, std::size_t corners) {
+    makeRoom(corners);
+    std::copy_n(px, corners, x.data() + count);
+    std::copy_n(py, corners, y.data() + count);
+    count += corners;
+  }
+
+ private:
+  void grow(std::size_t corners);
 };
 
 /// The outline of a stroke. Where a contour is closed, its left side is one ring of corners and its
@@ -56,7 +62,14 @@ struct StrokeOutline {
   OutlineSide left;
   OutlineSide right;
   std::vector<Contour> contours;
-  /// Working memory for the curves that are followed with care.
+  /// Working memory for curves: each one's four points as x and y, those of raised quadratics, and
+  /// what is known of them.
+  std::vector<const double*> curves;
+  std::vector<CGPoint> raised;
+  std::vector<PreparedCurve> prepared;
+  /// For those that are bent more tightly than the pen.
+  std::vector<float> bent;
+  /// For those that are followed with care.
   std::vector<pen::Node> nodes;
   /// And for telling the corners outside a region.
   std::vector<std::uint8_t> outside;
@@ -76,11 +89,12 @@ struct StrokeOutline {
 void setOrigin(StrokeOutline& outline, const DeviceBox& box, const PixelRect& bitmap);
 
 /// The box around all corners, in device pixels; one that touches no pixel when there are none or
-/// one is NaN.
-DeviceBox boxOf(const StrokeOutline& outline, const Kernels& kernels);
+/// one is NaN. Corners far beyond all pictures, where only the direction counts, are pulled nearer.
+DeviceBox boxOf(StrokeOutline& outline, const Kernels& kernels);
 
-/// The edges of an outline, cut by the region.
-void edgesOfOutline(StrokeOutline& outline, const PixelRect& region, const Kernels& kernels,
-                    EdgeList& out);
+/// The edges of an outline with `box` around it. What reaches a little beyond the region is left as
+/// it is, what reaches farther is cut by it.
+void edgesOfOutline(StrokeOutline& outline, const DeviceBox& box, const PixelRect& region,
+                    const Kernels& kernels, EdgeList& out);
 
 }  // namespace glyphwright::raster

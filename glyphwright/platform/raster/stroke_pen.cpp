@@ -9,16 +9,9 @@ using namespace pen;
 
 namespace {
 
-// Beyond this many pixels only the direction counts.
-constexpr double kFarthest = 1e9;
-
 // Two directions whose offsets lie this near to each other meet without a join, in parts of the
 // tolerance.
 constexpr double kSmoothPart = 0.5;
-
-float nearby(double v) {
-  return static_cast<float>(std::clamp(v, -kFarthest, kFarthest));
-}
 
 }  // namespace
 
@@ -27,6 +20,7 @@ StrokePen::StrokePen(double width, const StrokeStyle& style, double tolerance,
     : half_(width * 0.5),
       style_(style),
       toOutline_(toDevice),
+      onDevice_(toDevice == CGAffineTransformIdentity),
       out_(out),
       // The chord of an angle θ on the outline's circle strays by half·θ²/8.
       arcStepCosine_(1 - std::min(1.0, 4 * tolerance / half_)) {
@@ -41,15 +35,22 @@ CGLineCap StrokePen::foldStyle() const {
   return style_.join == CGLineJoin::round ? CGLineCap::round : CGLineCap::butt;
 }
 
-void StrokePen::put(OutlineSide& side, Vector p) const {
+inline void StrokePen::put(OutlineSide& side, Vector p) const {
+  if (onDevice_) {
+    side.put(static_cast<float>(p.x - out_.originX), static_cast<float>(p.y - out_.originY));
+    return;
+  }
   const CGPoint q = CGPointApplyAffineTransform({p.x, p.y}, toOutline_);
-  side.put(nearby(q.x), nearby(q.y));
+  side.put(static_cast<float>(q.x), static_cast<float>(q.y));
+}
+
+inline void StrokePen::bothSides(Vector at, Vector offset) const {
+  put(out_.left, at + offset);
+  put(out_.right, at - offset);
 }
 
 void StrokePen::across(Vector at, Vector direction) const {
-  const Vector offset = leftOf(direction) * half_;
-  put(out_.left, at + offset);
-  put(out_.right, at - offset);
+  bothSides(at, leftOf(direction) * half_);
 }
 
 void StrokePen::join(Vector at, const SegmentEnd& in, const SegmentEnd& out) const {
@@ -59,9 +60,7 @@ void StrokePen::join(Vector at, const SegmentEnd& in, const SegmentEnd& out) con
   if (cosine > sameDirection_) {
     Vector normal = (from + to) * 0.5;
     if (in.isTight || out.isTight) return bend(at, normal, in.leg, out.leg);
-    normal = normal * half_;
-    put(out_.left, at + normal);
-    put(out_.right, at - normal);
+    bothSides(at, normal * half_);
     return;
   }
   const double shorter = std::min(in.leg.length, out.leg.length);

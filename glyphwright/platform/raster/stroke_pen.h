@@ -31,6 +31,7 @@ class StrokePen {
 
  private:
   void put(OutlineSide& side, pen::Vector p) const;
+  void bothSides(pen::Vector at, pen::Vector offset) const;
   void endRing(std::size_t begin) const;
   void arc(OutlineSide& side, pen::Vector center, pen::Vector from, pen::Vector to) const;
   void halved(OutlineSide& side, pen::Vector center, pen::Vector from, pen::Vector to,
@@ -46,6 +47,7 @@ class StrokePen {
   double half_;
   const StrokeStyle& style_;
   CGAffineTransform toOutline_;
+  bool onDevice_;
   StrokeOutline& out_;
   double arcStepCosine_;
   double sameDirection_;  // directions with a cosine above this meet without a join

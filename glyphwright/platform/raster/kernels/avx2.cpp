@@ -28,6 +28,8 @@ constexpr Kernels kAvx2{
     .scaleCoverage = avx2::scaleCoverage,
     .filterDown = avx2::filterDown,
     .filterAlong = avx2::filterAlong,
+    .prepareCurves = avx2::prepareCurves,
+    .bendCurve = avx2::bendCurve,
     .strokeCurve = avx2::strokeCurve,
     .boxCorners = avx2::boxCorners,
     .placeCorners = avx2::placeCorners,

@@ -43,6 +43,9 @@ void filterDown(std::uint16_t* out, const FilterRows& rows, const std::int16_t* 
                 std::size_t count);
 void filterAlong(std::uint16_t* out, const std::uint16_t* in, const std::int16_t* taps,
                  std::size_t reach, std::size_t count);
+void prepareCurves(const double* const* curves, std::size_t count, const CurvePen& pen,
+                   PreparedCurve* out);
+void bendCurve(const StrokeCurve& curve, BentCurve& out);
 bool strokeCurve(const StrokeCurve& curve, const StrokeCorners& out);
 CornerBox boxCorners(const float* x, const float* y, std::size_t count);
 void placeCorners(const float* x, const float* y, std::size_t count, bool backwards,

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <type_traits>
 
+#include <glyphwright/platform/raster/kernels/avx2_blend.h>
 #include <glyphwright/platform/raster/kernels/avx2_lanes.h>
 
 // Sixteen cells at a time become coverage or pixels; scalar_pixels.cpp says what each loop
@@ -234,15 +235,16 @@ class Writer {
 
 class Blender {
  public:
-  explicit Blender(const SolidColor& color) : ink_(color), writer_(color) {}
+  explicit Blender(const SolidColor& color)
+      : ink_(color), writer_(color), isOpaque_(color.isOpaque()) {}
   template <typename S>
   void paint(const S& stretch, std::uint8_t* rgba, __m256i units) const {
     if (isZero(units)) return;
-    stretch.storePixels(rgba, ink_.coveredOver(fractions(units), stretch.loadPixels(rgba)));
+    stretch.storeBytes(rgba, ink_.over(fractions(units), stretch.loadBytes(rgba)));
   }
   void goOn(std::uint8_t* rgba, std::size_t blocks, bool /*isStart*/, __m256i units) const {
     if (isZero(units)) return;
-    if (ink_.isOpaque && _mm256_extract_epi16(units, 0) == kUnitsPerPixel) {
+    if (isOpaque_ && _mm256_extract_epi16(units, 0) == kUnitsPerPixel) {
       writer_.even(rgba, blocks, units);
       return;
     }
@@ -250,8 +252,9 @@ class Blender {
   }
 
  private:
-  Ink ink_;
+  PlainInk ink_;
   Writer writer_;
+  bool isOpaque_;
 };
 
 }  // namespace

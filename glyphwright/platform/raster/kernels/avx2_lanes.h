@@ -109,6 +109,10 @@ struct RowEnd {
     const auto* from = reinterpret_cast<const int*>(rgba);
     return unpacked(_mm256_maskload_epi32(from, first), _mm256_maskload_epi32(from + 8, second));
   }
+  PixelPair loadBytes(const std::uint8_t* rgba) const {
+    const auto* from = reinterpret_cast<const int*>(rgba);
+    return {_mm256_maskload_epi32(from, first), _mm256_maskload_epi32(from + 8, second)};
+  }
   void storePixels(std::uint8_t* rgba, const Quads& c) const { storeBytes(rgba, packed(c)); }
   void storeBytes(std::uint8_t* rgba, const PixelPair& pixels) const {
     auto* to = reinterpret_cast<int*>(rgba);
@@ -129,6 +133,7 @@ struct RowEnd {
 // Sixteen pixels in the middle of a row, with the same words.
 struct Stretch {
   Quads loadPixels(const std::uint8_t* rgba) const { return unpacked(load(rgba), load(rgba + 32)); }
+  PixelPair loadBytes(const std::uint8_t* rgba) const { return {load(rgba), load(rgba + 32)}; }
   void storePixels(std::uint8_t* rgba, const Quads& c) const { storeBytes(rgba, packed(c)); }
   void storeBytes(std::uint8_t* rgba, const PixelPair& pixels) const {
     store(rgba, pixels.low);

@@ -28,6 +28,8 @@ constexpr Kernels kScalar{
     .scaleCoverage = scalar::scaleCoverage,
     .filterDown = scalar::filterDown,
     .filterAlong = scalar::filterAlong,
+    .prepareCurves = scalar::prepareCurves,
+    .bendCurve = scalar::bendCurve,
     .strokeCurve = scalar::strokeCurve,
     .boxCorners = scalar::boxCorners,
     .placeCorners = scalar::placeCorners,

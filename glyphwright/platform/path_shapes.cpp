@@ -1,0 +1,117 @@
+#include <glyphwright/platform/path_shapes.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include <glyphwright/platform/raster/coverage.h>
+
+namespace glyphwright {
+
+using raster::DeviceBox;
+using raster::PixelRect;
+using raster::Scratch;
+
+raster::Paint solidPaint(const CGColor& color, CGFloat alpha) {
+  raster::Paint paint;
+  paint.color = raster::solidColor(color.red(), color.green(), color.blue(), color.alpha() * alpha);
+  return paint;
+}
+
+FilledShape::FilledShape(const CGPath& path, const CGAffineTransform& toDevice,
+                         raster::FillRule fillRule, Scratch& scratch)
+    : path_(path) {
+  box = raster::mapPoints(path, toDevice, scratch.devicePoints);
+  rule = fillRule;
+}
+
+void FilledShape::edges(const PixelRect& region, Scratch& scratch) const {
+  raster::edgesOfPath(path_, scratch.devicePoints, box, region, raster::kFillTolerance,
+                      *scratch.kernels, scratch.edges);
+}
+
+namespace {
+
+DeviceBox boxUnder(const DeviceBox& box, const CGAffineTransform& ctm) {
+  const CGRect to = CGRectApplyAffineTransform(
+      {box.minX, box.minY, box.maxX - box.minX, box.maxY - box.minY}, ctm);
+  return {CGRectGetMinX(to), CGRectGetMinY(to), CGRectGetMaxX(to), CGRectGetMaxY(to)};
+}
+
+}  // namespace
+
+StrokedShape::StrokedShape(const CGPath& path, const StrokeStyle& style,
+                           const CGAffineTransform& ctm, const PixelRect& bitmap, Scratch& scratch,
+                           const DeviceBox* mapped) {
+  box.minX = NAN;
+  if (!(style.width >= 0) || !std::isfinite(style.width)) return;
+  // Under a turn, a mirror or one scale for both axes the pen stays a circle on the device.
+  const double scaleSquare = ctm.a * ctm.a + ctm.b * ctm.b;
+  const double skew = ctm.a * ctm.c + ctm.b * ctm.d;
+  const double other = ctm.c * ctm.c + ctm.d * ctm.d;
+  const bool isSimilar =
+      std::fabs(skew) <= 1e-9 * scaleSquare && std::fabs(scaleSquare - other) <= 1e-9 * scaleSquare;
+  const bool onDevice = isSimilar || style.width == 0;
+  const DeviceBox points = onDevice && mapped != nullptr
+                               ? *mapped
+                               : raster::mapPoints(path, onDevice ? ctm : CGAffineTransformIdentity,
+                                                   scratch.devicePoints);
+  const double width = style.width == 0 ? 1 : style.width * (onDevice ? std::sqrt(scaleSquare) : 1);
+  if (!(points.maxX >= points.minX) || !(width > 0) || !std::isfinite(width)) return;
+  const double stretch = onDevice ? 1 : std::sqrt(std::max(scaleSquare, other));
+  if (!(stretch > 0)) return;
+  raster::setOrigin(scratch.outline, onDevice ? points : boxUnder(points, ctm), bitmap);
+  raster::strokeOutline(path, scratch.devicePoints,
+                        {width, style, raster::kStrokeTolerance / stretch,
+                         onDevice ? CGAffineTransformIdentity : ctm},
+                        *scratch.kernels, scratch.outline);
+  box = raster::boxOf(scratch.outline, *scratch.kernels);
+}
+
+void StrokedShape::edges(const PixelRect& region, Scratch& scratch) const {
+  raster::edgesOfOutline(scratch.outline, box, region, *scratch.kernels, scratch.edges);
+}
+
+namespace contexts {
+
+void fillAndStroke(CGContext& context, const CGPath& path, bool evenOdd, const StrokeStyle& style) {
+  const GraphicsState& state = context.state;
+  const raster::Paint fill = solidPaint(state.fillColor, state.alpha);
+  const raster::Paint stroke = solidPaint(state.strokeColor, state.alpha);
+  // Shadows and clips take each shape as a whole.
+  if (fill.isClear() || stroke.isClear() || path.isEmpty() || state.clip.bounds.isEmpty() ||
+      state.clip.node != nullptr || state.shadow) {
+    CGContextFillPath(&context, path, evenOdd);
+    CGContextStrokePath(&context, path, style);
+    return;
+  }
+  context.pendingPath = {};
+  Scratch& scratch = raster::threadScratch();
+  Scratch& above = scratch.above();
+  const FilledShape filled(
+      path, state.ctm, evenOdd ? raster::FillRule::evenOdd : raster::FillRule::nonZero, scratch);
+  const PixelRect filledRegion = pixelsTouched(filled.box, state.clip.bounds);
+  if (!filledRegion.isEmpty()) filled.edges(filledRegion, scratch);
+  above.devicePoints.swap(scratch.devicePoints);
+  const StrokedShape stroked(path, style, state.ctm, context.bounds, above, &filled.box);
+  const PixelRect strokedRegion = pixelsTouched(stroked.box, state.clip.bounds);
+  if (!strokedRegion.isEmpty()) stroked.edges(strokedRegion, above);
+
+  std::optional<raster::Canvas::Painter> below;
+  if (!filledRegion.isEmpty()) {
+    below.emplace(context.canvas(), filledRegion, fill, nullptr, scratch);
+    below->finish();
+    if (strokedRegion.isEmpty()) raster::sweep(scratch.edges, filled.rule, scratch, *below);
+  }
+  if (strokedRegion.isEmpty()) return;
+  raster::Canvas::Painter on(context.canvas(), strokedRegion, stroke, nullptr, above);
+  if (below) {
+    raster::sweepByTurns({scratch.edges, filled.rule, scratch, *below},
+                         {above.edges, stroked.rule, above, on});
+  } else {
+    raster::sweep(above.edges, stroked.rule, above, on);
+  }
+  on.finish();
+}
+
+}  // namespace contexts
+}  // namespace glyphwright

@@ -1,0 +1,250 @@
+#include <glyphwright/platform/raster/kernels/avx2.h>
+
+#include <glyphwright/platform/raster/kernels.h>
+
+#include <immintrin.h>
+
+// Eight curves, or eight samples of one, at a time; scalar_stroke_curves.cpp says what is computed.
+namespace glyphwright::raster::avx2 {
+namespace {
+
+struct Lanes {
+  __m256 x;
+  __m256 y;
+};
+__m256 every(float v) {
+  return _mm256_set1_ps(v);
+}
+__m256 times(__m256 a, __m256 b) {
+  return _mm256_mul_ps(a, b);
+}
+__m256 plus(__m256 a, __m256 b) {
+  return _mm256_add_ps(a, b);
+}
+__m256 minus(__m256 a, __m256 b) {
+  return _mm256_sub_ps(a, b);
+}
+Lanes minus(Lanes a, Lanes b) {
+  return {minus(a.x, b.x), minus(a.y, b.y)};
+}
+Lanes plus(Lanes a, Lanes b) {
+  return {plus(a.x, b.x), plus(a.y, b.y)};
+}
+Lanes times(Lanes a, __m256 k) {
+  return {times(a.x, k), times(a.y, k)};
+}
+__m256 dot(Lanes a, Lanes b) {
+  return plus(times(a.x, b.x), times(a.y, b.y));
+}
+__m256 negative(__m256 a) {
+  return _mm256_xor_ps(a, every(-0.0F));
+}
+
+// Rows become columns.
+void transpose(__m256* r) {
+  __m256 pairs[8];
+  for (int k = 0; k < 8; k += 2) {
+    pairs[k] = _mm256_unpacklo_ps(r[k], r[k + 1]);
+    pairs[k + 1] = _mm256_unpackhi_ps(r[k], r[k + 1]);
+  }
+  __m256 fours[8];
+  for (int k = 0; k < 8; k += 4) {
+    fours[k] = _mm256_shuffle_ps(pairs[k], pairs[k + 2], _MM_SHUFFLE(1, 0, 1, 0));
+    fours[k + 1] = _mm256_shuffle_ps(pairs[k], pairs[k + 2], _MM_SHUFFLE(3, 2, 3, 2));
+    fours[k + 2] = _mm256_shuffle_ps(pairs[k + 1], pairs[k + 3], _MM_SHUFFLE(1, 0, 1, 0));
+    fours[k + 3] = _mm256_shuffle_ps(pairs[k + 1], pairs[k + 3], _MM_SHUFFLE(3, 2, 3, 2));
+  }
+  for (int k = 0; k < 4; ++k) {
+    r[k] = _mm256_permute2f128_ps(fours[k], fours[k + 4], 0x20);
+    r[k + 4] = _mm256_permute2f128_ps(fours[k], fours[k + 4], 0x31);
+  }
+}
+
+// A curve's start and its three legs.
+__m256 startAndLegs(const double* p, __m128d origin) {
+  const __m256d p01 = _mm256_loadu_pd(p);
+  const __m256d p12 = _mm256_loadu_pd(p + 2);
+  const __m128 start = _mm_cvtpd_ps(_mm_sub_pd(_mm256_castpd256_pd128(p01), origin));
+  const __m128 l01 = _mm256_cvtpd_ps(_mm256_sub_pd(p12, p01));
+  const __m128 l2 = _mm_cvtpd_ps(_mm_sub_pd(_mm_loadu_pd(p + 6), _mm_loadu_pd(p + 4)));
+  const __m128 l12 = _mm_shuffle_ps(l01, l2, _MM_SHUFFLE(1, 0, 3, 2));
+  return _mm256_set_m128(l12, _mm_movelh_ps(start, l01));
+}
+
+__m256 turnBetween(Lanes a, Lanes b) {
+  const Lanes d = minus(b, a);
+  const __m256 square = dot(d, d);
+  const __m256 chord = _mm256_sqrt_ps(square);
+  return plus(chord, times(times(chord, square), every(1.0F / 24.0F)));
+}
+
+}  // namespace
+
+void prepareCurves(const double* const* curves, std::size_t count, const CurvePen& pen,
+                   PreparedCurve* out) {
+  static_assert(sizeof(PreparedCurve) == 16 * sizeof(float));
+  const __m128d origin = _mm_setr_pd(pen.originX, pen.originY);
+  const __m256 zero = _mm256_setzero_ps(), one = every(1);
+  const __m256 half = every(pen.half), bendFactor = every(pen.bendFactor);
+  const __m256 turnFactor = every(pen.turnFactor);
+  for (std::size_t i = 0; i < count; i += 8) {
+    __m256 r[8];
+    for (std::size_t k = 0; k < 8; ++k) {
+      r[k] = startAndLegs(curves[i + k < count ? i + k : count - 1], origin);
+    }
+    transpose(r);
+    const Lanes l0{r[2], r[3]}, l1{r[4], r[5]}, l2{r[6], r[7]};
+    const __m256 dot01 = dot(l0, l1), dot12 = dot(l1, l2);
+    const __m256 square0 = dot(l0, l0), square1 = dot(l1, l1), square2 = dot(l2, l2);
+    const __m256 length0 = _mm256_sqrt_ps(square0);
+    const __m256 length1 = _mm256_sqrt_ps(square1);
+    const __m256 length2 = _mm256_sqrt_ps(square2);
+    const __m256 length01 = times(length0, length1), length12 = times(length1, length2);
+    const auto isAbove = [](__m256 a, __m256 b) { return _mm256_cmp_ps(a, b, _CMP_GT_OQ); };
+    const __m256 least = _mm256_min_ps(square0, _mm256_min_ps(square1, square2));
+    const __m256 turnLimit = times(times(every(-0.5F), length0), length2);
+    const __m256 keepsOn = _mm256_and_ps(
+        _mm256_and_ps(isAbove(dot01, zero), isAbove(dot12, zero)),
+        _mm256_and_ps(isAbove(dot(l0, l2), turnLimit), isAbove(least, every(1e-12F))));
+    const __m256 inverse = _mm256_div_ps(one, times(length01, length2));
+    const Lanes e0 = times(l0, times(length12, inverse));
+    const Lanes e1 = times(l1, times(times(length0, length2), inverse));
+    const Lanes e2 = times(l2, times(length01, inverse));
+    const Lanes u = minus(l1, l0), v = minus(l2, l1), a = minus(v, u);
+    const __m256 turnAtStart =
+        times(times(half, every(2.0F / 3.0F)), minus(times(u.x, e0.y), times(u.y, e0.x)));
+    const __m256 isTight =
+        _mm256_cmp_ps(_mm256_andnot_ps(every(-0.0F), turnAtStart), square0, _CMP_NLE_UQ);
+    const __m256 bend = _mm256_sqrt_ps(_mm256_max_ps(dot(u, u), dot(v, v)));
+    const __m256 lacking =
+        times(plus(times(minus(length01, dot01), length2), times(minus(length12, dot12), length0)),
+              inverse);
+    const __m256 turnSquare = times(every(4), _mm256_max_ps(lacking, zero));
+    const __m256 bendPart = times(bend, bendFactor);
+    const __m256 together = _mm256_sqrt_ps(plus(bendPart, times(turnSquare, turnFactor)));
+    const __m256 turn = plus(turnBetween(e0, e1), turnBetween(e1, e2));
+    const __m256 oneByOne = plus(_mm256_sqrt_ps(bendPart), times(turn, _mm256_sqrt_ps(turnFactor)));
+    const auto chords = [](__m256 wanted) {
+      const __m256 held = _mm256_min_ps(wanted, every(static_cast<float>(kMaxChords - 1)));
+      return _mm256_add_epi32(_mm256_cvttps_epi32(held), _mm256_set1_epi32(1));
+    };
+    const __m256i number = chords(together);
+    const __m256 step = _mm256_div_ps(every(3), _mm256_cvtepi32_ps(number));
+    const __m256 looseNumber =
+        _mm256_andnot_ps(isTight, _mm256_and_ps(_mm256_castsi256_ps(number), keepsOn));
+    const __m256 tightNumber = _mm256_and_ps(_mm256_castsi256_ps(chords(oneByOne)), keepsOn);
+    __m256 first[8] = {r[0], r[1], l0.x, l0.y, u.x, u.y, a.x, a.y};
+    __m256 second[8] = {
+        e0.x,        e0.y,       e2.x, e2.y, times(length0, step), times(length2, step),
+        looseNumber, tightNumber};
+    transpose(first);
+    transpose(second);
+    for (std::size_t k = 0; k < 8; ++k) {
+      auto* to = reinterpret_cast<float*>(out + i + k);
+      _mm256_storeu_ps(to, first[k]);
+      _mm256_storeu_ps(to + 8, second[k]);
+    }
+  }
+}
+
+namespace {
+
+// Eight samples' corners on one side.
+struct SideCorners {
+  void set(Lanes one, Lanes tight, Lanes after, __m256 isTight) {
+    bits = static_cast<unsigned>(_mm256_movemask_ps(isTight));
+    _mm256_store_ps(firstX, _mm256_blendv_ps(one.x, tight.x, isTight));
+    _mm256_store_ps(firstY, _mm256_blendv_ps(one.y, tight.y, isTight));
+    _mm256_store_ps(lastX, after.x);
+    _mm256_store_ps(lastY, after.y);
+  }
+  // Of one sample: three corners are written, and one or three of them count.
+  std::size_t put(int k, float x, float y, float* toX, float* toY) const {
+    toX[0] = firstX[k];
+    toY[0] = firstY[k];
+    toX[1] = x;
+    toY[1] = y;
+    toX[2] = lastX[k];
+    toY[2] = lastY[k];
+    return 1 + 2 * (bits >> k & 1);
+  }
+
+  unsigned bits;
+  alignas(32) float firstX[8];
+  alignas(32) float firstY[8];
+  alignas(32) float lastX[8];
+  alignas(32) float lastY[8];
+};
+
+}  // namespace
+
+void bendCurve(const StrokeCurve& c, BentCurve& out) {
+  const float step = 1.0F / static_cast<float>(c.count);
+  const __m256 h = every(step), lift = every(step * step * 0.5F);
+  const Lanes start{every(c.startX), every(c.startY)}, leg{every(c.legX), every(c.legY)};
+  const Lanes bend{every(c.bendX), every(c.bendY)}, change{every(c.changeX), every(c.changeY)};
+  const Lanes leg3 = times(leg, every(3)), bend3 = times(bend, every(3));
+  const Lanes bend2 = times(bend, every(2));
+  const __m256 half = every(c.half), zero = _mm256_setzero_ps(), one = every(1);
+  const __m256 last = every(static_cast<float>(c.count));
+  const auto length = [](Lanes v) { return _mm256_sqrt_ps(dot(v, v)); };
+  const auto leftOf = [](Lanes v) { return Lanes{v.y, negative(v.x)}; };
+  __m256 number = _mm256_setr_ps(0, 1, 2, 3, 4, 5, 6, 7);
+  for (int k = 0; k <= c.count; k += 8) {
+    const __m256 t = times(number, h);
+    const __m256 isInner = _mm256_and_ps(_mm256_cmp_ps(number, zero, _CMP_GT_OQ),
+                                         _mm256_cmp_ps(number, last, _CMP_LT_OQ));
+    const __m256 move = _mm256_and_ps(lift, isInner);
+    const Lanes at = times(change, t);
+    const Lanes p = plus(times(plus(times(plus(at, bend3), t), leg3), t), start);
+    const Lanes along = plus(times(plus(at, bend2), t), leg);
+    const Lanes normal = leftOf(times(along, _mm256_div_ps(one, length(along))));
+    const Lanes moved = minus(p, times(plus(at, bend), move));
+    _mm256_storeu_ps(out.x + k, moved.x);
+    _mm256_storeu_ps(out.y + k, moved.y);
+    _mm256_storeu_ps(out.normalX + k, normal.x);
+    _mm256_storeu_ps(out.normalY + k, normal.y);
+    number = plus(number, every(8));
+  }
+  std::size_t left = 0;
+  std::size_t right = 0;
+  SideCorners leftSide;
+  SideCorners rightSide;
+  for (int k = 1; k < c.count; k += 8) {
+    const auto sample = [&](int i) {
+      return Lanes{_mm256_loadu_ps(out.x + i), _mm256_loadu_ps(out.y + i)};
+    };
+    const Lanes at = sample(k);
+    const Lanes chordIn = minus(at, sample(k - 1)), chordOut = minus(sample(k + 1), at);
+    const __m256 lengthIn = length(chordIn), lengthOut = length(chordOut);
+    const __m256 shorter = _mm256_min_ps(lengthIn, lengthOut);
+    const __m256 turns = _mm256_cmp_ps(shorter, zero, _CMP_GT_OQ);
+    const Lanes in = times(chordIn, _mm256_div_ps(one, lengthIn));
+    const Lanes on = times(chordOut, _mm256_div_ps(one, lengthOut));
+    const Lanes turn = minus(on, in);
+    const __m256 turnSquare = dot(turn, turn);
+    const __m256 isTight = _mm256_and_ps(turns, _mm256_cmp_ps(times(turnSquare, times(half, half)),
+                                                              times(shorter, shorter), _CMP_GT_OQ));
+    const __m256 side = minus(times(in.x, on.y), times(in.y, on.x));
+    const __m256 tightLeft = _mm256_and_ps(isTight, _mm256_cmp_ps(side, zero, _CMP_LT_OQ));
+    const __m256 tightRight = _mm256_and_ps(isTight, _mm256_cmp_ps(side, zero, _CMP_GT_OQ));
+    const __m256 raised =
+        _mm256_and_ps(_mm256_min_ps(times(turnSquare, every(1.0F / 12.0F)), every(0.05F)), turns);
+    const Lanes normal{_mm256_loadu_ps(out.normalX + k), _mm256_loadu_ps(out.normalY + k)};
+    const Lanes offset = times(normal, plus(half, times(half, raised)));
+    const Lanes before = times(leftOf(in), half), after = times(leftOf(on), half);
+    leftSide.set(plus(at, offset), plus(at, before), plus(at, after), tightLeft);
+    rightSide.set(minus(at, offset), minus(at, before), minus(at, after), tightRight);
+    const int count = c.count - k < 8 ? c.count - k : 8;
+    for (int i = 0; i < count; ++i) {
+      const float x = out.x[k + i];
+      const float y = out.y[k + i];
+      left += leftSide.put(i, x, y, out.leftX + left, out.leftY + left);
+      right += rightSide.put(i, x, y, out.rightX + right, out.rightY + right);
+    }
+  }
+  out.leftCount = left;
+  out.rightCount = right;
+}
+
+}  // namespace glyphwright::raster::avx2

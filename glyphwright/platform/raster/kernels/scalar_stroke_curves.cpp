@@ -1,0 +1,175 @@
+#include <cmath>
+
+#include <glyphwright/platform/raster/kernels.h>
+#include <glyphwright/platform/raster/kernels/scalar.h>
+
+// What is to be known of a curve before it is stroked, and curves that bend more tightly than the
+// pen.
+namespace glyphwright::raster::scalar {
+namespace {
+
+struct Pair {
+  float x;
+  float y;
+};
+Pair operator-(Pair a, Pair b) {
+  return {a.x - b.x, a.y - b.y};
+}
+Pair operator+(Pair a, Pair b) {
+  return {a.x + b.x, a.y + b.y};
+}
+Pair operator*(Pair a, float k) {
+  return {a.x * k, a.y * k};
+}
+float dot(Pair a, Pair b) {
+  return a.x * b.x + a.y * b.y;
+}
+float larger(float a, float b) {
+  return a > b ? a : b;
+}
+float smaller(float a, float b) {
+  return a < b ? a : b;
+}
+
+// The angle between two unit vectors from its chord: exact at 0, 10 % low at a right angle,
+// where the joining steps are short anyway.
+float turnBetween(Pair a, Pair b) {
+  const Pair d = b - a;
+  const float square = dot(d, d);
+  const float chord = std::sqrt(square);
+  return chord + chord * square * (1.0F / 24.0F);
+}
+
+// Shorter legs, in pixels squared, are left to those who take care.
+constexpr float kLeastLeg = 1e-12F;
+
+}  // namespace
+
+// The side of a curve that bends by p'' strays from a chord over the parameter step h by h²/8 ·
+// (|p''| + half·θ'²), where θ is the direction and |p''| is at most six times the bend. The legs'
+// turns stand for θ; the square of their sum is at most twice the sum of their squares. Where the
+// curve bends more tightly than the pen, what bends and what turns it are counted one by one.
+void prepareCurves(const double* const* curves, std::size_t curveCount, const CurvePen& pen,
+                   PreparedCurve* out) {
+  for (std::size_t i = 0; i < curveCount; ++i) {
+    const double* p = curves[i];
+    PreparedCurve& to = out[i];
+    const auto leg = [&](int k) {
+      return Pair{static_cast<float>(p[k + 2] - p[k]), static_cast<float>(p[k + 3] - p[k + 1])};
+    };
+    const Pair start{static_cast<float>(p[0] - pen.originX),
+                     static_cast<float>(p[1] - pen.originY)};
+    const Pair l0 = leg(0);
+    const Pair l1 = leg(2);
+    const Pair l2 = leg(4);
+    const float dot01 = dot(l0, l1);
+    const float dot12 = dot(l1, l2);
+    const float square0 = dot(l0, l0);
+    const float square1 = dot(l1, l1);
+    const float square2 = dot(l2, l2);
+    const float length0 = std::sqrt(square0);
+    const float length1 = std::sqrt(square1);
+    const float length2 = std::sqrt(square2);
+    const float length01 = length0 * length1;
+    const float length12 = length1 * length2;
+    // All of the curve's directions within a third of a turn: it has no cusp.
+    const bool keepsOn = dot01 > 0 && dot12 > 0 && dot(l0, l2) > -0.5F * length0 * length2 &&
+                         smaller(square0, smaller(square1, square2)) > kLeastLeg;
+    const float inverse = 1.0F / (length01 * length2);
+    const Pair e0 = l0 * (length12 * inverse);
+    const Pair e1 = l1 * (length0 * length2 * inverse);
+    const Pair e2 = l2 * (length01 * inverse);
+    const Pair u = l1 - l0;
+    const Pair v = l2 - l1;
+    const Pair a = v - u;
+    const float turnAtStart = pen.half * (2.0F / 3.0F) * (u.x * e0.y - u.y * e0.x);
+    const bool isTight = !(std::fabs(turnAtStart) <= square0);
+
+    const float bend = std::sqrt(larger(dot(u, u), dot(v, v)));
+    // The square of a small angle is twice what its cosine lacks to one.
+    const float lacking = ((length01 - dot01) * length2 + (length12 - dot12) * length0) * inverse;
+    const float turnSquare = 4.0F * larger(lacking, 0.0F);
+    const float together = std::sqrt(bend * pen.bendFactor + turnSquare * pen.turnFactor);
+    const float turn = turnBetween(e0, e1) + turnBetween(e1, e2);
+    const float oneByOne = std::sqrt(bend * pen.bendFactor) + turn * std::sqrt(pen.turnFactor);
+    const auto chords = [](float wanted) {
+      return static_cast<int>(smaller(wanted, kMaxChords - 1)) + 1;
+    };
+    const int count = chords(together);
+    const float step = 3.0F / static_cast<float>(count);
+    static_cast<StrokeCubic&>(to) = {start.x, start.y, l0.x, l0.y, u.x, u.y, a.x, a.y};
+    to.count = keepsOn && !isTight ? count : 0;
+    to.tightCount = keepsOn ? chords(oneByOne) : 0;
+    to.startAlongX = e0.x;
+    to.startAlongY = e0.y;
+    to.endAlongX = e2.x;
+    to.endAlongY = e2.y;
+    to.startLength = length0 * step;
+    to.endLength = length2 * step;
+  }
+}
+
+// Each inner sample has a corner on either side. On the hollow side of a bend tighter than the pen,
+// the side would run backwards; there each chord keeps its own rectangle, whose corners stand on
+// the chord's normals, with the sample between them. Samples move out of the hollow by h²·p''/12,
+// as in filling, so that the area stays, and the corners likewise, by the square of the turn a
+// step.
+void bendCurve(const StrokeCurve& c, BentCurve& out) {
+  const float h = 1.0F / static_cast<float>(c.count);
+  const float lift = h * h * 0.5F;
+  for (int k = 0; k <= c.count; ++k) {
+    const float t = static_cast<float>(k) * h;
+    const float move = k > 0 && k < c.count ? lift : 0.0F;
+    const float atX = c.changeX * t;
+    const float atY = c.changeY * t;
+    const float x = ((atX + 3.0F * c.bendX) * t + 3.0F * c.legX) * t + c.startX;
+    const float y = ((atY + 3.0F * c.bendY) * t + 3.0F * c.legY) * t + c.startY;
+    const float alongX = (atX + 2.0F * c.bendX) * t + c.legX;
+    const float alongY = (atY + 2.0F * c.bendY) * t + c.legY;
+    const float inverse = 1.0F / std::sqrt(alongX * alongX + alongY * alongY);
+    out.x[k] = x - (atX + c.bendX) * move;
+    out.y[k] = y - (atY + c.bendY) * move;
+    out.normalX[k] = alongY * inverse;
+    out.normalY[k] = -(alongX * inverse);
+  }
+  std::size_t left = 0;
+  std::size_t right = 0;
+  for (int k = 1; k < c.count; ++k) {
+    const Pair at{out.x[k], out.y[k]};
+    const Pair chordIn = at - Pair{out.x[k - 1], out.y[k - 1]};
+    const Pair chordOut = Pair{out.x[k + 1], out.y[k + 1]} - at;
+    const float lengthIn = std::sqrt(dot(chordIn, chordIn));
+    const float lengthOut = std::sqrt(dot(chordOut, chordOut));
+    const float shorter = smaller(lengthIn, lengthOut);
+    // Chords without a length do not turn.
+    const bool turns = shorter > 0;
+    const Pair in = chordIn * (1.0F / lengthIn);
+    const Pair on = chordOut * (1.0F / lengthOut);
+    const Pair turn = on - in;
+    const float turnSquare = dot(turn, turn);
+    const bool isTight = turns && turnSquare * (c.half * c.half) > shorter * shorter;
+    const float side = in.x * on.y - in.y * on.x;
+    const bool tightLeft = isTight && side < 0;
+    const bool tightRight = isTight && side > 0;
+    const float raised = turns ? smaller(turnSquare * (1.0F / 12.0F), 0.05F) : 0.0F;
+    const Pair offset = Pair{out.normalX[k], out.normalY[k]} * (c.half + c.half * raised);
+    const Pair before = Pair{in.y, -in.x} * c.half;
+    const Pair after = Pair{on.y, -on.x} * c.half;
+    const auto put = [&](float* toX, float* toY, std::size_t& count, bool tight, Pair one,
+                         Pair first, Pair last) {
+      toX[count] = tight ? first.x : one.x;
+      toY[count] = tight ? first.y : one.y;
+      toX[count + 1] = at.x;
+      toY[count + 1] = at.y;
+      toX[count + 2] = last.x;
+      toY[count + 2] = last.y;
+      count += tight ? 3 : 1;
+    };
+    put(out.leftX, out.leftY, left, tightLeft, at + offset, at + before, at + after);
+    put(out.rightX, out.rightY, right, tightRight, at - offset, at - before, at - after);
+  }
+  out.leftCount = left;
+  out.rightCount = right;
+}
+
+}  // namespace glyphwright::raster::scalar

@@ -4,6 +4,7 @@
 
 #include <glyphwright/platform/raster/blur.h>
 #include <glyphwright/platform/raster/mask_writer.h>
+#include <glyphwright/platform/raster/shadow_rows.h>
 
 namespace glyphwright {
 
@@ -154,6 +155,16 @@ void CGContext::castShadow(const Mask& caster, double casterAlpha, const CasterP
   paint.color = raster::solidColor(shadow.color.red(), shadow.color.green(), shadow.color.blue(),
                                    shadow.color.alpha() * casterAlpha);
   const bool shows = !area.isEmpty() && !paint.isClear();
+  if (shows && own != nullptr && clip == nullptr && canvas().isPristine() &&
+      canvas().ground().isClear() && raster::filtersDirectly(shadow.blurPixels)) {
+    // Both at once, over all that either touches: the shadow is nothing outside its area.
+    const PixelRect both = united(area, own->region);
+    raster::ShadowAndCasterRows rows(canvas(), both, paint.color,
+                                     {caster, own->region, own->paint.color}, scratch);
+    raster::blurRows(caster, shadow.blurPixels, shadow.dx, shadow.dy, both, scratch, rows);
+    rows.finish();
+    return;
+  }
   std::optional<Canvas::Painter> shadowPainter;
   if (shows) shadowPainter.emplace(canvas(), area, paint, clip, scratch);
   const auto blurInto = [&](raster::RowSink& sink) {

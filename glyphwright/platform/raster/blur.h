@@ -17,5 +17,8 @@ void blurRows(const Mask& mask, double blurPixels, int dx, int dy, const PixelRe
               Scratch& scratch, RowSink& sink);
 
 inline constexpr double kDirectSigma = 16;
+constexpr bool filtersDirectly(double blurPixels) {
+  return blurPixels * 0.5 < kDirectSigma;
+}
 
 }  // namespace glyphwright::raster

@@ -166,17 +166,6 @@ struct CellRows {
   FillRule rule;
 };
 
-/// The rows of a mask that weigh in one row of a symmetric filter down it; rows that the mask does
-/// not have are empty. Rows are `stride` values apart, which may be negative.
-struct FilterRows {
-  const std::uint16_t* middle;  // null when the mask has no such row
-  std::size_t pairs;            // how many rows away there is one on both sides, 0 without a middle
-  const std::uint16_t* single;  // the nearest row that has none opposite
-  std::size_t singleFrom;       // how many rows away that is, and up to where they go on
-  std::size_t singleUntil;
-  std::ptrdiff_t stride;  // towards the side of the single rows
-};
-
 /// The loops that touch pixels. One table for each instruction set, all equal to the scalar one
 /// bit for bit; kernels/scalar_*.cpp are the text that explains them.
 struct Kernels {
@@ -229,6 +218,10 @@ struct Kernels {
   /// Pixels := colour × coverage, whatever was there.
   void (*writeSolid)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                      const SolidColor& color);
+  /// Pixels := one colour × its coverage over another one × its own, whatever was there.
+  void (*writeTwoSolids)(std::uint8_t* rgba, const std::uint16_t* below, const std::uint16_t* above,
+                         std::size_t count, const SolidColor& belowColor,
+                         const SolidColor& aboveColor);
   /// Pixels := colour × coverage over the pixels.
   void (*blendSolid)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                      const SolidColor& color);
@@ -245,8 +238,9 @@ struct Kernels {
   void (*scaleCoverage)(std::uint16_t* coverage, int fraction, std::size_t count);
   /// One row of a symmetric filter: taps[0] weighs the middle, taps[k] the two values k away from
   /// it together. Taps are fractions that sum to at most one; `count` is a multiple of kBlock.
-  void (*filterDown)(std::uint16_t* out, const FilterRows& rows, const std::int16_t* taps,
-                     std::size_t count);
+  /// `middle` points to the middle one of 2·reach + 1 rows.
+  void (*filterDown)(std::uint16_t* out, const std::uint16_t* const* middle,
+                     const std::int16_t* taps, std::size_t reach, std::size_t count);
   /// The same along a row; `in` begins `reach` values before the first result's.
   void (*filterAlong)(std::uint16_t* out, const std::uint16_t* in, const std::int16_t* taps,
                       std::size_t reach, std::size_t count);

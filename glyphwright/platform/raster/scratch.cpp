@@ -19,7 +19,7 @@ void Scratch::trim() {
       bytes(outline.outside) + bytes(outline.rowUnits) + bytes(sortedEdges) + bytes(activeEdges) +
       bytes(bandStarts) + bytes(narrowCells) + bytes(wideCells) + bytes(touched) + bytes(coverage) +
       bytes(clippedCoverage) + bytes(sourceRow) + bytes(casterMask) + bytes(insideMask) +
-      bytes(filterRows) + bytes(taps) + bytes(ramp) + bytes(rowColors);
+      bytes(filterRows) + bytes(filterSources) + bytes(taps) + bytes(ramp) + bytes(rowColors);
   if (kept > kKeptBytes) *this = Scratch{};
 }
 

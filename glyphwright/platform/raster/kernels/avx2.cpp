@@ -20,6 +20,7 @@ constexpr Kernels kAvx2{
     .writeCellsByRow = avx2::writeCellsByRow,
     .blendCellsByRow = avx2::blendCellsByRow,
     .writeSolid = avx2::writeSolid,
+    .writeTwoSolids = avx2::writeTwoSolids,
     .blendSolid = avx2::blendSolid,
     .writePixels = avx2::writePixels,
     .blendPixels = avx2::blendPixels,

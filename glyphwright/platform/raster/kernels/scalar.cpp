@@ -20,6 +20,7 @@ constexpr Kernels kScalar{
     .writeCellsByRow = scalar::writeCellsByRow,
     .blendCellsByRow = scalar::blendCellsByRow,
     .writeSolid = scalar::writeSolid,
+    .writeTwoSolids = scalar::writeTwoSolids,
     .blendSolid = scalar::blendSolid,
     .writePixels = scalar::writePixels,
     .blendPixels = scalar::blendPixels,

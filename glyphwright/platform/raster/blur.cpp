@@ -8,9 +8,10 @@
 namespace glyphwright::raster {
 namespace {
 
-// Gaussian weights as 15-bit fractions: the middle, then those of the two values 1, 2, … reach away
-// from it together. All in all exactly one.
-void gaussianTaps(double sigma, int reach, std::vector<std::int16_t>& taps) {
+// Gaussian weights as 15-bit fractions: the middle, then those of the two values 1, 2, … away from
+// it together, out to `support` pixels from the middle's centre; the last weighs by how much of its
+// pixel that takes in. All in all exactly one.
+void gaussianTaps(double sigma, double support, std::vector<std::int16_t>& taps) {
   constexpr int kMostTaps = static_cast<int>(kDirectSigma) * 2 + 1;
   double weights[kMostTaps];
   // From one to the next the weight falls by a factor that itself falls evenly.
@@ -19,11 +20,12 @@ void gaussianTaps(double sigma, int reach, std::vector<std::int16_t>& taps) {
   double weight = 2;
   weights[0] = 1;
   double total = 1;
+  const int reach = static_cast<int>(std::ceil(support - 0.5));
   for (int k = 1; k <= reach; ++k) {
     weight *= factor;
     factor *= fall;
-    weights[k] = weight;
-    total += weight;
+    weights[k] = k < reach ? weight : weight * (support - (k - 0.5));
+    total += weights[k];
   }
   taps.resize(static_cast<std::size_t>(reach) + 1);
   int sum = 0;
@@ -43,16 +45,16 @@ class RowFilter {
  public:
   /// Results for the rows and columns of `area`. There is one such filter at a time: it works in
   /// the scratch.
-  RowFilter(const Mask& mask, double sigma, double cut, const PixelRect& area, Scratch& scratch)
+  RowFilter(const Mask& mask, double sigma, double support, const PixelRect& area, Scratch& scratch)
       : area_(area),
         kernels_(*scratch.kernels),
-        reach_(static_cast<std::size_t>(std::floor(cut))),
         width_(static_cast<std::size_t>(mask.bounds.width())),
         maskCount_(wholeBlocks(mask.bounds.width())),
         outCount_(wholeBlocks(area.width())) {
-    const auto reach = static_cast<int>(reach_);
-    gaussianTaps(sigma, reach, scratch.taps);
+    gaussianTaps(sigma, support, scratch.taps);
     taps_ = scratch.taps.data();
+    reach_ = scratch.taps.size() - 1;
+    const auto reach = static_cast<int>(reach_);
     const int left = std::min(area.x0 - reach, mask.bounds.x0);
     const auto distance = [left](int x) { return static_cast<std::size_t>(x - left); };
     stride_ = std::max(distance(area.x0 + reach) + outCount_,
@@ -166,24 +168,24 @@ Mask doubled(const Mask& mask, const PixelRect& area) {
   return out;
 }
 
-Mask blurredInPlace(const Mask& mask, double sigma, double cut, const PixelRect& area,
+Mask blurredInPlace(const Mask& mask, double sigma, double support, const PixelRect& area,
                     Scratch& scratch);
 
 // Half the size, half the sigma, one more pixel on each side for the interpolation. Averaging four
 // and interpolating add 1/4 + 3/4 square pixels of variance, which the filter leaves out.
-Mask blurredByHalves(const Mask& mask, double sigma, double cut, const PixelRect& area,
+Mask blurredByHalves(const Mask& mask, double sigma, double support, const PixelRect& area,
                      Scratch& scratch) {
   const PixelRect half{floorHalf(area.x0) - 1, floorHalf(area.y0) - 1, floorHalf(area.x1 + 1) + 1,
                        floorHalf(area.y1 + 1) + 1};
   const double remaining = std::sqrt(sigma * sigma - 1);
-  return doubled(blurredInPlace(halved(mask), remaining * 0.5, cut * 0.5, half, scratch), area);
+  return doubled(blurredInPlace(halved(mask), remaining * 0.5, support * 0.5, half, scratch), area);
 }
 
-Mask blurredInPlace(const Mask& mask, double sigma, double cut, const PixelRect& area,
+Mask blurredInPlace(const Mask& mask, double sigma, double support, const PixelRect& area,
                     Scratch& scratch) {
-  if (sigma >= kDirectSigma) return blurredByHalves(mask, sigma, cut, area, scratch);
+  if (sigma >= kDirectSigma) return blurredByHalves(mask, sigma, support, area, scratch);
   Mask out(area);
-  RowFilter(mask, sigma, cut, area, scratch).run([&](int y, const std::uint16_t* row) {
+  RowFilter(mask, sigma, support, area, scratch).run([&](int y, const std::uint16_t* row) {
     std::copy_n(row, area.width(), out.row(y));
   });
   return out;
@@ -199,14 +201,15 @@ void blurRows(const Mask& mask, double blurPixels, int dx, int dy, const PixelRe
               Scratch& scratch, RowSink& sink) {
   const PixelRect source{area.x0 - dx, area.y0 - dy, area.x1 - dx, area.y1 - dy};
   const double sigma = blurPixels * 0.5;
+  const double support = std::floor(blurPixels) + 0.5;
   const CoverageSpan span{0, area.width(), CoverageSpan::kVaries};
   if (filtersDirectly(blurPixels)) {
-    RowFilter(mask, sigma, blurPixels, source, scratch).run([&](int y, const std::uint16_t* row) {
+    RowFilter(mask, sigma, support, source, scratch).run([&](int y, const std::uint16_t* row) {
       sink.row({y + dy, {&span, 1}, row});
     });
     return;
   }
-  const Mask result = blurredByHalves(mask, sigma, blurPixels, source, scratch);
+  const Mask result = blurredByHalves(mask, sigma, support, source, scratch);
   for (int y = area.y0; y < area.y1; ++y) sink.row({y, {&span, 1}, result.row(y - dy)});
 }
 

@@ -127,6 +127,16 @@ TEST_F(RasterKernels, RowsOfCellsPaintTheSame) {
         }
         ASSERT_EQ(fastPixels, plainPixels) << "width " << width;
       }
+      auto insetCells = fastCells;
+      std::vector<std::uint16_t> fastInset(2 * stride);
+      std::vector<std::uint16_t> plainInset(2 * stride);
+      fast_.sumInset(insetCells.data(), stride, rule, fastInset.data(), &fastInset[stride]);
+      EXPECT_TRUE(std::all_of(insetCells.begin(),
+                              insetCells.begin() + static_cast<std::ptrdiff_t>(stride),
+                              [](std::int16_t cell) { return cell == 0; }));
+      insetCells = plainCells;
+      plain_.sumInset(insetCells.data(), stride, rule, plainInset.data(), &plainInset[stride]);
+      ASSERT_EQ(fastInset, plainInset);
       std::vector<std::uint16_t> fastCoverage(stride);
       std::vector<std::uint16_t> plainCoverage(stride);
       const int carry = upTo(2 * kUnitsPerPixel) - kUnitsPerPixel;
@@ -158,6 +168,10 @@ TEST_F(RasterKernels, PixelsComposeTheSame) {
       const auto above = coverage(count);
       expectSame("writeTwoSolids", [&](const Kernels& k, std::uint8_t* to) {
         k.writeTwoSolids(to, levels.data(), above.data(), count, ink, other);
+      });
+      const auto cast = coverage(count);
+      expectSame("writeInset", [&](const Kernels& k, std::uint8_t* to) {
+        k.writeInset(to, {levels.data(), cast.data(), above.data()}, count, ink, other);
       });
       expectSame("blendSolid", [&](const Kernels& k, std::uint8_t* to) {
         k.blendSolid(to, levels.data(), count, ink);

@@ -109,8 +109,13 @@ void paintShape(CGContextRef context, const UIBezierPath& path, const IconPaint&
     CGContextSetShadowWithColor(context, shadow->offset, shadow->blur, shadow->color);
   }
   if (grouped) CGContextBeginTransparencyLayer(context);
-  if (fill) fillShape(context, path, paint);
-  if (inset) drawInsetShadow(context, path, *paint.insetShadow);
+  if (fill && inset && !paint.gradient) {
+    if (paint.fill) CGContextSetFillColor(context, *paint.fill);
+    fillWithInsetShadow(context, path, *paint.insetShadow);
+  } else {
+    if (fill) fillShape(context, path, paint);
+    if (inset) drawInsetShadow(context, path, *paint.insetShadow);
+  }
   if (outline) outlineShape(context, path, paint);
   if (grouped) CGContextEndTransparencyLayer(context);
   if (casts) CGContextRestoreGState(context);

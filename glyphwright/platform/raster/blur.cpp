@@ -38,6 +38,13 @@ void gaussianTaps(double sigma, double support, std::vector<std::int16_t>& taps)
   taps[0] = static_cast<std::int16_t>(taps[0] + kOne - sum);
 }
 
+// What the filter makes of the same value everywhere.
+std::uint16_t filteredEvenly(std::uint16_t value, const std::vector<std::int16_t>& taps) {
+  int sum = 0;
+  for (const std::int16_t tap : taps) sum += scaled(value, tap);
+  return static_cast<std::uint16_t>(std::min(sum, kOne));
+}
+
 // A Gaussian a few rows at a time: the mask's rows filtered downwards into rows with room on both
 // sides, and those across. What one step has stored another needs at other places, which is slow to
 // wait for: so each step does its rows first.
@@ -45,7 +52,8 @@ class RowFilter {
  public:
   /// Results for the rows and columns of `area`. There is one such filter at a time: it works in
   /// the scratch.
-  RowFilter(const Mask& mask, double sigma, double support, const PixelRect& area, Scratch& scratch)
+  RowFilter(const Mask& mask, std::uint16_t around, double sigma, double support,
+            const PixelRect& area, Scratch& scratch)
       : area_(area),
         kernels_(*scratch.kernels),
         width_(static_cast<std::size_t>(mask.bounds.width())),
@@ -59,12 +67,15 @@ class RowFilter {
     const auto distance = [left](int x) { return static_cast<std::size_t>(x - left); };
     stride_ = std::max(distance(area.x0 + reach) + outCount_,
                        distance(mask.bounds.x0) + maskCount_ + kBlock);
-    scratch.filterRows.assign(kRows * (stride_ + outCount_) + maskCount_, 0);
+    aside_ = filteredEvenly(around, scratch.taps);
+    scratch.filterRows.assign(kRows * (stride_ + outCount_) + maskCount_, aside_);
     std::uint16_t* across = scratch.filterRows.data();
     along_ = across + distance(area.x0 - reach);
     down_ = across + distance(mask.bounds.x0);
     out_ = across + kRows * stride_;
-    placeSources(mask, out_ + kRows * outCount_, scratch.filterSources);
+    std::uint16_t* beyond = out_ + kRows * outCount_;
+    std::fill_n(beyond, maskCount_, around);
+    placeSources(mask, beyond, scratch.filterSources);
     sources_ = scratch.filterSources.data() + reach_;
   }
 
@@ -78,7 +89,7 @@ class RowFilter {
         std::uint16_t* down = down_ + i * stride_;
         kernels_.filterDown(down, sources_ + from + i, taps_, reach_, maskCount_);
         // What lies beyond the mask's width is room, not coverage.
-        std::fill_n(down + width_, kBlock, std::uint16_t{0});
+        std::fill_n(down + width_, kBlock, aside_);
       }
       for (std::size_t i = 0; i < rows; ++i) {
         kernels_.filterAlong(out_ + i * outCount_, along_ + i * stride_, taps_, reach_, outCount_);
@@ -96,12 +107,12 @@ class RowFilter {
     return static_cast<std::size_t>((width + kBlock - 1) / kBlock) * kBlock;
   }
 
-  // The mask's rows that the area's rows take, an empty one in place of those that it has not.
-  void placeSources(const Mask& mask, const std::uint16_t* empty,
+  // The mask's rows that the area's rows take, `beyond` in place of those that it has not.
+  void placeSources(const Mask& mask, const std::uint16_t* beyond,
                     std::vector<const std::uint16_t*>& sources) const {
     const auto reach = static_cast<int>(reach_);
     const int top = area_.y0 - reach;
-    sources.assign(static_cast<std::size_t>(area_.y1 + reach - top), empty);
+    sources.assign(static_cast<std::size_t>(area_.y1 + reach - top), beyond);
     const int end = std::min(area_.y1 + reach, mask.bounds.y1);
     for (int y = std::max(top, mask.bounds.y0); y < end; ++y) {
       sources[static_cast<std::size_t>(y - top)] = mask.row(y);
@@ -115,10 +126,11 @@ class RowFilter {
   std::size_t maskCount_;
   std::size_t outCount_;
   std::size_t stride_;
+  std::uint16_t aside_;  // what is left and right of the mask's part, filtered downwards
   const std::int16_t* taps_;
   const std::uint16_t* const* sources_;  // the first row's, with `reach` more on either side
-  std::uint16_t* along_;  // `reach` values before the first result's, zero but for the mask's part
-  std::uint16_t* down_;   // the mask's part
+  std::uint16_t* along_;                 // `reach` values before the first result's
+  std::uint16_t* down_;                  // the mask's part
   std::uint16_t* out_;
 };
 
@@ -127,11 +139,11 @@ int floorHalf(int v) {
 }
 
 // Every pixel the mean of four.
-Mask halved(const Mask& mask) {
+Mask halved(const Mask& mask, std::uint16_t around) {
   const PixelRect& b = mask.bounds;
   Mask out({floorHalf(b.x0), floorHalf(b.y0), floorHalf(b.x1 + 1), floorHalf(b.y1 + 1)});
   const auto at = [&](int x, int y) {
-    if (x < b.x0 || x >= b.x1 || y < b.y0 || y >= b.y1) return 0;
+    if (x < b.x0 || x >= b.x1 || y < b.y0 || y >= b.y1) return static_cast<int>(around);
     return static_cast<int>(mask.row(y)[x - b.x0]);
   };
   for (int y = out.bounds.y0; y < out.bounds.y1; ++y) {
@@ -168,24 +180,26 @@ Mask doubled(const Mask& mask, const PixelRect& area) {
   return out;
 }
 
-Mask blurredInPlace(const Mask& mask, double sigma, double support, const PixelRect& area,
-                    Scratch& scratch);
+Mask blurredInPlace(const Mask& mask, std::uint16_t around, double sigma, double support,
+                    const PixelRect& area, Scratch& scratch);
 
 // Half the size, half the sigma, one more pixel on each side for the interpolation. Averaging four
 // and interpolating add 1/4 + 3/4 square pixels of variance, which the filter leaves out.
-Mask blurredByHalves(const Mask& mask, double sigma, double support, const PixelRect& area,
-                     Scratch& scratch) {
+Mask blurredByHalves(const Mask& mask, std::uint16_t around, double sigma, double support,
+                     const PixelRect& area, Scratch& scratch) {
   const PixelRect half{floorHalf(area.x0) - 1, floorHalf(area.y0) - 1, floorHalf(area.x1 + 1) + 1,
                        floorHalf(area.y1 + 1) + 1};
   const double remaining = std::sqrt(sigma * sigma - 1);
-  return doubled(blurredInPlace(halved(mask), remaining * 0.5, support * 0.5, half, scratch), area);
+  return doubled(
+      blurredInPlace(halved(mask, around), around, remaining * 0.5, support * 0.5, half, scratch),
+      area);
 }
 
-Mask blurredInPlace(const Mask& mask, double sigma, double support, const PixelRect& area,
-                    Scratch& scratch) {
-  if (sigma >= kDirectSigma) return blurredByHalves(mask, sigma, support, area, scratch);
+Mask blurredInPlace(const Mask& mask, std::uint16_t around, double sigma, double support,
+                    const PixelRect& area, Scratch& scratch) {
+  if (sigma >= kDirectSigma) return blurredByHalves(mask, around, sigma, support, area, scratch);
   Mask out(area);
-  RowFilter(mask, sigma, support, area, scratch).run([&](int y, const std::uint16_t* row) {
+  RowFilter(mask, around, sigma, support, area, scratch).run([&](int y, const std::uint16_t* row) {
     std::copy_n(row, area.width(), out.row(y));
   });
   return out;
@@ -197,19 +211,20 @@ int blurReach(double blurPixels) {
   return static_cast<int>(std::ceil(blurPixels));
 }
 
-void blurRows(const Mask& mask, double blurPixels, int dx, int dy, const PixelRect& area,
-              Scratch& scratch, RowSink& sink) {
+void blurRows(const Mask& mask, std::uint16_t around, double blurPixels, int dx, int dy,
+              const PixelRect& area, Scratch& scratch, RowSink& sink) {
   const PixelRect source{area.x0 - dx, area.y0 - dy, area.x1 - dx, area.y1 - dy};
   const double sigma = blurPixels * 0.5;
   const double support = std::floor(blurPixels) + 0.5;
   const CoverageSpan span{0, area.width(), CoverageSpan::kVaries};
   if (filtersDirectly(blurPixels)) {
-    RowFilter(mask, sigma, support, source, scratch).run([&](int y, const std::uint16_t* row) {
-      sink.row({y + dy, {&span, 1}, row});
-    });
+    RowFilter(mask, around, sigma, support, source, scratch)
+        .run([&](int y, const std::uint16_t* row) {
+          sink.row({y + dy, {&span, 1}, row});
+        });
     return;
   }
-  const Mask result = blurredByHalves(mask, sigma, support, source, scratch);
+  const Mask result = blurredByHalves(mask, around, sigma, support, source, scratch);
   for (int y = area.y0; y < area.y1; ++y) sink.row({y, {&span, 1}, result.row(y - dy)});
 }
 

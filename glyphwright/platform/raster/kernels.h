@@ -153,6 +153,14 @@ struct Ramp {
   double last;
 };
 
+/// A row of an inset shadow: coverage by what surrounds a shape and casts the shadow, coverage by
+/// that shadow, and coverage by the shape, inside of which alone it shows.
+struct InsetRow {
+  const std::uint16_t* around;
+  const std::uint16_t* cast;
+  const std::uint16_t* inside;
+};
+
 /// Rows of cells to be painted, top to bottom. They are set back to zero. What lies
 /// past the end of a row, but not past that of the last row, may be painted too with no coverage.
 struct CellRows {
@@ -202,6 +210,10 @@ struct Kernels {
   /// coverage, sets the cells back to zero and gives the sum.
   int (*sumNarrow)(std::int16_t* cells, std::size_t count, int carry, FillRule rule,
                    std::uint16_t* coverage);
+  /// Sums rows of cells like sumNarrow, from nothing on, into two fractions: how much of each pixel
+  /// the even-odd rule leaves free, and how much `rule` covers.
+  void (*sumInset)(std::int16_t* cells, std::size_t count, FillRule rule, std::uint16_t* around,
+                   std::uint16_t* inside);
   int (*sumWide)(std::int32_t* cells, std::size_t count, int carry, FillRule rule,
                  std::uint16_t* coverage);
   /// Sums rows of cells and paints them with a colour, `rowBytes` from row to row: over nothing,
@@ -222,6 +234,10 @@ struct Kernels {
   void (*writeTwoSolids)(std::uint8_t* rgba, const std::uint16_t* below, const std::uint16_t* above,
                          std::size_t count, const SolidColor& belowColor,
                          const SolidColor& aboveColor);
+  /// Pixels := a colour × what is not around, as writeCells has it, and over that a shade × how
+  /// much is cast × what is inside.
+  void (*writeInset)(std::uint8_t* rgba, const InsetRow& row, std::size_t count,
+                     const SolidColor& color, const SolidColor& shade);
   /// Pixels := colour × coverage over the pixels.
   void (*blendSolid)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                      const SolidColor& color);

@@ -29,4 +29,19 @@ void ShadowAndCasterRows::row(const CoverageRow& row) {
   kernels_.writeTwoSolids(rgba, row.coverage, coverage_, width_, shadow_, caster_.color);
 }
 
+ShapeAndInsetRows::ShapeAndInsetRows(Canvas& canvas, const InsetMasks& masks,
+                                     const SolidColor& color, const SolidColor& shade,
+                                     const Scratch& scratch)
+    : rows_(canvas, masks.around.bounds),
+      masks_(masks),
+      color_(color),
+      shade_(shade),
+      kernels_(*scratch.kernels) {}
+
+void ShapeAndInsetRows::row(const CoverageRow& row) {
+  kernels_.writeInset(rows_.at(row.y),
+                      {masks_.around.row(row.y), row.coverage, masks_.inside.row(row.y)},
+                      static_cast<std::size_t>(masks_.around.bounds.width()), color_, shade_);
+}
+
 }  // namespace glyphwright::raster

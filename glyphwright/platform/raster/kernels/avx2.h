@@ -18,6 +18,8 @@ void cellAmounts(Pieces& pieces);
 void addPieces(const Pieces& pieces, std::int16_t* cells, std::uint8_t* touched);
 int sumNarrow(std::int16_t* cells, std::size_t count, int carry, FillRule rule,
               std::uint16_t* coverage);
+void sumInset(std::int16_t* cells, std::size_t count, FillRule rule, std::uint16_t* around,
+              std::uint16_t* inside);
 int sumWide(std::int32_t* cells, std::size_t count, int carry, FillRule rule,
             std::uint16_t* coverage);
 void writeCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
@@ -32,6 +34,8 @@ void writeSolid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t c
                 const SolidColor& color);
 void writeTwoSolids(std::uint8_t* rgba, const std::uint16_t* below, const std::uint16_t* above,
                     std::size_t count, const SolidColor& belowColor, const SolidColor& aboveColor);
+void writeInset(std::uint8_t* rgba, const InsetRow& row, std::size_t count, const SolidColor& color,
+                const SolidColor& shade);
 void blendSolid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                 const SolidColor& color);
 void writePixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,

@@ -55,4 +55,21 @@ void writeTwoSolids(std::uint8_t* rgba, const std::uint16_t* below, const std::u
   });
 }
 
+void writeInset(std::uint8_t* rgba, const InsetRow& row, std::size_t count, const SolidColor& color,
+                const SolidColor& shade) {
+  __m256i filled[4];
+  for (int c = 0; c < 4; ++c) filled[c] = everyLane(color.channels[c] >> 1);
+  const Channels upper(shade);
+  inWholeStretches(count, [&](auto stretch, std::size_t at) {
+    const __m256i around = stretch.loadCoverage(row.around + at);
+    const __m256i units = _mm256_sub_epi16(
+        everyLane(kUnitsPerPixel), _mm256_srli_epi16(_mm256_add_epi16(around, everyLane(1)), 5));
+    __m256i levels[4];
+    for (int c = 0; c < 4; ++c) levels[c] = _mm256_mulhrs_epi16(filled[c], units);
+    upper.over(levels, _mm256_mulhrs_epi16(stretch.loadCoverage(row.cast + at),
+                                           stretch.loadCoverage(row.inside + at)));
+    stretch.storeBytes(rgba + at * 4, woven(levels));
+  });
+}
+
 }  // namespace glyphwright::raster::avx2

@@ -66,6 +66,19 @@ void writeTwoSolids(std::uint8_t* rgba, const std::uint16_t* below, const std::u
   blendSolid(rgba, above, count, aboveColor);
 }
 
+void writeInset(std::uint8_t* rgba, const InsetRow& row, std::size_t count, const SolidColor& color,
+                const SolidColor& shade) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const int units = kUnitsPerPixel - ((row.around[i] + 1) >> 5);  // before it was a fraction
+    const int shaded = scaled(row.cast[i], row.inside[i]);
+    const int rest = remainder(scaled(shade.alpha, shaded));
+    for (int c = 0; c < 4; ++c) {
+      const int filled = scaled(color.channels[c] >> 1, units);
+      *rgba++ = toByte(scaled(shade.channels[c], shaded) + scaled(filled * 64, rest));
+    }
+  }
+}
+
 void writePixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                  const std::uint8_t* source) {
   for (std::size_t i = 0; i < count; ++i) {
@@ -188,6 +201,17 @@ void byRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
 int sumNarrow(std::int16_t* cells, std::size_t count, int carry, FillRule rule,
               std::uint16_t* coverage) {
   return sum(cells, count, carry, rule, coverage);
+}
+
+void sumInset(std::int16_t* cells, std::size_t count, FillRule rule, std::uint16_t* around,
+              std::uint16_t* inside) {
+  std::int16_t winding = 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    winding = static_cast<std::int16_t>(winding + cells[i]);
+    cells[i] = 0;
+    around[i] = toFraction(kUnitsPerPixel - foldWinding(winding, FillRule::evenOdd));
+    inside[i] = toFraction(foldWinding(winding, rule));
+  }
 }
 
 int sumWide(std::int32_t* cells, std::size_t count, int carry, FillRule rule,

@@ -230,7 +230,7 @@ TEST(RasterAccuracy, InsetShadowsAreGaussian) {
   constexpr std::size_t kSide = 96;
   const UIBezierPath shape = polygon(5, 1, 40, {47.3, 48.1});
   const Plane inside = reference::coverage(shape.cgPath(), false, kSide, kSide);
-  for (const CGFloat blur : {1.0, 2.0, 6.0, 15.0, 40.0, 70.0}) {
+  for (const CGFloat blur : {1.0, 2.0, 6.0, 15.0, 32.0, 40.0, 70.0}) {
     NSShadow shadow;
     shadow.setShadowOffset({3, -2});
     shadow.setShadowBlurRadius(blur);

@@ -1,5 +1,6 @@
 // The loops of this machine against the scalar ones that explain them: equal bit for bit.
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -126,6 +127,16 @@ TEST_F(RasterKernels, RowsOfCellsPaintTheSame) {
         }
         ASSERT_EQ(fastPixels, plainPixels) << "width " << width;
       }
+      auto insetCells = fastCells;
+      std::vector<std::uint16_t> fastInset(2 * stride);
+      std::vector<std::uint16_t> plainInset(2 * stride);
+      fast_.sumInset(insetCells.data(), stride, rule, fastInset.data(), &fastInset[stride]);
+      EXPECT_TRUE(std::all_of(insetCells.begin(),
+                              insetCells.begin() + static_cast<std::ptrdiff_t>(stride),
+                              [](std::int16_t cell) { return cell == 0; }));
+      insetCells = plainCells;
+      plain_.sumInset(insetCells.data(), stride, rule, plainInset.data(), &plainInset[stride]);
+      ASSERT_EQ(fastInset, plainInset);
       std::vector<std::uint16_t> fastCoverage(stride);
       std::vector<std::uint16_t> plainCoverage(stride);
       const int carry = upTo(2 * kUnitsPerPixel) - kUnitsPerPixel;
@@ -152,6 +163,15 @@ TEST_F(RasterKernels, PixelsComposeTheSame) {
       };
       expectSame("writeSolid", [&](const Kernels& k, std::uint8_t* to) {
         k.writeSolid(to, levels.data(), count, ink);
+      });
+      const SolidColor other = color();
+      const auto above = coverage(count);
+      expectSame("writeTwoSolids", [&](const Kernels& k, std::uint8_t* to) {
+        k.writeTwoSolids(to, levels.data(), above.data(), count, ink, other);
+      });
+      const auto cast = coverage(count);
+      expectSame("writeInset", [&](const Kernels& k, std::uint8_t* to) {
+        k.writeInset(to, {levels.data(), cast.data(), above.data()}, count, ink, other);
       });
       expectSame("blendSolid", [&](const Kernels& k, std::uint8_t* to) {
         k.blendSolid(to, levels.data(), count, ink);
@@ -181,7 +201,6 @@ TEST_F(RasterKernels, CoverageMultipliesTheSame) {
   }
 }
 
-// Every place of a row against a mask's ends, above, inside and below.
 TEST_F(RasterKernels, CoverageFiltersTheSame) {
   for (const std::size_t reach : {0U, 1U, 5U, 31U}) {
     for (const std::size_t blocks : {1U, 2U, 3U, 7U}) {
@@ -194,21 +213,13 @@ TEST_F(RasterKernels, CoverageFiltersTheSame) {
       fast_.filterAlong(fast.data(), wide.data(), taps.data(), reach, count);
       plain_.filterAlong(plain.data(), wide.data(), taps.data(), reach, count);
       ASSERT_EQ(fast, plain) << "reach " << reach;
-      const auto mask = coverage((2 * reach + 1) * count);
-      const auto stride = static_cast<std::ptrdiff_t>(count);
-      const std::uint16_t* first = mask.data();
-      const std::uint16_t* last = first + 2 * reach * count;
-      const FilterRows placed[] = {
-          {first + reach * count, reach, first, reach + 1, reach + 1, stride},
-          {first, 0, first + (reach > 0 ? count : 0), 1, reach + 1, stride},
-          {last, 0, last - (reach > 0 ? count : 0), 1, reach + 1, -stride},
-          {nullptr, 0, first, std::min<std::size_t>(3, reach + 1), reach + 1, stride},
-      };
-      for (const FilterRows& rows : placed) {
-        fast_.filterDown(fast.data(), rows, taps.data(), count);
-        plain_.filterDown(plain.data(), rows, taps.data(), count);
-        ASSERT_EQ(fast, plain) << "reach " << reach;
-      }
+      const auto values = coverage((2 * reach + 1) * count);
+      std::vector<const std::uint16_t*> rows;
+      for (std::size_t k = 0; k <= 2 * reach; ++k) rows.push_back(values.data() + k * count);
+      std::shuffle(rows.begin(), rows.end(), random_);
+      fast_.filterDown(fast.data(), &rows[reach], taps.data(), reach, count);
+      plain_.filterDown(plain.data(), &rows[reach], taps.data(), reach, count);
+      ASSERT_EQ(fast, plain) << "reach " << reach;
     }
   }
 }

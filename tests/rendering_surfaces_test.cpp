@@ -149,9 +149,7 @@ TEST(Surfaces, DictionaryAgreesWithThePlainSteps) {
     const UIBezierPath path = maker.path();
     const UIImage image = path.imageWithAttributes(request.dictionary);
     const UIImage plain = plain::imageWithAttributes(path, request.dictionary);
-    // The plain steps cast inset shadows from the surroundings, and round otherwise than what casts
-    // them from the shape: both within two levels of the true ones, which tests of accuracy hold.
-    EXPECT_LE(largestDifference(image, plain), request.record.insetShadow ? 3 : 1) << i;
+    EXPECT_LE(largestDifference(image, plain), 1) << i;
     EXPECT_EQ(image.size(), plain.size());
     EXPECT_EQ(image.scale(), plain.scale());
   }

@@ -126,18 +126,7 @@ void CGContextSetShadowWithColor(CGContextRef context, CGSize offset, CGFloat bl
   // Where nothing can be drawn the scale may be no number.
   if (context == nullptr || !context->isDrawable()) return;
   context->state.shadow.reset();
-  if (!color || !(color->alpha() > 0)) return;
-  if (!std::isfinite(offset.width) || !std::isfinite(offset.height)) return;
-  if (!(blur > 0) || !std::isfinite(blur)) blur = 0;
-  if (offset.width == 0 && offset.height == 0 && blur == 0) return;
-  // Whole device pixels, truncated; no bitmap is larger than the limit, so neither is an offset
-  // that can be seen.
-  const auto pixels = [&](CGFloat points) {
-    return static_cast<int>(
-        std::clamp(points * context->scale, -4 * kMaxPixelSide, 4 * kMaxPixelSide));
-  };
-  context->state.shadow = ShadowState{pixels(offset.width), pixels(offset.height),
-                                      std::min(blur * context->scale, kMaxBlurPixels), *color};
+  if (color) context->state.shadow = context->shadowState(offset, blur, *color);
 }
 
 void CGContextAddPath(CGContextRef context, const CGPath& path) {

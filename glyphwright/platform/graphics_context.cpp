@@ -1,9 +1,11 @@
 #include <glyphwright/platform/graphics_context.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include <glyphwright/platform/raster/blur.h>
 #include <glyphwright/platform/raster/mask_writer.h>
+#include <glyphwright/platform/raster/shadow_rows.h>
 
 namespace glyphwright {
 
@@ -154,10 +156,20 @@ void CGContext::castShadow(const Mask& caster, double casterAlpha, const CasterP
   paint.color = raster::solidColor(shadow.color.red(), shadow.color.green(), shadow.color.blue(),
                                    shadow.color.alpha() * casterAlpha);
   const bool shows = !area.isEmpty() && !paint.isClear();
+  if (shows && own != nullptr && clip == nullptr && canvas().isPristine() &&
+      canvas().ground().isClear() && raster::filtersDirectly(shadow.blurPixels)) {
+    // Both at once, over all that either touches: the shadow is nothing outside its area.
+    const PixelRect both = united(area, own->region);
+    raster::ShadowAndCasterRows rows(canvas(), both, paint.color,
+                                     {caster, own->region, own->paint.color}, scratch);
+    raster::blurRows(caster, 0, shadow.blurPixels, shadow.dx, shadow.dy, both, scratch, rows);
+    rows.finish();
+    return;
+  }
   std::optional<Canvas::Painter> shadowPainter;
   if (shows) shadowPainter.emplace(canvas(), area, paint, clip, scratch);
   const auto blurInto = [&](raster::RowSink& sink) {
-    raster::blurRows(caster, shadow.blurPixels, shadow.dx, shadow.dy, area, scratch, sink);
+    raster::blurRows(caster, 0, shadow.blurPixels, shadow.dx, shadow.dy, area, scratch, sink);
     shadowPainter->finish();
   };
   if (own == nullptr) {
@@ -175,6 +187,21 @@ void CGContext::castShadow(const Mask& caster, double casterAlpha, const CasterP
     ownRows.emit(own->region.y0, own->region.y1);
   }
   ownPainter.finish();
+}
+
+std::optional<ShadowState> CGContext::shadowState(CGSize offset, CGFloat blur,
+                                                  const CGColor& color) const {
+  if (!(color.alpha() > 0)) return std::nullopt;
+  if (!std::isfinite(offset.width) || !std::isfinite(offset.height)) return std::nullopt;
+  if (!(blur > 0) || !std::isfinite(blur)) blur = 0;
+  if (offset.width == 0 && offset.height == 0 && blur == 0) return std::nullopt;
+  // Whole device pixels, truncated; no bitmap is larger than the limit, so neither is an offset
+  // that can be seen.
+  const auto pixels = [this](CGFloat points) {
+    return static_cast<int>(std::clamp(points * scale, -4 * kMaxPixelSide, 4 * kMaxPixelSide));
+  };
+  return ShadowState{pixels(offset.width), pixels(offset.height),
+                     std::min(blur * scale, kMaxBlurPixels), color};
 }
 
 void CGContext::prepareClip() const {

@@ -28,6 +28,9 @@ struct CGContext {
    protected:
     ~Shape() = default;
   };
+  /// A shadow as the state keeps it, offset and blur given in points; none when it would not show.
+  std::optional<ShadowState> shadowState(CGSize offset, CGFloat blur, const CGColor& color) const;
+
   /// Makes the clip's mask where there is one. Comes before a shape's points are gathered, since
   /// both use the thread's scratch.
   void prepareClip() const;
@@ -80,10 +83,25 @@ void fillWithLinearGradient(CGContext& context, const CGPath& path, bool evenOdd
 /// The same as filling the path with the fill colour and then stroking it with the stroke colour.
 void fillAndStroke(CGContext& context, const CGPath& path, bool evenOdd, const StrokeStyle& style);
 
-/// Paints, inside the path only, the shadow of all that filling it even-odd would leave. False, and
-/// nothing done, when the path reaches far beyond the clip's bounds.
-bool castInsetShadow(CGContext& context, const CGPath& path, bool evenOdd,
-                     const ShadowState& shadow);
+/// The shadow that what surrounds a path casts into it. It needs a device whose axes are those of
+/// the path's space.
+struct InsetShadow {
+  ShadowState shadow;
+  /// Where the surroundings end, in the path's space; filling the path even-odd cuts it out of
+  /// them.
+  CGRect around;
+  /// The rule for where the shadow shows.
+  bool evenOdd;
+};
+
+/// Paints the shadow. False, and nothing done, when the path reaches far beyond the clip's bounds
+/// or the surroundings end where they could still cast.
+bool castInsetShadow(CGContext& context, const CGPath& path, const InsetShadow& inset);
+
+/// The same as filling the path even-odd with the fill colour and casting its inset shadow then, in
+/// one pass. False, and nothing done, but where that is simple: all of the path inside the clip's
+/// bounds, no clip beyond those, and nothing painted yet.
+bool fillWithInsetShadow(CGContext& context, const CGPath& path, const InsetShadow& inset);
 
 }  // namespace contexts
 

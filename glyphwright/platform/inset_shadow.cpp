@@ -1,34 +1,32 @@
 #include <algorithm>
-#include <cmath>
 
 #include <glyphwright/platform/graphics_context.h>
 #include <glyphwright/platform/raster/blur.h>
-#include <glyphwright/platform/raster/mask_writer.h>
+#include <glyphwright/platform/raster/inset_masks.h>
+#include <glyphwright/platform/raster/shadow_rows.h>
 
 namespace glyphwright::contexts {
 
 using raster::CoverageRow;
-using raster::CoverageSpan;
+using raster::InsetMasks;
 using raster::Mask;
 using raster::PixelRect;
 using raster::Scratch;
+using raster::SolidColor;
 
 namespace {
 
-// What surrounds a shape is all that the shape leaves, and so are their shadows: rows of the
-// shape's own shadow, turned round and cut by the path.
-class InsideOut final : public raster::RowSink {
+// Rows of a shadow, cut by a mask.
+class CutRows final : public raster::RowSink {
  public:
-  InsideOut(const Mask& inside, const PixelRect& region, raster::RowSink& sink, Scratch& scratch)
+  CutRows(const Mask& inside, const PixelRect& region, raster::RowSink& sink, Scratch& scratch)
       : inside_(inside), region_(region), sink_(sink), scratch_(scratch) {
     if (scratch.coverage.size() < inside.stride) scratch.coverage.resize(inside.stride);
   }
   void row(const CoverageRow& row) override {
     const auto count = static_cast<std::size_t>(region_.width());
     std::uint16_t* levels = scratch_.coverage.data();
-    std::transform(row.coverage, row.coverage + count, levels, [](std::uint16_t covered) {
-      return static_cast<std::uint16_t>(raster::kOne - covered);
-    });
+    std::copy_n(row.coverage, count, levels);
     scratch_.kernels->multiplyCoverage(
         levels, inside_.row(row.y) + (region_.x0 - inside_.bounds.x0), count);
     sink_.row({row.y, row.spans, levels});
@@ -41,39 +39,86 @@ class InsideOut final : public raster::RowSink {
   Scratch& scratch_;
 };
 
+SolidColor colorOf(const CGColor& color, CGFloat alpha) {
+  return raster::solidColor(color.red(), color.green(), color.blue(), color.alpha() * alpha);
+}
+
+// Whether the surroundings are there for all that the shadow in a region takes from.
+bool castsEverywhere(const CGContext& context, const InsetShadow& inset, const PixelRect& region) {
+  const CGRect around = CGRectApplyAffineTransform(inset.around, context.state.ctm);
+  const ShadowState& shadow = inset.shadow;
+  const int reach = static_cast<int>(shadow.blurPixels);
+  return CGRectGetMinX(around) <= region.x0 - shadow.dx - reach &&
+         CGRectGetMinY(around) <= region.y0 - shadow.dy - reach &&
+         CGRectGetMaxX(around) >= region.x1 - shadow.dx + reach &&
+         CGRectGetMaxY(around) >= region.y1 - shadow.dy + reach;
+}
+
+InsetMasks masksOf(const CGPath& path, bool evenOdd, const raster::DeviceBox& box,
+                   const PixelRect& region, const Mask* clip, Scratch& scratch) {
+  raster::edgesOfPath(path, scratch.devicePoints, box, region, raster::kFillTolerance,
+                      *scratch.kernels, scratch.edges);
+  return {evenOdd ? raster::FillRule::evenOdd : raster::FillRule::nonZero, clip, scratch};
+}
+
+void blurAround(const InsetMasks& masks, const ShadowState& shadow, const PixelRect& region,
+                Scratch& scratch, raster::RowSink& sink) {
+  raster::blurRows(masks.around, raster::kOne, shadow.blurPixels, shadow.dx, shadow.dy, region,
+                   scratch, sink);
+}
+
 }  // namespace
 
-bool castInsetShadow(CGContext& context, const CGPath& path, bool evenOdd,
-                     const ShadowState& shadow) {
+bool castInsetShadow(CGContext& context, const CGPath& path, const InsetShadow& inset) {
   const GraphicsState& state = context.state;
+  const ShadowState& shadow = inset.shadow;
   context.prepareClip();
   Scratch& scratch = raster::threadScratch();
   const raster::DeviceBox box = raster::mapPoints(path, state.ctm, scratch.devicePoints);
-  // A box counts control points, which reach a little farther than what is seen.
-  constexpr int kBeyond = 64;
-  const PixelRect limit = grown(state.clip.bounds, kBeyond, kBeyond, kBeyond, kBeyond);
-  if (!raster::contains(limit, box)) return false;
+  // What lies outside the clip casts a shadow inside it, if it is not too much of the path. A box
+  // counts control points, which reach a little farther than what is seen.
+  PixelRect limit = state.clip.bounds;
+  if (!raster::contains(limit, box)) {
+    constexpr int kBeyond = 64;
+    limit = grown(limit, kBeyond, kBeyond, kBeyond, kBeyond);
+    if (!raster::contains(limit, box)) return false;
+  }
   const PixelRect whole = raster::pixelsTouched(box, limit);
   const PixelRect region = intersection(whole, state.clip.bounds);
   raster::Paint paint;
-  paint.color = raster::solidColor(shadow.color.red(), shadow.color.green(), shadow.color.blue(),
-                                   shadow.color.alpha() * state.alpha);
+  paint.color = colorOf(shadow.color, state.alpha);
   if (region.isEmpty() || paint.isClear()) return true;
-  Mask shape(whole, scratch.casterMask);
-  raster::edgesOfPath(path, scratch.devicePoints, box, whole, raster::kFillTolerance,
-                      *scratch.kernels, scratch.edges);
-  const auto fillMask = [&](Mask& mask, raster::FillRule rule) {
-    raster::MaskWriter writer(mask, nullptr, scratch);
-    raster::sweep(scratch.edges, rule, scratch, writer);
-  };
-  fillMask(shape, raster::FillRule::evenOdd);
-  std::optional<Mask> filled;
-  if (!evenOdd) fillMask(filled.emplace(whole, scratch.insideMask), raster::FillRule::nonZero);
+  if (!castsEverywhere(context, inset, region)) return false;
   const Mask* clip = state.clip.node == nullptr ? nullptr : &state.clip.node->mask(scratch);
-  raster::Canvas::Painter painter(context.canvas(), region, paint, clip, scratch);
-  InsideOut insideOut(filled ? *filled : shape, region, painter, scratch);
-  raster::blurRows(shape, shadow.blurPixels, shadow.dx, shadow.dy, region, scratch, insideOut);
+  const InsetMasks masks = masksOf(path, inset.evenOdd, box, whole, clip, scratch);
+  raster::Canvas::Painter painter(context.canvas(), region, paint, nullptr, scratch);
+  CutRows rows(masks.inside, region, painter, scratch);
+  blurAround(masks, shadow, region, scratch, rows);
   painter.finish();
+  return true;
+}
+
+bool fillWithInsetShadow(CGContext& context, const CGPath& path, const InsetShadow& inset) {
+  const GraphicsState& state = context.state;
+  const ShadowState& shadow = inset.shadow;
+  if (state.shadow || state.clip.node != nullptr || state.clip.bounds.isEmpty()) return false;
+  if (!raster::filtersDirectly(shadow.blurPixels)) return false;
+  raster::Canvas& canvas = context.canvas();
+  if (!canvas.isPristine() || !canvas.ground().isClear()) return false;
+  const SolidColor color = colorOf(state.fillColor, state.alpha);
+  const SolidColor shade = colorOf(shadow.color, state.alpha);
+  if (color.isClear() || shade.isClear()) return false;
+  Scratch& scratch = raster::threadScratch();
+  const raster::DeviceBox box = raster::mapPoints(path, state.ctm, scratch.devicePoints);
+  if (!raster::contains(state.clip.bounds, box)) return false;
+  const PixelRect region = raster::pixelsTouched(box, state.clip.bounds);
+  if (region.isEmpty() || !castsEverywhere(context, inset, region)) return false;
+  const InsetMasks masks = masksOf(path, inset.evenOdd, box, region, nullptr, scratch);
+  if (!masks.isExact) return false;
+  context.pendingPath = {};
+  raster::ShapeAndInsetRows rows(canvas, masks, color, shade, scratch);
+  blurAround(masks, shadow, region, scratch, rows);
+  rows.finish();
   return true;
 }
 

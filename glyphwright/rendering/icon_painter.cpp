@@ -117,7 +117,12 @@ void paintShape(CGContextRef context, const UIBezierPath& path, const IconPaint&
     CGContextSetShadowWithColor(context, shadow->offset, shadow->blur, shadow->color);
   }
   if (grouped) CGContextBeginTransparencyLayer(context);
-  if (fill && outline && !inset && !paint.gradient) {
+  const bool flat = fill && !paint.gradient;
+  if (flat && inset) {
+    if (paint.fill) CGContextSetFillColor(context, *paint.fill);
+    fillWithInsetShadow(context, path, *paint.insetShadow);
+    if (outline) outlineShape(context, path, paint);
+  } else if (flat && outline) {
     fillAndOutlineShape(context, path, paint);
   } else {
     if (fill) fillShape(context, path, paint);

@@ -16,18 +16,45 @@ CGFloat nudged(CGFloat offset) {
   return offset + std::copysign(0.1, offset);
 }
 
-// Where the surroundings would move by whole pixels, their shadow can be had from the path's own.
-bool castWithoutMoving(CGContext& context, const UIBezierPath& path, CGFloat aside) {
+// What casts an inset shadow is the area around the path. It stands wholly to the left of the path,
+// outside the clip, and its shadow is sent back by the same distance: only the shadow shows.
+struct Surroundings {
+  CGRect rect;
+  CGFloat aside;
+  CGSize offset;  // of the shadow, from there
+
+  Surroundings(const CGRect& bounds, const NSShadow& shadow) {
+    const CGSize wanted = shadow.shadowOffset();
+    const CGFloat blur = shadow.shadowBlurRadius();
+    rect = CGRectInset(bounds, -blur, -blur);
+    rect = CGRectOffset(rect, -wanted.width, -wanted.height);
+    rect = CGRectInset(CGRectUnion(rect, bounds), -1, -1);
+    aside = std::round(rect.size.width);
+    offset = {nudged(wanted.width + aside), nudged(wanted.height)};
+  }
+};
+
+// Where the surroundings would move by whole pixels, they can cast their shadow from where they
+// are.
+std::optional<contexts::InsetShadow> castInPlace(const CGContext& context, const UIBezierPath& path,
+                                                 const Surroundings& surroundings,
+                                                 const NSShadow& shadow) {
   const CGAffineTransform& ctm = context.state.ctm;
   const CGFloat scale = context.scale;
   const bool isPlain = ctm.b == 0 && ctm.c == 0 && ctm.a == scale && ctm.d == scale;
-  if (!isPlain || scale < 1 || scale != std::floor(scale) || !context.state.shadow ||
-      !(aside * scale < kMaxPixelSide)) {
-    return false;
+  if (!isPlain || scale < 1 || scale != std::floor(scale) || !context.isDrawable() ||
+      !(surroundings.aside * scale < kMaxPixelSide)) {
+    return std::nullopt;
   }
-  ShadowState shadow = *context.state.shadow;
-  shadow.dx -= static_cast<int>(aside * scale);
-  return contexts::castInsetShadow(context, path.cgPath(), path.usesEvenOddFillRule(), shadow);
+  std::optional<ShadowState> state =
+      context.shadowState(surroundings.offset, shadow.shadowBlurRadius(), *shadow.shadowColor());
+  if (!state) return std::nullopt;
+  state->dx -= static_cast<int>(surroundings.aside * scale);
+  return contexts::InsetShadow{*state, surroundings.rect, path.usesEvenOddFillRule()};
+}
+
+bool showsInset(CGContextRef context, const UIBezierPath& path, const NSShadow& shadow) {
+  return context && !path.isEmpty() && shadow.shadowColor() && shadow.shadowColor()->alpha() != 0;
 }
 
 }  // namespace
@@ -38,35 +65,33 @@ bool castsShadow(CGSize offset, CGFloat blur, const std::optional<UIColor>& colo
 }
 
 void drawInsetShadow(CGContextRef context, const UIBezierPath& path, const NSShadow& shadow) {
-  const std::optional<UIColor>& color = shadow.shadowColor();
-  if (!context || path.isEmpty() || !color || color->alpha() == 0) return;
-  const CGSize offset = shadow.shadowOffset();
-  const CGFloat blur = shadow.shadowBlurRadius();
-  const CGRect bounds = path.bounds();
-  CGRect around = CGRectInset(bounds, -blur, -blur);
-  around = CGRectOffset(around, -offset.width, -offset.height);
-  around = CGRectInset(CGRectUnion(around, bounds), -1, -1);
+  if (!showsInset(context, path, shadow)) return;
+  const Surroundings surroundings(path.bounds(), shadow);
+  const auto inset = castInPlace(*context, path, surroundings, shadow);
+  if (inset && contexts::castInsetShadow(*context, path.cgPath(), *inset)) return;
+  CGPath around;
+  around.reserve(path.cgPath().verbs().size() + 5, path.cgPath().points().size() + 4);
+  around.addRect(surroundings.rect);
+  around.addPath(path.cgPath());
+  around.applyTransform(CGAffineTransformMakeTranslation(-surroundings.aside, 0));
 
-  // What casts the shadow is the area around the path. It stands wholly to the left of the path,
-  // outside the clip, and its shadow is sent back by the same distance: only the shadow shows.
-  const CGFloat aside = std::round(around.size.width);
   CGContextSaveGState(context);
-  CGContextSetShadowWithColor(context, {nudged(offset.width + aside), nudged(offset.height)}, blur,
-                              color);
-  if (castWithoutMoving(*context, path, aside)) {
-    CGContextRestoreGState(context);
-    return;
-  }
-  CGPath surroundings;
-  surroundings.reserve(path.cgPath().verbs().size() + 5, path.cgPath().points().size() + 4);
-  surroundings.addRect(around);
-  surroundings.addPath(path.cgPath());
-  surroundings.applyTransform(CGAffineTransformMakeTranslation(-aside, 0));
-
+  CGContextSetShadowWithColor(context, surroundings.offset, shadow.shadowBlurRadius(),
+                              shadow.shadowColor());
   CGContextClipToPath(context, path.cgPath(), path.usesEvenOddFillRule());
   CGContextSetFillColor(context, UIColor::grayColor());
-  CGContextFillPath(context, surroundings, true);
+  CGContextFillPath(context, around, true);
   CGContextRestoreGState(context);
+}
+
+void fillWithInsetShadow(CGContextRef context, const UIBezierPath& path, const NSShadow& shadow) {
+  if (showsInset(context, path, shadow)) {
+    const Surroundings surroundings(path.bounds(), shadow);
+    const auto inset = castInPlace(*context, path, surroundings, shadow);
+    if (inset && contexts::fillWithInsetShadow(*context, path.cgPath(), *inset)) return;
+  }
+  CGContextFillPath(context, path.cgPath(), true);
+  drawInsetShadow(context, path, shadow);
 }
 
 UIImage redrawWithShadow(const UIImage& image, CGSize offset, CGFloat blur,

@@ -10,6 +10,10 @@ namespace glyphwright::rendering {
 /// Darkens the inside of the path along its edges. The context's state is left as it was.
 void drawInsetShadow(CGContextRef context, const UIBezierPath& path, const NSShadow& shadow);
 
+/// The same after filling the path even-odd with the fill colour, both in one pass where that can
+/// be.
+void fillWithInsetShadow(CGContextRef context, const UIBezierPath& path, const NSShadow& shadow);
+
 /// The image redrawn with the shadow in its own size, at the screen scale. No room is added: what
 /// falls outside is cut off.
 UIImage redrawWithShadow(const UIImage& image, CGSize offset, CGFloat blur,

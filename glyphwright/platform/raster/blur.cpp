@@ -8,9 +8,10 @@
 namespace glyphwright::raster {
 namespace {
 
-// Gaussian weights as 15-bit fractions: the middle, then those of the two values 1, 2, … reach away
-// from it together. All in all exactly one.
-void gaussianTaps(double sigma, int reach, std::vector<std::int16_t>& taps) {
+// Gaussian weights as 15-bit fractions: the middle, then those of the two values 1, 2, … away from
+// it together, out to `support` pixels from the middle's centre; the last weighs by how much of its
+// pixel that takes in. All in all exactly one.
+void gaussianTaps(double sigma, double support, std::vector<std::int16_t>& taps) {
   constexpr int kMostTaps = static_cast<int>(kDirectSigma) * 2 + 1;
   double weights[kMostTaps];
   // From one to the next the weight falls by a factor that itself falls evenly.
@@ -19,11 +20,12 @@ void gaussianTaps(double sigma, int reach, std::vector<std::int16_t>& taps) {
   double weight = 2;
   weights[0] = 1;
   double total = 1;
+  const int reach = static_cast<int>(std::ceil(support - 0.5));
   for (int k = 1; k <= reach; ++k) {
     weight *= factor;
     factor *= fall;
-    weights[k] = weight;
-    total += weight;
+    weights[k] = k < reach ? weight : weight * (support - (k - 0.5));
+    total += weights[k];
   }
   taps.resize(static_cast<std::size_t>(reach) + 1);
   int sum = 0;
@@ -36,71 +38,100 @@ void gaussianTaps(double sigma, int reach, std::vector<std::int16_t>& taps) {
   taps[0] = static_cast<std::int16_t>(taps[0] + kOne - sum);
 }
 
-// A Gaussian one row at a time: the mask's rows filtered downwards into a row with room on both
-// sides, and that one across.
+// What the filter makes of the same value everywhere.
+std::uint16_t filteredEvenly(std::uint16_t value, const std::vector<std::int16_t>& taps) {
+  int sum = 0;
+  for (const std::int16_t tap : taps) sum += scaled(value, tap);
+  return static_cast<std::uint16_t>(std::min(sum, kOne));
+}
+
+// A Gaussian a few rows at a time: the mask's rows filtered downwards into rows with room on both
+// sides, and those across. What one step has stored another needs at other places, which is slow to
+// wait for: so each step does its rows first.
 class RowFilter {
  public:
-  /// Results for columns x0 to x1. There is one such filter at a time: it works in the scratch.
-  RowFilter(const Mask& mask, double sigma, double cut, int x0, int x1, Scratch& scratch)
-      : mask_(mask),
+  /// Results for the rows and columns of `area`. There is one such filter at a time: it works in
+  /// the scratch.
+  RowFilter(const Mask& mask, std::uint16_t around, double sigma, double support,
+            const PixelRect& area, Scratch& scratch)
+      : area_(area),
         kernels_(*scratch.kernels),
-        reach_(static_cast<int>(std::floor(cut))),
-        outCount_(wholeBlocks(x1 - x0)),
-        maskCount_(wholeBlocks(mask.bounds.width())) {
-    gaussianTaps(sigma, reach_, scratch.taps);
+        width_(static_cast<std::size_t>(mask.bounds.width())),
+        maskCount_(wholeBlocks(mask.bounds.width())),
+        outCount_(wholeBlocks(area.width())) {
+    gaussianTaps(sigma, support, scratch.taps);
     taps_ = scratch.taps.data();
-    const int left = std::min(x0 - reach_, mask.bounds.x0);
+    reach_ = scratch.taps.size() - 1;
+    const auto reach = static_cast<int>(reach_);
+    const int left = std::min(area.x0 - reach, mask.bounds.x0);
     const auto distance = [left](int x) { return static_cast<std::size_t>(x - left); };
-    const std::size_t padded = std::max(distance(x0 + reach_) + outCount_,  //
-                                        distance(mask.bounds.x0) + maskCount_);
-    scratch.filterRows.assign(padded + outCount_, 0);
-    out_ = scratch.filterRows.data();
-    along_ = out_ + outCount_ + distance(x0 - reach_);
-    down_ = out_ + outCount_ + distance(mask.bounds.x0);
+    stride_ = std::max(distance(area.x0 + reach) + outCount_,
+                       distance(mask.bounds.x0) + maskCount_ + kBlock);
+    aside_ = filteredEvenly(around, scratch.taps);
+    scratch.filterRows.assign(kRows * (stride_ + outCount_) + maskCount_, aside_);
+    std::uint16_t* across = scratch.filterRows.data();
+    along_ = across + distance(area.x0 - reach);
+    down_ = across + distance(mask.bounds.x0);
+    out_ = across + kRows * stride_;
+    std::uint16_t* beyond = out_ + kRows * outCount_;
+    std::fill_n(beyond, maskCount_, around);
+    placeSources(mask, beyond, scratch.filterSources);
+    sources_ = scratch.filterSources.data() + reach_;
   }
 
-  const std::uint16_t* at(int y) {
-    const PixelRect& b = mask_.bounds;
-    const int above = std::min(y - b.y0, reach_);  // rows that there are, or negative
-    const int below = std::min(b.y1 - 1 - y, reach_);
-    if (above < -reach_ || below < -reach_) {
-      std::fill_n(out_, outCount_, std::uint16_t{0});
-      return out_;
+  /// Gives `take(y, row)` every row of the area, top to bottom.
+  template <typename Take>
+  void run(Take take) const {
+    for (int y = area_.y0; y < area_.y1; y += kRows) {
+      const auto from = static_cast<std::size_t>(y - area_.y0);
+      const auto rows = static_cast<std::size_t>(std::min(area_.y1 - y, kRows));
+      for (std::size_t i = 0; i < rows; ++i) {
+        std::uint16_t* down = down_ + i * stride_;
+        kernels_.filterDown(down, sources_ + from + i, taps_, reach_, maskCount_);
+        // What lies beyond the mask's width is room, not coverage.
+        std::fill_n(down + width_, kBlock, aside_);
+      }
+      for (std::size_t i = 0; i < rows; ++i) {
+        kernels_.filterAlong(out_ + i * outCount_, along_ + i * stride_, taps_, reach_, outCount_);
+      }
+      for (std::size_t i = 0; i < rows; ++i) {
+        take(y + static_cast<int>(i), out_ + i * outCount_);
+      }
     }
-    const bool upwards = above > below;
-    const int near = std::min(above, below);  // the side where the mask ends first
-    const int far = std::max(above, below);
-    const int from = near < 0 ? -near : near + 1;
-    const auto stride = static_cast<std::ptrdiff_t>(mask_.stride);
-    FilterRows rows{};
-    rows.middle = near < 0 ? nullptr : mask_.row(y);
-    rows.pairs = near < 0 ? 0 : static_cast<std::size_t>(near);
-    rows.stride = upwards ? -stride : stride;
-    rows.singleFrom = static_cast<std::size_t>(from);
-    rows.singleUntil = static_cast<std::size_t>(far) + 1;
-    rows.single = from > far ? mask_.row(b.y0) : mask_.row(upwards ? y - from : y + from);
-    kernels_.filterDown(down_, rows, taps_, maskCount_);
-    // What lies beyond the mask's width is room, not coverage.
-    const auto width = static_cast<std::size_t>(b.width());
-    std::fill_n(down_ + width, maskCount_ - width, std::uint16_t{0});
-    kernels_.filterAlong(out_, along_, taps_, static_cast<std::size_t>(reach_), outCount_);
-    return out_;
   }
 
  private:
+  static constexpr int kRows = 4;
+
   static std::size_t wholeBlocks(int width) {
     return static_cast<std::size_t>((width + kBlock - 1) / kBlock) * kBlock;
   }
 
-  const Mask& mask_;
+  // The mask's rows that the area's rows take, `beyond` in place of those that it has not.
+  void placeSources(const Mask& mask, const std::uint16_t* beyond,
+                    std::vector<const std::uint16_t*>& sources) const {
+    const auto reach = static_cast<int>(reach_);
+    const int top = area_.y0 - reach;
+    sources.assign(static_cast<std::size_t>(area_.y1 + reach - top), beyond);
+    const int end = std::min(area_.y1 + reach, mask.bounds.y1);
+    for (int y = std::max(top, mask.bounds.y0); y < end; ++y) {
+      sources[static_cast<std::size_t>(y - top)] = mask.row(y);
+    }
+  }
+
+  PixelRect area_;
   const Kernels& kernels_;
-  int reach_;
-  std::size_t outCount_;
+  std::size_t reach_;
+  std::size_t width_;
   std::size_t maskCount_;
+  std::size_t outCount_;
+  std::size_t stride_;
+  std::uint16_t aside_;  // what is left and right of the mask's part, filtered downwards
   const std::int16_t* taps_;
+  const std::uint16_t* const* sources_;  // the first row's, with `reach` more on either side
+  std::uint16_t* along_;                 // `reach` values before the first result's
+  std::uint16_t* down_;                  // the mask's part
   std::uint16_t* out_;
-  std::uint16_t* along_;  // `reach` values before the first result's, zero but for the mask's part
-  std::uint16_t* down_;   // the mask's part
 };
 
 int floorHalf(int v) {
@@ -108,11 +139,11 @@ int floorHalf(int v) {
 }
 
 // Every pixel the mean of four.
-Mask halved(const Mask& mask) {
+Mask halved(const Mask& mask, std::uint16_t around) {
   const PixelRect& b = mask.bounds;
   Mask out({floorHalf(b.x0), floorHalf(b.y0), floorHalf(b.x1 + 1), floorHalf(b.y1 + 1)});
   const auto at = [&](int x, int y) {
-    if (x < b.x0 || x >= b.x1 || y < b.y0 || y >= b.y1) return 0;
+    if (x < b.x0 || x >= b.x1 || y < b.y0 || y >= b.y1) return static_cast<int>(around);
     return static_cast<int>(mask.row(y)[x - b.x0]);
   };
   for (int y = out.bounds.y0; y < out.bounds.y1; ++y) {
@@ -149,25 +180,28 @@ Mask doubled(const Mask& mask, const PixelRect& area) {
   return out;
 }
 
-Mask blurredInPlace(const Mask& mask, double sigma, double cut, const PixelRect& area,
-                    Scratch& scratch);
+Mask blurredInPlace(const Mask& mask, std::uint16_t around, double sigma, double support,
+                    const PixelRect& area, Scratch& scratch);
 
 // Half the size, half the sigma, one more pixel on each side for the interpolation. Averaging four
 // and interpolating add 1/4 + 3/4 square pixels of variance, which the filter leaves out.
-Mask blurredByHalves(const Mask& mask, double sigma, double cut, const PixelRect& area,
-                     Scratch& scratch) {
+Mask blurredByHalves(const Mask& mask, std::uint16_t around, double sigma, double support,
+                     const PixelRect& area, Scratch& scratch) {
   const PixelRect half{floorHalf(area.x0) - 1, floorHalf(area.y0) - 1, floorHalf(area.x1 + 1) + 1,
                        floorHalf(area.y1 + 1) + 1};
   const double remaining = std::sqrt(sigma * sigma - 1);
-  return doubled(blurredInPlace(halved(mask), remaining * 0.5, cut * 0.5, half, scratch), area);
+  return doubled(
+      blurredInPlace(halved(mask, around), around, remaining * 0.5, support * 0.5, half, scratch),
+      area);
 }
 
-Mask blurredInPlace(const Mask& mask, double sigma, double cut, const PixelRect& area,
-                    Scratch& scratch) {
-  if (sigma >= kDirectSigma) return blurredByHalves(mask, sigma, cut, area, scratch);
+Mask blurredInPlace(const Mask& mask, std::uint16_t around, double sigma, double support,
+                    const PixelRect& area, Scratch& scratch) {
+  if (sigma >= kDirectSigma) return blurredByHalves(mask, around, sigma, support, area, scratch);
   Mask out(area);
-  RowFilter filter(mask, sigma, cut, area.x0, area.x1, scratch);
-  for (int y = area.y0; y < area.y1; ++y) std::copy_n(filter.at(y), area.width(), out.row(y));
+  RowFilter(mask, around, sigma, support, area, scratch).run([&](int y, const std::uint16_t* row) {
+    std::copy_n(row, area.width(), out.row(y));
+  });
   return out;
 }
 
@@ -177,17 +211,20 @@ int blurReach(double blurPixels) {
   return static_cast<int>(std::ceil(blurPixels));
 }
 
-void blurRows(const Mask& mask, double blurPixels, int dx, int dy, const PixelRect& area,
-              Scratch& scratch, RowSink& sink) {
+void blurRows(const Mask& mask, std::uint16_t around, double blurPixels, int dx, int dy,
+              const PixelRect& area, Scratch& scratch, RowSink& sink) {
   const PixelRect source{area.x0 - dx, area.y0 - dy, area.x1 - dx, area.y1 - dy};
   const double sigma = blurPixels * 0.5;
+  const double support = std::floor(blurPixels) + 0.5;
   const CoverageSpan span{0, area.width(), CoverageSpan::kVaries};
-  if (sigma < kDirectSigma) {
-    RowFilter filter(mask, sigma, blurPixels, source.x0, source.x1, scratch);
-    for (int y = area.y0; y < area.y1; ++y) sink.row({y, {&span, 1}, filter.at(y - dy)});
+  if (filtersDirectly(blurPixels)) {
+    RowFilter(mask, around, sigma, support, source, scratch)
+        .run([&](int y, const std::uint16_t* row) {
+          sink.row({y + dy, {&span, 1}, row});
+        });
     return;
   }
-  const Mask result = blurredByHalves(mask, sigma, blurPixels, source, scratch);
+  const Mask result = blurredByHalves(mask, around, sigma, support, source, scratch);
   for (int y = area.y0; y < area.y1; ++y) sink.row({y, {&span, 1}, result.row(y - dy)});
 }
 

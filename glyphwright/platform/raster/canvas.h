@@ -111,6 +111,24 @@ class Canvas {
     bool writes_;  // over a clear ground nothing needs blending
   };
 
+  /// Rows of a region of a canvas that is pristine, for somebody who writes all their pixels; the
+  /// ground is laid around them. Rows are asked for from top to bottom, each of `region`, which
+  /// lies inside the bounds, once.
+  class FreshRows {
+   public:
+    FreshRows(Canvas& canvas, const PixelRect& region);
+    /// The pixel at (region.x0, y).
+    std::uint8_t* at(int y);
+    /// Lays the ground in the rows below the region.
+    void finish();
+
+   private:
+    Canvas& canvas_;
+    PixelRect region_;
+    std::size_t left_;  // pixels beside the region
+    std::size_t right_;
+  };
+
   /// Writes the ground where nothing else did; after this, pixels are real.
   void materialize();
   /// The pixel at (bounds().x0, y).

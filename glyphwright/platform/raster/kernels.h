@@ -153,6 +153,14 @@ struct Ramp {
   double last;
 };
 
+/// A row of an inset shadow: coverage by what surrounds a shape and casts the shadow, coverage by
+/// that shadow, and coverage by the shape, inside of which alone it shows.
+struct InsetRow {
+  const std::uint16_t* around;
+  const std::uint16_t* cast;
+  const std::uint16_t* inside;
+};
+
 /// Rows of cells to be painted, top to bottom. They are set back to zero. What lies
 /// past the end of a row, but not past that of the last row, may be painted too with no coverage.
 struct CellRows {
@@ -164,17 +172,6 @@ struct CellRows {
   std::size_t rows;
   std::size_t width;  // pixels a row, at most the stride
   FillRule rule;
-};
-
-/// The rows of a mask that weigh in one row of a symmetric filter down it; rows that the mask does
-/// not have are empty. Rows are `stride` values apart, which may be negative.
-struct FilterRows {
-  const std::uint16_t* middle;  // null when the mask has no such row
-  std::size_t pairs;            // how many rows away there is one on both sides, 0 without a middle
-  const std::uint16_t* single;  // the nearest row that has none opposite
-  std::size_t singleFrom;       // how many rows away that is, and up to where they go on
-  std::size_t singleUntil;
-  std::ptrdiff_t stride;  // towards the side of the single rows
 };
 
 /// The loops that touch pixels. One table for each instruction set, all equal to the scalar one
@@ -213,6 +210,10 @@ struct Kernels {
   /// coverage, sets the cells back to zero and gives the sum.
   int (*sumNarrow)(std::int16_t* cells, std::size_t count, int carry, FillRule rule,
                    std::uint16_t* coverage);
+  /// Sums rows of cells like sumNarrow, from nothing on, into two fractions: how much of each pixel
+  /// the even-odd rule leaves free, and how much `rule` covers.
+  void (*sumInset)(std::int16_t* cells, std::size_t count, FillRule rule, std::uint16_t* around,
+                   std::uint16_t* inside);
   int (*sumWide)(std::int32_t* cells, std::size_t count, int carry, FillRule rule,
                  std::uint16_t* coverage);
   /// Sums rows of cells and paints them with a colour, `rowBytes` from row to row: over nothing,
@@ -229,6 +230,14 @@ struct Kernels {
   /// Pixels := colour × coverage, whatever was there.
   void (*writeSolid)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                      const SolidColor& color);
+  /// Pixels := one colour × its coverage over another one × its own, whatever was there.
+  void (*writeTwoSolids)(std::uint8_t* rgba, const std::uint16_t* below, const std::uint16_t* above,
+                         std::size_t count, const SolidColor& belowColor,
+                         const SolidColor& aboveColor);
+  /// Pixels := a colour × what is not around, as writeCells has it, and over that a shade × how
+  /// much is cast × what is inside.
+  void (*writeInset)(std::uint8_t* rgba, const InsetRow& row, std::size_t count,
+                     const SolidColor& color, const SolidColor& shade);
   /// Pixels := colour × coverage over the pixels.
   void (*blendSolid)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                      const SolidColor& color);
@@ -245,8 +254,9 @@ struct Kernels {
   void (*scaleCoverage)(std::uint16_t* coverage, int fraction, std::size_t count);
   /// One row of a symmetric filter: taps[0] weighs the middle, taps[k] the two values k away from
   /// it together. Taps are fractions that sum to at most one; `count` is a multiple of kBlock.
-  void (*filterDown)(std::uint16_t* out, const FilterRows& rows, const std::int16_t* taps,
-                     std::size_t count);
+  /// `middle` points to the middle one of 2·reach + 1 rows.
+  void (*filterDown)(std::uint16_t* out, const std::uint16_t* const* middle,
+                     const std::int16_t* taps, std::size_t reach, std::size_t count);
   /// The same along a row; `in` begins `reach` values before the first result's.
   void (*filterAlong)(std::uint16_t* out, const std::uint16_t* in, const std::int16_t* taps,
                       std::size_t reach, std::size_t count);

@@ -28,6 +28,11 @@ constexpr PixelRect intersection(const PixelRect& a, const PixelRect& b) {
   return {std::max(a.x0, b.x0), std::max(a.y0, b.y0), std::min(a.x1, b.x1), std::min(a.y1, b.y1)};
 }
 
+/// The smallest rectangle around both; neither may be empty.
+constexpr PixelRect united(const PixelRect& a, const PixelRect& b) {
+  return {std::min(a.x0, b.x0), std::min(a.y0, b.y0), std::max(a.x1, b.x1), std::max(a.y1, b.y1)};
+}
+
 constexpr PixelRect grown(const PixelRect& r, int left, int top, int right, int bottom) {
   return {r.x0 - left, r.y0 - top, r.x1 + right, r.y1 + bottom};
 }

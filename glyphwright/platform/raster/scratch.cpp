@@ -26,7 +26,8 @@ std::size_t Scratch::keptBytes() const {
          bytes(sortedEdges) + bytes(activeEdges) + bytes(bandStarts) + bytes(narrowCells) +
          bytes(wideCells) + bytes(touched) + bytes(coverage) + bytes(clippedCoverage) +
          bytes(sourceRow) + bytes(casterMask) + bytes(insideMask) + bytes(filterRows) +
-         bytes(taps) + bytes(ramp) + bytes(rowColors) + (upper == nullptr ? 0 : upper->keptBytes());
+         bytes(filterSources) + bytes(taps) + bytes(ramp) + bytes(rowColors) +
+         (upper == nullptr ? 0 : upper->keptBytes());
 }
 
 void Scratch::trim() {

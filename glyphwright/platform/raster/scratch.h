@@ -51,6 +51,7 @@ struct Scratch {
   std::vector<std::uint16_t> casterMask;  // of what casts a shadow
   std::vector<std::uint16_t> insideMask;  // of where an inset shadow shows
   std::vector<std::uint16_t> filterRows;
+  std::vector<const std::uint16_t*> filterSources;
   std::vector<std::int16_t> taps;
   std::vector<std::uint32_t> ramp;
   std::vector<SolidColor> rowColors;

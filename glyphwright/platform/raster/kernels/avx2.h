@@ -18,6 +18,8 @@ void cellAmounts(Pieces& pieces);
 void addPieces(const Pieces& pieces, std::int16_t* cells, std::uint8_t* touched);
 int sumNarrow(std::int16_t* cells, std::size_t count, int carry, FillRule rule,
               std::uint16_t* coverage);
+void sumInset(std::int16_t* cells, std::size_t count, FillRule rule, std::uint16_t* around,
+              std::uint16_t* inside);
 int sumWide(std::int32_t* cells, std::size_t count, int carry, FillRule rule,
             std::uint16_t* coverage);
 void writeCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
@@ -30,6 +32,10 @@ void blendCellsByRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& r
                      const SolidColor* colors);
 void writeSolid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                 const SolidColor& color);
+void writeTwoSolids(std::uint8_t* rgba, const std::uint16_t* below, const std::uint16_t* above,
+                    std::size_t count, const SolidColor& belowColor, const SolidColor& aboveColor);
+void writeInset(std::uint8_t* rgba, const InsetRow& row, std::size_t count, const SolidColor& color,
+                const SolidColor& shade);
 void blendSolid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                 const SolidColor& color);
 void writePixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
@@ -39,8 +45,8 @@ void blendPixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t 
 void rampPixels(std::uint8_t* rgba, const Ramp& ramp, double from, double step, std::size_t count);
 void multiplyCoverage(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count);
 void scaleCoverage(std::uint16_t* coverage, int fraction, std::size_t count);
-void filterDown(std::uint16_t* out, const FilterRows& rows, const std::int16_t* taps,
-                std::size_t count);
+void filterDown(std::uint16_t* out, const std::uint16_t* const* middle, const std::int16_t* taps,
+                std::size_t reach, std::size_t count);
 void filterAlong(std::uint16_t* out, const std::uint16_t* in, const std::int16_t* taps,
                  std::size_t reach, std::size_t count);
 void prepareCurves(const double* const* curves, std::size_t count, const CurvePen& pen,

@@ -20,20 +20,10 @@ class Sums {
       sums_[b] = _mm256_mulhrs_epi16(load(values + b * kBlock), weight);
     }
   }
-  void startEmpty() {
-    for (__m256i& sum : sums_) sum = _mm256_setzero_si256();
-  }
   void addPair(const std::uint16_t* one, const std::uint16_t* other, std::int16_t tap) {
     const __m256i weight = _mm256_set1_epi16(tap);
     for (int b = 0; b < blocks; ++b) {
       const __m256i mean = _mm256_avg_epu16(load(one + b * kBlock), load(other + b * kBlock));
-      sums_[b] = _mm256_adds_epi16(sums_[b], _mm256_mulhrs_epi16(mean, weight));
-    }
-  }
-  void addSingle(const std::uint16_t* values, std::int16_t tap) {
-    const __m256i weight = _mm256_set1_epi16(tap);
-    for (int b = 0; b < blocks; ++b) {
-      const __m256i mean = _mm256_avg_epu16(load(values + b * kBlock), _mm256_setzero_si256());
       sums_[b] = _mm256_adds_epi16(sums_[b], _mm256_mulhrs_epi16(mean, weight));
     }
   }
@@ -48,21 +38,12 @@ class Sums {
 };
 
 template <int blocks>
-void down(std::uint16_t* out, const FilterRows& rows, std::size_t at, const std::int16_t* taps) {
+void down(std::uint16_t* out, const std::uint16_t* const* middle, std::size_t at,
+          const std::int16_t* taps, std::size_t reach) {
   Sums<blocks> sums;
-  if (rows.middle == nullptr) {
-    sums.startEmpty();
-  } else {
-    const std::uint16_t* middle = rows.middle + at;
-    sums.startWith(middle, taps[0]);
-    std::ptrdiff_t away = rows.stride;
-    for (std::size_t k = 1; k <= rows.pairs; ++k, away += rows.stride) {
-      sums.addPair(middle - away, middle + away, taps[k]);
-    }
-  }
-  const std::uint16_t* single = rows.single + at;
-  for (std::size_t k = rows.singleFrom; k < rows.singleUntil; ++k, single += rows.stride) {
-    sums.addSingle(single, taps[k]);
+  sums.startWith(*middle + at, taps[0]);
+  for (std::size_t k = 1; k <= reach; ++k) {
+    sums.addPair(*(middle - k) + at, middle[k] + at, taps[k]);
   }
   sums.store(out + at);
 }
@@ -77,26 +58,26 @@ void along(std::uint16_t* out, const std::uint16_t* in, const std::int16_t* taps
   sums.store(out);
 }
 
-// Runs a step for four blocks at a time, then for two and for one.
+// Runs a step for four blocks at a time, then for those that are left.
 template <typename Step>
 void inBlocks(std::size_t count, Step step) {
   std::size_t at = 0;
   for (; at + 4 * kBlock <= count; at += 4 * kBlock) step.template run<4>(at);
-  if (at + 2 * kBlock <= count) {
-    step.template run<2>(at);
-    at += 2 * kBlock;
-  }
-  if (at < count) step.template run<1>(at);
+  const std::size_t left = (count - at) / kBlock;
+  if (left == 1) step.template run<1>(at);
+  if (left == 2) step.template run<2>(at);
+  if (left == 3) step.template run<3>(at);
 }
 
 struct Down {
   template <int blocks>
   void run(std::size_t at) const {
-    down<blocks>(out, rows, at, taps);
+    down<blocks>(out, middle, at, taps, reach);
   }
   std::uint16_t* out;
-  const FilterRows& rows;
+  const std::uint16_t* const* middle;
   const std::int16_t* taps;
+  std::size_t reach;
 };
 
 struct Along {
@@ -112,9 +93,9 @@ struct Along {
 
 }  // namespace
 
-void filterDown(std::uint16_t* out, const FilterRows& rows, const std::int16_t* taps,
-                std::size_t count) {
-  inBlocks(count, Down{out, rows, taps});
+void filterDown(std::uint16_t* out, const std::uint16_t* const* middle, const std::int16_t* taps,
+                std::size_t reach, std::size_t count) {
+  inBlocks(count, Down{out, middle, taps, reach});
 }
 
 void filterAlong(std::uint16_t* out, const std::uint16_t* in, const std::int16_t* taps,

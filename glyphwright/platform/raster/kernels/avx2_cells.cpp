@@ -65,6 +65,21 @@ int sumNarrowBy(std::int16_t* cells, std::size_t count, int carry, std::uint16_t
   return static_cast<short>(_mm256_extract_epi16(running.sum(), 0));
 }
 
+template <FillRule rule>
+void sumInsetBy(std::int16_t* cells, std::size_t count, std::uint16_t* around,
+                std::uint16_t* inside) {
+  const __m256i zero = _mm256_setzero_si256();
+  const __m256i full = _mm256_set1_epi16(kUnitsPerPixel);
+  RunningSum running(0);
+  for (std::size_t i = 0; i < count; i += kBlock) {
+    const __m256i sums = running.next(load(cells + i));
+    store(cells + i, zero);
+    const __m256i covered = foldWinding<FillRule::evenOdd>(sums);
+    store(around + i, fractions(_mm256_sub_epi16(full, covered)));
+    store(inside + i, fractions(rule == FillRule::evenOdd ? covered : foldWinding<rule>(sums)));
+  }
+}
+
 // The end of a row with more rows to come: whole blocks are stored faster than parts, and what lies
 // beyond the end is laid anew by the next row, or stays as it was under no coverage.
 struct OpenEnd : Stretch {
@@ -263,6 +278,12 @@ int sumNarrow(std::int16_t* cells, std::size_t count, int carry, FillRule rule,
               std::uint16_t* coverage) {
   return rule == FillRule::nonZero ? sumNarrowBy<FillRule::nonZero>(cells, count, carry, coverage)
                                    : sumNarrowBy<FillRule::evenOdd>(cells, count, carry, coverage);
+}
+
+void sumInset(std::int16_t* cells, std::size_t count, FillRule rule, std::uint16_t* around,
+              std::uint16_t* inside) {
+  rule == FillRule::nonZero ? sumInsetBy<FillRule::nonZero>(cells, count, around, inside)
+                            : sumInsetBy<FillRule::evenOdd>(cells, count, around, inside);
 }
 
 void writeCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,

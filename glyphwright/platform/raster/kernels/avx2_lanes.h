@@ -150,6 +150,16 @@ inline void inStretches(std::size_t count, Step step) {
   if (at < count) step(RowEnd(count - at), at);
 }
 
+// The same for a step that puts whole pixels down, whatever is there: the last sixteen may then be
+// done twice, which is faster than a part of them.
+template <typename Step>
+inline void inWholeStretches(std::size_t count, Step step) {
+  if (count < kBlock) return step(RowEnd(count), std::size_t{0});
+  std::size_t at = 0;
+  for (; at + kBlock <= count; at += kBlock) step(Stretch{}, at);
+  if (at < count) step(Stretch{}, count - kBlock);
+}
+
 // A colour ready for sixteen pixels.
 struct Ink {
   explicit Ink(const SolidColor& color)

@@ -13,7 +13,7 @@ int sumWide(std::int32_t* cells, std::size_t count, int carry, FillRule rule,
 void writeSolid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                 const SolidColor& color) {
   const Ink ink(color);
-  inStretches(count, [&](auto stretch, std::size_t at) {
+  inWholeStretches(count, [&](auto stretch, std::size_t at) {
     stretch.storePixels(rgba + at * 4, ink.covered(stretch.loadCoverage(coverage + at)));
   });
 }

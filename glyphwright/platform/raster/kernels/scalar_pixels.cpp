@@ -60,6 +60,25 @@ void blendSolid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t c
   }
 }
 
+void writeTwoSolids(std::uint8_t* rgba, const std::uint16_t* below, const std::uint16_t* above,
+                    std::size_t count, const SolidColor& belowColor, const SolidColor& aboveColor) {
+  writeSolid(rgba, below, count, belowColor);
+  blendSolid(rgba, above, count, aboveColor);
+}
+
+void writeInset(std::uint8_t* rgba, const InsetRow& row, std::size_t count, const SolidColor& color,
+                const SolidColor& shade) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const int units = kUnitsPerPixel - ((row.around[i] + 1) >> 5);  // before it was a fraction
+    const int shaded = scaled(row.cast[i], row.inside[i]);
+    const int rest = remainder(scaled(shade.alpha, shaded));
+    for (int c = 0; c < 4; ++c) {
+      const int filled = scaled(color.channels[c] >> 1, units);
+      *rgba++ = toByte(scaled(shade.channels[c], shaded) + scaled(filled * 64, rest));
+    }
+  }
+}
+
 void writePixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                  const std::uint8_t* source) {
   for (std::size_t i = 0; i < count; ++i) {
@@ -137,25 +156,19 @@ void scaleCoverage(std::uint16_t* coverage, int fraction, std::size_t count) {
 
 namespace {
 
-// The mean of both sides is taken first, so that a pair costs one product; a value without partner
-// has an empty one.
+// The mean of both sides is taken first, so that a pair costs one product.
 int pairScaled(int a, int b, int tap) {
   return scaled((a + b + 1) >> 1, tap);
 }
 
 }  // namespace
 
-void filterDown(std::uint16_t* out, const FilterRows& rows, const std::int16_t* taps,
-                std::size_t count) {
+void filterDown(std::uint16_t* out, const std::uint16_t* const* middle, const std::int16_t* taps,
+                std::size_t reach, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
-    int total = rows.middle == nullptr ? 0 : scaled(rows.middle[i], taps[0]);
-    for (std::size_t k = 1; k <= rows.pairs; ++k) {
-      const std::ptrdiff_t away = static_cast<std::ptrdiff_t>(k) * rows.stride;
-      total += pairScaled((rows.middle - away)[i], (rows.middle + away)[i], taps[k]);
-    }
-    const std::uint16_t* single = rows.single;
-    for (std::size_t k = rows.singleFrom; k < rows.singleUntil; ++k, single += rows.stride) {
-      total += pairScaled(single[i], 0, taps[k]);
+    int total = scaled((*middle)[i], taps[0]);
+    for (std::size_t k = 1; k <= reach; ++k) {
+      total += pairScaled((*(middle - k))[i], middle[k][i], taps[k]);
     }
     out[i] = static_cast<std::uint16_t>(std::min(total, kOne));
   }
@@ -188,6 +201,17 @@ void byRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
 int sumNarrow(std::int16_t* cells, std::size_t count, int carry, FillRule rule,
               std::uint16_t* coverage) {
   return sum(cells, count, carry, rule, coverage);
+}
+
+void sumInset(std::int16_t* cells, std::size_t count, FillRule rule, std::uint16_t* around,
+              std::uint16_t* inside) {
+  std::int16_t winding = 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    winding = static_cast<std::int16_t>(winding + cells[i]);
+    cells[i] = 0;
+    around[i] = toFraction(kUnitsPerPixel - foldWinding(winding, FillRule::evenOdd));
+    inside[i] = toFraction(foldWinding(winding, rule));
+  }
 }
 
 int sumWide(std::int32_t* cells, std::size_t count, int carry, FillRule rule,

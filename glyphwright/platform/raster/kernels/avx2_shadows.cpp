@@ -1,0 +1,75 @@
+#include <glyphwright/platform/raster/kernels/avx2.h>
+
+#include <glyphwright/platform/raster/kernels/avx2_lanes.h>
+
+// Rows of shadows and of what casts them in one pass over the pixels, one channel of sixteen pixels
+// a register; scalar_pixels.cpp says what each loop computes.
+namespace glyphwright::raster::avx2 {
+namespace {
+
+__m256i everyLane(int value) {
+  return _mm256_set1_epi16(static_cast<short>(value));
+}
+
+// Four channels of sixteen pixels, as bytes in 16-bit lanes, woven into pixels.
+PixelPair woven(const __m256i* levels) {
+  const __m256i rg = _mm256_or_si256(levels[0], _mm256_slli_epi16(levels[1], 8));
+  const __m256i ba = _mm256_or_si256(levels[2], _mm256_slli_epi16(levels[3], 8));
+  const __m256i a = _mm256_unpacklo_epi16(rg, ba);
+  const __m256i b = _mm256_unpackhi_epi16(rg, ba);
+  return {_mm256_permute2x128_si256(a, b, 0x20), _mm256_permute2x128_si256(a, b, 0x31)};
+}
+
+// A colour, one channel a register.
+struct Channels {
+  explicit Channels(const SolidColor& color) : alpha(everyLane(color.alpha)) {
+    for (int c = 0; c < 4; ++c) channels[c] = everyLane(color.channels[c]);
+  }
+  // Over bytes in 16-bit lanes, which become the bytes of both.
+  void over(__m256i* levels, __m256i coverage) const {
+    const __m256i covered = _mm256_mulhrs_epi16(alpha, coverage);
+    for (int c = 0; c < 4; ++c) {
+      levels[c] = rounded(avx2::over(_mm256_mulhrs_epi16(channels[c], coverage), covered,
+                                     _mm256_slli_epi16(levels[c], 6)));
+    }
+  }
+
+  __m256i channels[4];
+  __m256i alpha;
+};
+
+}  // namespace
+
+void writeTwoSolids(std::uint8_t* rgba, const std::uint16_t* below, const std::uint16_t* above,
+                    std::size_t count, const SolidColor& belowColor, const SolidColor& aboveColor) {
+  const Channels lower(belowColor);
+  const Channels upper(aboveColor);
+  inWholeStretches(count, [&](auto stretch, std::size_t at) {
+    const __m256i coverage = stretch.loadCoverage(below + at);
+    __m256i levels[4];
+    for (int c = 0; c < 4; ++c) {
+      levels[c] = rounded(_mm256_mulhrs_epi16(lower.channels[c], coverage));
+    }
+    upper.over(levels, stretch.loadCoverage(above + at));
+    stretch.storeBytes(rgba + at * 4, woven(levels));
+  });
+}
+
+void writeInset(std::uint8_t* rgba, const InsetRow& row, std::size_t count, const SolidColor& color,
+                const SolidColor& shade) {
+  __m256i filled[4];
+  for (int c = 0; c < 4; ++c) filled[c] = everyLane(color.channels[c] >> 1);
+  const Channels upper(shade);
+  inWholeStretches(count, [&](auto stretch, std::size_t at) {
+    const __m256i around = stretch.loadCoverage(row.around + at);
+    const __m256i units = _mm256_sub_epi16(
+        everyLane(kUnitsPerPixel), _mm256_srli_epi16(_mm256_add_epi16(around, everyLane(1)), 5));
+    __m256i levels[4];
+    for (int c = 0; c < 4; ++c) levels[c] = _mm256_mulhrs_epi16(filled[c], units);
+    upper.over(levels, _mm256_mulhrs_epi16(stretch.loadCoverage(row.cast + at),
+                                           stretch.loadCoverage(row.inside + at)));
+    stretch.storeBytes(rgba + at * 4, woven(levels));
+  });
+}
+
+}  // namespace glyphwright::raster::avx2

@@ -105,6 +105,7 @@ void edgesInside(const CGPath& path, std::vector<CGPoint>& devicePoints, const P
 
   Edge* edges = roomFor(out.storage, corners + 8);
   out.region = region;
+  out.beyondLeft = out.beyondRight = 0;
   out.count = 0;
   out.verticalRuns = 0;
   std::size_t first = 0;

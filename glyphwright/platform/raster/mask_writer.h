@@ -25,10 +25,13 @@ class MaskWriter final : public RowSink {
   }
 
   bool cells(int y, const CellRows& rows) override {
+    const std::size_t count = cellStride(static_cast<int>(rows.width));
     for (std::size_t row = 0; row < rows.rows; ++row) {
       const int at = y + static_cast<int>(row);
       std::uint16_t* to = mask_.row(at);
-      kernels_.sumNarrow(rows.cells + row * rows.stride, rows.stride, 0, rows.rule, to);
+      std::int16_t* cells = rows.cells + row * rows.stride;
+      kernels_.sumNarrow(cells, count, 0, rows.rule, to);
+      std::fill(cells + count, cells + rows.stride, std::int16_t{0});
       limit(to, at);
     }
     return true;

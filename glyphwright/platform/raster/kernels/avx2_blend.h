@@ -11,24 +11,14 @@ namespace glyphwright::raster::avx2 {
 /// Ink::coveredOver gives.
 class PlainInk {
  public:
-  explicit PlainInk(const SolidColor& color)
-      : even_(everyPair(color.channels[0], color.channels[2])),
-        odd_(everyPair(color.channels[1], color.channels[3])),
-        alpha_(_mm256_set1_epi16(color.alpha)) {}
+  /// Pixels in the lower half of a register take the first colour.
+  PlainInk(const SolidColor& first, const SolidColor& second)
+      : even_(pairs(first, second, 0)),
+        odd_(pairs(first, second, 1)),
+        alpha_(inHalves(first.alpha, second.alpha)) {}
 
-  /// Sixteen pixels' coverage over them.
-  PixelPair over(__m256i coverage, const PixelPair& below) const {
-    // Each pixel's coverage twice: that of the first eight pixels in one register, in order.
-    const __m256i ordered = _mm256_permute4x64_epi64(coverage, _MM_SHUFFLE(3, 1, 2, 0));
-    return {eight(_mm256_unpacklo_epi16(ordered, ordered), below.low),
-            eight(_mm256_unpackhi_epi16(ordered, ordered), below.high)};
-  }
-
- private:
-  static __m256i everyPair(std::int16_t first, std::int16_t second) {
-    return _mm256_set1_epi32(first | second << 16);
-  }
-  __m256i eight(__m256i coverage, __m256i below) const {
+  /// Eight pixels, each with its coverage twice.
+  __m256i over(__m256i coverage, __m256i below) const {
     const __m256i rest =
         _mm256_sub_epi16(_mm256_set1_epi16(kOne), _mm256_mulhrs_epi16(alpha_, coverage));
     const auto channels = [&](__m256i ink, __m256i levels64) {
@@ -40,6 +30,15 @@ class PlainInk {
     const __m256i oddBelow = _mm256_slli_epi16(_mm256_srli_epi16(below, 8), 6);
     return _mm256_or_si256(channels(even_, evenBelow),
                            _mm256_slli_epi16(channels(odd_, oddBelow), 8));
+  }
+
+ private:
+  // Channels `from` and `from` + 2 in turn.
+  static __m256i pairs(const SolidColor& first, const SolidColor& second, int from) {
+    const auto pair = [from](const SolidColor& color) {
+      return _mm_set1_epi32(color.channels[from] | color.channels[from + 2] << 16);
+    };
+    return _mm256_set_m128i(pair(second), pair(first));
   }
 
   __m256i even_;  // red and blue

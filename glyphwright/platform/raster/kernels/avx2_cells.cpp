@@ -7,36 +7,12 @@
 
 #include <glyphwright/platform/raster/kernels/avx2_blend.h>
 #include <glyphwright/platform/raster/kernels/avx2_lanes.h>
+#include <glyphwright/platform/raster/kernels/avx2_rows.h>
 
 // Sixteen cells at a time become coverage or pixels; scalar_pixels.cpp says what each loop
 // computes.
 namespace glyphwright::raster::avx2 {
 namespace {
-
-// Running sums of sixteen 16-bit lanes after another, over blocks that follow each other. Only one
-// addition waits for the block before.
-class RunningSum {
- public:
-  explicit RunningSum(int carry) : before_(_mm256_set1_epi16(static_cast<short>(carry))) {}
-
-  __m256i next(__m256i v) {
-    v = _mm256_add_epi16(v, _mm256_slli_si256(v, 2));
-    v = _mm256_add_epi16(v, _mm256_slli_si256(v, 4));
-    v = _mm256_add_epi16(v, _mm256_slli_si256(v, 8));
-    // The upper half goes on from the lower half's total.
-    const __m256i totals = _mm256_shuffle_epi8(v, _mm256_set1_epi16(0x0F0E));
-    const __m256i swapped = _mm256_permute2x128_si256(totals, totals, 0x01);
-    const __m256i lower = _mm256_permute2x128_si256(totals, totals, 0x08);
-    const __m256i sums = _mm256_add_epi16(_mm256_add_epi16(v, lower), before_);
-    before_ = _mm256_add_epi16(before_, _mm256_add_epi16(totals, swapped));
-    return sums;
-  }
-  // The sum of all so far, in every lane.
-  __m256i sum() const { return before_; }
-
- private:
-  __m256i before_;
-};
 
 template <FillRule rule>
 __m256i foldWinding(__m256i sums) {
@@ -56,7 +32,7 @@ __m256i fractions(__m256i units) {
 template <FillRule rule>
 int sumNarrowBy(std::int16_t* cells, std::size_t count, int carry, std::uint16_t* coverage) {
   const __m256i zero = _mm256_setzero_si256();
-  RunningSum running(carry);
+  OneRowSums running(carry);
   for (std::size_t i = 0; i < count; i += kBlock) {
     const __m256i sums = running.next(load(cells + i));
     store(cells + i, zero);
@@ -70,7 +46,7 @@ void sumInsetBy(std::int16_t* cells, std::size_t count, std::uint16_t* around,
                 std::uint16_t* inside) {
   const __m256i zero = _mm256_setzero_si256();
   const __m256i full = _mm256_set1_epi16(kUnitsPerPixel);
-  RunningSum running(0);
+  OneRowSums running(0);
   for (std::size_t i = 0; i < count; i += kBlock) {
     const __m256i sums = running.next(load(cells + i));
     store(cells + i, zero);
@@ -79,20 +55,6 @@ void sumInsetBy(std::int16_t* cells, std::size_t count, std::uint16_t* around,
     store(inside + i, fractions(rule == FillRule::evenOdd ? covered : foldWinding<rule>(sums)));
   }
 }
-
-// The end of a row with more rows to come: whole blocks are stored faster than parts, and what lies
-// beyond the end is laid anew by the next row, or stays as it was under no coverage.
-struct OpenEnd : Stretch {
-  explicit OpenEnd(std::size_t count) : covered(firstLanes(count)) {}
-  __m256i cut(__m256i units) const { return _mm256_and_si256(units, covered); }
-  __m256i covered;
-};
-
-// The end of the last row, beyond which nothing may be touched.
-struct ClosedEnd : RowEnd {
-  using RowEnd::RowEnd;
-  static __m256i cut(__m256i units) { return units; }
-};
 
 // A bit for each of up to 64 blocks, set where it was touched.
 std::uint64_t touchedBits(const std::uint8_t* touched, std::size_t count) {
@@ -104,36 +66,46 @@ std::uint64_t touchedBits(const std::uint8_t* touched, std::size_t count) {
   return half(0) | half(32) << 32;
 }
 
-// One row, from left to right.
-template <FillRule rule, typename Painter>
+std::uint64_t touchedBits(const TwoRows& rows, const std::uint8_t* touched, std::size_t count) {
+  return touchedBits(touched, count) | touchedBits(touched + rows.cellStride / kBlock, count);
+}
+std::uint64_t touchedBits(const OneRow& /*rows*/, const std::uint8_t* touched, std::size_t count) {
+  return touchedBits(touched, count);
+}
+
+// One row or two, from left to right.
+template <FillRule rule, typename Rows, typename Painter>
 class RowPainter {
  public:
-  RowPainter(std::int16_t* cells, const Painter& painter, std::uint8_t* rgba)
-      : cells_(cells), rgba_(rgba), painter_(painter) {}
+  RowPainter(const Rows& rows, std::int16_t* cells, const Painter& painter, std::uint8_t* rgba)
+      : rows_(rows), cells_(cells), rgba_(rgba), painter_(painter) {}
 
-  void sum(std::size_t blocks) {
-    for (; blocks > 0; --blocks) {
-      painter_.paint(Stretch{}, rgba_, foldWinding<rule>(sums()));
-      cells_ += kBlock;
-      rgba_ += std::size_t{kBlock} * 4;
+  // Stretches of Rows::kPixels.
+  void sum(std::size_t stretches) {
+    for (; stretches > 0; --stretches) {
+      painter_.paint(rows_, rgba_, foldWinding<rule>(sums_.next(rows_.take(cells_))));
+      cells_ += Rows::kPixels;
+      rgba_ += Rows::kPixels * 4;
     }
   }
   void sumWhereTouched(const std::uint8_t* touched, std::size_t blocks) {
     for (std::size_t from = 0; from < blocks; from += 64) {
-      const std::size_t count = blocks - from < 64 ? blocks - from : 64;
-      std::uint64_t set = touchedBits(touched + from, count);
+      const std::size_t count = std::min(blocks - from, std::size_t{64});
+      std::uint64_t set = touchedBits(rows_, touched + from, count);
       for (std::size_t at = 0; at < count;) {
-        const std::size_t gap = least(static_cast<std::size_t>(std::countr_zero(set)), count - at);
+        const std::size_t gap =
+            std::min(static_cast<std::size_t>(std::countr_zero(set)), count - at);
         if (gap > 0) {
-          painter_.goOn(rgba_, gap, from + at == 0, foldWinding<rule>(running_.sum()));
+          painter_.goOn(rows_, rgba_, gap, from + at == 0, foldWinding<rule>(sums_.sum()));
           cells_ += gap * kBlock;
           rgba_ += gap * kBlock * 4;
           at += gap;
           if (at == count) break;
           set >>= gap;
         }
-        const std::size_t run = least(static_cast<std::size_t>(std::countr_one(set)), count - at);
-        sum(run);
+        const std::size_t run =
+            std::min(static_cast<std::size_t>(std::countr_one(set)), count - at);
+        sum(run * (kBlock / Rows::kPixels));
         at += run;
         set = run < 64 ? set >> run : 0;
       }
@@ -141,62 +113,60 @@ class RowPainter {
   }
   template <typename End>
   void finish(const End& end) {
-    painter_.paint(end, rgba_, end.cut(foldWinding<rule>(sums())));
-    cells_ += kBlock;
+    painter_.paint(end, rgba_, end.cut(foldWinding<rule>(sums_.next(rows_.take(cells_)))));
+    cells_ += Rows::kPixels;
   }
-  std::int16_t* next() const { return cells_; }
+  // Sets the cells that are left back to zero.
+  void clearUntil(const std::int16_t* end) {
+    for (; cells_ < end; cells_ += Rows::kPixels) rows_.take(cells_);
+  }
 
  private:
-  static std::size_t least(std::size_t a, std::size_t b) { return a < b ? a : b; }
-
-  // Of the block at hand, which is set back to zero.
-  __m256i sums() {
-    const __m256i sums = running_.next(load(cells_));
-    store(cells_, _mm256_setzero_si256());
-    return sums;
-  }
-
+  const Rows rows_;
   std::int16_t* cells_;
   std::uint8_t* rgba_;
   const Painter& painter_;
-  RunningSum running_{0};
+  typename Rows::Sums sums_{};
 };
 
-// Rows from `from` up to but not including `until`, all with the same kind of end.
-template <FillRule rule, typename End, typename PainterOf>
-void paintRows(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows, std::size_t from,
+// Rows from `from` up to but not including `until`, as many at a time as `layout` says.
+template <FillRule rule, typename Rows, typename End, typename PainterOf>
+void paintRows(std::uint8_t* rgba, const CellRows& rows, const Rows& layout, std::size_t from,
                std::size_t until, const End& end, const PainterOf& painterOf) {
   const std::size_t stride = rows.stride;
   const std::size_t blocks = rows.width / kBlock;
-  for (std::size_t y = from; y < until; ++y) {
+  const std::size_t cut = rows.width % Rows::kPixels;
+  for (std::size_t y = from; y < until; y += Rows::kRows) {
     std::int16_t* const cells = rows.cells + y * stride;
-    const auto& painter = painterOf(y);
-    RowPainter<rule, std::decay_t<decltype(painter)>> row(cells, painter, rgba + y * rowBytes);
+    const auto& painter = painterOf(layout, y);
+    RowPainter<rule, Rows, std::decay_t<decltype(painter)>> row(layout, cells, painter,
+                                                                rgba + y * layout.rowBytes);
     if (rows.touched == nullptr) {
-      row.sum(blocks);
+      row.sum(rows.width / Rows::kPixels);
     } else {
       row.sumWhereTouched(rows.touched + y * (stride / kBlock), blocks);
+      row.sum(rows.width % kBlock / Rows::kPixels);
     }
-    if (rows.width % kBlock != 0) row.finish(end);
-    for (std::int16_t* at = row.next(); at < cells + stride; at += kBlock) {
-      store(at, _mm256_setzero_si256());
-    }
+    if (cut != 0) row.finish(end);
+    row.clearUntil(cells + stride);
   }
 }
 
+// Two rows at a time, and the last ones, from which a whole stretch would reach too far, singly.
 template <FillRule rule, typename PainterOf>
 void paintCellsBy(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                   const PainterOf& painterOf) {
-  const std::size_t cut = rows.width % kBlock;
-  // As many of the last rows are closed as a whole block would reach over from.
-  const std::size_t reach = (kBlock - cut) * 4;
-  const std::size_t closed = std::min((reach + rowBytes - 1) / rowBytes, rows.rows);
-  const std::size_t open = rows.rows - closed;
-  paintRows<rule>(rgba, rowBytes, rows, 0, open, OpenEnd(cut), painterOf);
-  paintRows<rule>(rgba, rowBytes, rows, open, rows.rows, ClosedEnd(cut), painterOf);
+  const std::size_t cut = rows.width % TwoRows::kPixels;
+  const std::size_t reach = cut == 0 ? 0 : (TwoRows::kPixels - cut) * 4;
+  const std::size_t last = std::min((reach + rowBytes - 1) / rowBytes, rows.rows);
+  const std::size_t paired = (rows.rows - last) / 2 * 2;
+  const TwoRows two{rowBytes, rows.stride};
+  paintRows<rule>(rgba, rows, two, 0, paired, TwoRowsEnd(two, cut), painterOf);
+  paintRows<rule>(rgba, rows, OneRow{rowBytes, rows.stride}, paired, rows.rows,
+                  OneRowEnd(rows.width % OneRow::kPixels), painterOf);
 }
 
-// `painterOf(row)` gives what a row is painted with.
+// `painterOf(rows, y)` gives what row `y`, or that and the next, are painted with.
 template <typename PainterOf>
 void paintCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                 const PainterOf& painterOf) {
@@ -210,39 +180,39 @@ void paintCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
 // One channel of sixteen pixels a register, woven into pixels only when they are bytes.
 class Writer {
  public:
-  explicit Writer(const SolidColor& color) {
+  // The lower eight lanes have the first colour.
+  Writer(const SolidColor& first, const SolidColor& second) {
     for (int c = 0; c < 4; ++c) {
-      channels_[c] = _mm256_set1_epi16(static_cast<short>(color.channels[c] >> 1));
+      channels_[c] = inHalves(static_cast<std::int16_t>(first.channels[c] >> 1),
+                              static_cast<std::int16_t>(second.channels[c] >> 1));
     }
   }
-  template <typename S>
-  void paint(const S& stretch, std::uint8_t* rgba, __m256i units) const {
-    stretch.storeBytes(rgba, pixels(units));
+  template <typename Rows>
+  void paint(const Rows& rows, std::uint8_t* rgba, __m256i units) const {
+    rows.write(rgba, pixels(units));
   }
   // Whole blocks of one coverage, that of the pixel before them; none at a row's start.
-  static void goOn(std::uint8_t* rgba, std::size_t blocks, bool isStart, __m256i /*units*/) {
-    int pixel = 0;
-    if (!isStart) std::memcpy(&pixel, rgba - sizeof(pixel), sizeof(pixel));
-    fill(rgba, blocks, _mm256_set1_epi32(pixel));
-  }
-  void even(std::uint8_t* rgba, std::size_t blocks, __m256i units) const {
-    fill(rgba, blocks, pixels(units).low);
+  template <typename Rows>
+  void goOn(const Rows& rows, std::uint8_t* rgba, std::size_t blocks, bool isStart,
+            __m256i /*units*/) const {
+    for (std::size_t row = 0; row < Rows::kRows; ++row, rgba += rows.rowBytes) {
+      int pixel = 0;
+      if (!isStart) std::memcpy(&pixel, rgba - sizeof(pixel), sizeof(pixel));
+      const __m256i eight = _mm256_set1_epi32(pixel);
+      std::uint8_t* at = rgba;
+      for (std::size_t b = 0; b < blocks; ++b, at += std::size_t{kBlock} * 4) {
+        store(at, eight);
+        store(at + 32, eight);
+      }
+    }
   }
 
  private:
-  static void fill(std::uint8_t* rgba, std::size_t blocks, __m256i eight) {
-    for (; blocks > 0; --blocks, rgba += std::size_t{kBlock} * 4) {
-      store(rgba, eight);
-      store(rgba + 32, eight);
-    }
-  }
-  PixelPair pixels(__m256i units) const {
+  WovenPixels pixels(__m256i units) const {
     const auto channel = [&](int c) { return _mm256_mulhrs_epi16(units, channels_[c]); };
     const __m256i rg = _mm256_or_si256(channel(0), _mm256_slli_epi16(channel(1), 8));
     const __m256i ba = _mm256_or_si256(channel(2), _mm256_slli_epi16(channel(3), 8));
-    const __m256i a = _mm256_unpacklo_epi16(rg, ba);
-    const __m256i b = _mm256_unpackhi_epi16(rg, ba);
-    return {_mm256_permute2x128_si256(a, b, 0x20), _mm256_permute2x128_si256(a, b, 0x31)};
+    return {_mm256_unpacklo_epi16(rg, ba), _mm256_unpackhi_epi16(rg, ba)};
   }
 
   __m256i channels_[4];
@@ -250,20 +220,30 @@ class Writer {
 
 class Blender {
  public:
-  explicit Blender(const SolidColor& color)
-      : ink_(color), writer_(color), isOpaque_(color.isOpaque()) {}
-  template <typename S>
-  void paint(const S& stretch, std::uint8_t* rgba, __m256i units) const {
+  Blender(const SolidColor& first, const SolidColor& second)
+      : ink_(first, second),
+        writer_(first, second),
+        isOpaque_(first.isOpaque() && second.isOpaque()) {}
+  template <typename Rows>
+  void paint(const Rows& rows, std::uint8_t* rgba, __m256i units) const {
     if (isZero(units)) return;
-    stretch.storeBytes(rgba, ink_.over(fractions(units), stretch.loadBytes(rgba)));
+    const WovenPixels below = rows.read(rgba);
+    const __m256i covered = fractions(units);
+    rows.write(rgba, {ink_.over(_mm256_unpacklo_epi16(covered, covered), below.a),
+                      ink_.over(_mm256_unpackhi_epi16(covered, covered), below.b)});
   }
-  void goOn(std::uint8_t* rgba, std::size_t blocks, bool /*isStart*/, __m256i units) const {
+  template <typename Rows>
+  void goOn(const Rows& rows, std::uint8_t* rgba, std::size_t blocks, bool /*isStart*/,
+            __m256i units) const {
     if (isZero(units)) return;
-    if (isOpaque_ && _mm256_extract_epi16(units, 0) == kUnitsPerPixel) {
-      writer_.even(rgba, blocks, units);
-      return;
+    const bool isFull = isZero(_mm256_xor_si256(units, _mm256_set1_epi16(kUnitsPerPixel)));
+    for (std::size_t at = 0; at < blocks * kBlock; at += Rows::kPixels) {
+      if (isOpaque_ && isFull) {
+        writer_.paint(rows, rgba + at * 4, units);
+      } else {
+        paint(rows, rgba + at * 4, units);
+      }
     }
-    for (std::size_t b = 0; b < blocks; ++b) paint(Stretch{}, rgba + b * kBlock * 4, units);
   }
 
  private:
@@ -271,6 +251,21 @@ class Blender {
   Writer writer_;
   bool isOpaque_;
 };
+
+// One colour for all rows.
+template <typename Painter>
+auto evenly(const SolidColor& color) {
+  return [painter = Painter(color, color)](const auto& /*rows*/, std::size_t /*y*/) -> const auto& {
+    return painter;
+  };
+}
+
+template <typename Painter>
+auto byRow(const SolidColor* colors) {
+  return [colors](const auto& rows, std::size_t y) {
+    return Painter(colors[y], colors[y + rows.kRows - 1]);
+  };
+}
 
 }  // namespace
 
@@ -288,24 +283,22 @@ void sumInset(std::int16_t* cells, std::size_t count, FillRule rule, std::uint16
 
 void writeCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                 const SolidColor& color) {
-  const Writer writer(color);
-  paintCells(rgba, rowBytes, rows, [&](std::size_t) -> const Writer& { return writer; });
+  paintCells(rgba, rowBytes, rows, evenly<Writer>(color));
 }
 
 void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                 const SolidColor& color) {
-  const Blender blender(color);
-  paintCells(rgba, rowBytes, rows, [&](std::size_t) -> const Blender& { return blender; });
+  paintCells(rgba, rowBytes, rows, evenly<Blender>(color));
 }
 
 void writeCellsByRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                      const SolidColor* colors) {
-  paintCells(rgba, rowBytes, rows, [&](std::size_t row) { return Writer(colors[row]); });
+  paintCells(rgba, rowBytes, rows, byRow<Writer>(colors));
 }
 
 void blendCellsByRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                      const SolidColor* colors) {
-  paintCells(rgba, rowBytes, rows, [&](std::size_t row) { return Blender(colors[row]); });
+  paintCells(rgba, rowBytes, rows, byRow<Blender>(colors));
 }
 
 }  // namespace glyphwright::raster::avx2

@@ -25,6 +25,11 @@ inline unsigned bits(__m256i lanes) {
   return static_cast<unsigned>(_mm256_movemask_ps(_mm256_castsi256_ps(lanes)));
 }
 
+// One value in the lower eight lanes and another in the upper ones.
+inline __m256i inHalves(std::int16_t lower, std::int16_t upper) {
+  return _mm256_set_m128i(_mm_set1_epi16(upper), _mm_set1_epi16(lower));
+}
+
 // A 16-bit constant of eight bytes (one pixel of channels) in every 64-bit lane.
 inline __m256i everyPixel(const std::int16_t* channels) {
   long long bits = 0;

@@ -108,8 +108,8 @@ TEST(RasterGradients, FillingIsClippingAndDrawing) {
                          box.origin.y + end.y * box.size.height / 32};
         constexpr auto kOptions = CGGradientDrawingOptions::drawsBeforeAndAfter;
         if (inOneStep) {
-          contexts::fillWithLinearGradient(*context, heart, true, gradient, box.origin, to,
-                                           kOptions);
+          contexts::fillWithLinearGradient(*context, heart, CGAffineTransformIdentity, true,
+                                           gradient, box.origin, to, kOptions);
         } else {
           CGContextClipToPath(context, heart, true);
           CGContextDrawLinearGradient(context, gradient, box.origin, to, kOptions);

@@ -263,6 +263,24 @@ TEST_F(RasterKernels, PointsMapAndBoxTheSame) {
 }
 
 // Places before, inside and beyond the ramp, standing still and far away.
+TEST_F(RasterKernels, ColoursMixTheSame) {
+  for (int round = 0; round < 2000; ++round) {
+    double start[4];
+    double change[4];
+    for (int c = 0; c < 4; ++c) {
+      start[c] = upTo(4) == 0 ? upTo(1) : upTo(1000) / 1000.0;
+      change[c] = (upTo(4) == 0 ? upTo(1) : upTo(1000) / 1000.0) - start[c];
+    }
+    const double parts[2] = {upTo(1000) / 1000.0, upTo(1) == 0 ? 0.0 : 1.0};
+    std::uint32_t fast[2];
+    std::uint32_t plain[2];
+    fast_.mixColors(start, change, parts, 2, fast);
+    plain_.mixColors(start, change, parts, 2, plain);
+    ASSERT_EQ(fast[0], plain[0]);
+    ASSERT_EQ(fast[1], plain[1]);
+  }
+}
+
 TEST_F(RasterKernels, RampsAreReadTheSame) {
   std::vector<std::uint32_t> entries;
   for (std::uint32_t i = 0; i < 100; ++i) entries.push_back(i * 0x01030507U);

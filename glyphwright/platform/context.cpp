@@ -246,7 +246,8 @@ void CGContextDrawLinearGradient(CGContextRef context, const CGGradient& gradien
                                                       context->state.ctm, raster::threadScratch()));
 }
 
-void contexts::fillWithLinearGradient(CGContext& context, const CGPath& path, bool evenOdd,
+void contexts::fillWithLinearGradient(CGContext& context, const CGPath& path,
+                                      const CGAffineTransform& placing, bool evenOdd,
                                       const CGGradient& gradient, CGPoint start, CGPoint end,
                                       CGGradientDrawingOptions options) {
   context.pendingPath = {};
@@ -257,8 +258,8 @@ void contexts::fillWithLinearGradient(CGContext& context, const CGPath& path, bo
   const Paint paint = sourcePaint(source, context.state.alpha);
   if (paint.isClear()) return;
   context.prepareClip();
-  context.paintShape(FilledShape(path, context.state.ctm, ruleOf(evenOdd), raster::threadScratch()),
-                     paint);
+  const CGAffineTransform toDevice = CGAffineTransformConcat(placing, context.state.ctm);
+  context.paintShape(FilledShape(path, toDevice, ruleOf(evenOdd), raster::threadScratch()), paint);
 }
 
 void CGContextDrawRadialGradient(CGContextRef context, const CGGradient& gradient, CGPoint center,

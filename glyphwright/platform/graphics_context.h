@@ -75,8 +75,10 @@ struct CGContext {
 
 namespace contexts {
 
-/// The same as clipping to the path, drawing the gradient and taking the clip off again.
-void fillWithLinearGradient(CGContext& context, const CGPath& path, bool evenOdd,
+/// The same as clipping to the path, mapped through `placing` first, drawing the gradient and
+/// taking the clip off again.
+void fillWithLinearGradient(CGContext& context, const CGPath& path,
+                            const CGAffineTransform& placing, bool evenOdd,
                             const CGGradient& gradient, CGPoint start, CGPoint end,
                             CGGradientDrawingOptions options);
 

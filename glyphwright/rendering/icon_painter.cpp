@@ -64,7 +64,8 @@ std::optional<CGGradient> gradientOf(const GradientFill& fill) {
   return CGGradientCreateWithColors(CGColorSpaceCreateDeviceRGB(), fill.colors, stops);
 }
 
-void fillWithGradient(CGContextRef context, const UIBezierPath& path, const IconPaint& paint) {
+void fillWithGradient(CGContextRef context, const UIBezierPath& path, const CGAffineTransform& fit,
+                      const IconPaint& paint) {
   const std::optional<CGGradient> gradient = gradientOf(*paint.gradient);
   if (!gradient) return;
   const CGFloat inset = insetOf(paint);
@@ -72,15 +73,20 @@ void fillWithGradient(CGContextRef context, const UIBezierPath& path, const Icon
     return CGPoint{inset / 2 + unit.x * (paint.size.width - inset),
                    inset / 2 + unit.y * (paint.size.height - inset)};
   };
-  contexts::fillWithLinearGradient(*context, path.cgPath(), true, *gradient,
+  contexts::fillWithLinearGradient(*context, path.cgPath(), fit, true, *gradient,
                                    inBox(paint.gradient->start), inBox(paint.gradient->end),
                                    CGGradientDrawingOptions::drawsBeforeStartLocation);
 }
 
-void fillShape(CGContextRef context, const UIBezierPath& path, const IconPaint& paint) {
-  if (paint.gradient) return fillWithGradient(context, path, paint);
+void fillShape(CGContextRef context, const UIBezierPath& path, const CGAffineTransform& fit,
+               const IconPaint& paint) {
+  if (paint.gradient) return fillWithGradient(context, path, fit, paint);
   if (paint.fill) CGContextSetFillColor(context, *paint.fill);
+  // A flat fill takes nothing but points from user space.
+  const CGAffineTransform ctm = context->state.ctm;
+  CGContextConcatCTM(context, fit);
   CGContextFillPath(context, path.cgPath(), true);
+  context->state.ctm = ctm;
 }
 
 StrokeStyle outlineStyle(const UIBezierPath& path, const IconPaint& paint) {
@@ -98,8 +104,10 @@ void fillAndOutlineShape(CGContextRef context, const UIBezierPath& path, const I
   contexts::fillAndStroke(*context, path.cgPath(), true, outlineStyle(path, paint));
 }
 
-// The fitted path: fill, inset shadow, outline, and the drop shadow that they cast together.
-void paintShape(CGContextRef context, const UIBezierPath& path, const IconPaint& paint) {
+// Fill, inset shadow, outline, and the drop shadow that they cast together. `fit` places a path
+// that is only filled; any other one comes placed.
+void paintShape(CGContextRef context, const UIBezierPath& path, const CGAffineTransform& fit,
+                const IconPaint& paint) {
   const bool fill = showsFill(paint);
   const bool inset = showsInsetShadow(paint);
   const bool outline = showsOutline(path, paint);
@@ -125,7 +133,7 @@ void paintShape(CGContextRef context, const UIBezierPath& path, const IconPaint&
   } else if (flat && outline) {
     fillAndOutlineShape(context, path, paint);
   } else {
-    if (fill) fillShape(context, path, paint);
+    if (fill) fillShape(context, path, fit, paint);
     if (inset) drawInsetShadow(context, path, *paint.insetShadow);
     if (outline) outlineShape(context, path, paint);
   }
@@ -141,17 +149,14 @@ void fitAndPaint(CGContextRef context, const UIBezierPath& path, Placement place
   const CGAffineTransform fit = placement == Placement::fromOrigin
                                     ? originFittingTransform(bounds, inner, paint.size)
                                     : fittingTransform(bounds, inner, paint.size);
-  if (!paint.gradient && !showsInsetShadow(paint) && !showsOutline(path, paint)) {
-    // A flat fill takes nothing but points from user space, so they need only be mapped once.
-    const CGAffineTransform ctm = context->state.ctm;
-    CGContextConcatCTM(context, fit);
-    paintShape(context, path, paint);
-    context->state.ctm = ctm;
+  if (!showsInsetShadow(paint) && !showsOutline(path, paint)) {
+    // Mapping the points once will do.
+    paintShape(context, path, fit, paint);
     return;
   }
   UIBezierPath fitted = path;
   fitted.applyTransform(fit);
-  paintShape(context, fitted, paint);
+  paintShape(context, fitted, CGAffineTransformIdentity, paint);
 }
 
 UIImage paintPlain(const UIBezierPath& path, Placement placement, const IconPaint& paint) {

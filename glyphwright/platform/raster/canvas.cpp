@@ -20,15 +20,6 @@ SolidColor solidColor(double red, double green, double blue, double alpha) {
   return color;
 }
 
-SolidColor solidColor(std::uint32_t pixel) {
-  std::uint8_t bytes[4];
-  std::memcpy(bytes, &pixel, sizeof(bytes));
-  SolidColor color;
-  for (int c = 0; c < 4; ++c) color.channels[c] = static_cast<std::int16_t>(bytes[c] << 6);
-  color.alpha = static_cast<std::int16_t>((bytes[3] << 7) + (bytes[3] >> 1));
-  return color;
-}
-
 void fillPixels(std::uint8_t* rgba, std::size_t count, const SolidColor& color) {
   std::uint8_t pixel[4];
   for (int c = 0; c < 4; ++c) pixel[c] = toByte(color.channels[c]);
@@ -159,9 +150,7 @@ bool Canvas::Painter::cells(int y, const CellRows& rows) {
   const Kernels& kernels = *scratch_.kernels;
   if (byRow) {
     scratch_.rowColors.resize(rows.rows);
-    for (std::size_t row = 0; row < rows.rows; ++row) {
-      scratch_.rowColors[row] = paint_.source->rowColor(y + static_cast<int>(row));
-    }
+    paint_.source->rowColors(y, scratch_.rowColors);
     const auto paint = writes_ ? kernels.writeCellsByRow : kernels.blendCellsByRow;
     paint(rgba, canvas_.rowBytes_, rows, scratch_.rowColors.data());
   } else {

@@ -1,23 +1,10 @@
 #include <glyphwright/platform/raster/gradient_ramp.h>
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 
 namespace glyphwright::raster {
 namespace {
-
-// Premultiplies and rounds, to 1/64 levels and then to levels like any other colour.
-std::uint32_t packed(const double color[4]) {
-  std::uint8_t bytes[4];
-  for (int c = 0; c < 4; ++c) {
-    const double value = c == 3 ? color[3] : color[c] * color[3];
-    bytes[c] = toByte(static_cast<int>(value * kChannelOne + 0.5));
-  }
-  std::uint32_t word = 0;
-  std::memcpy(&word, bytes, sizeof(word));
-  return word;
-}
 
 // The stops' components lie within 0…1.
 void components(const CGColor& color, double to[4]) {
@@ -27,18 +14,22 @@ void components(const CGColor& color, double to[4]) {
   to[3] = color.alpha();
 }
 
-std::uint32_t packed(const CGColor& color) {
+std::uint32_t pixelOf(const CGColor& color, const Kernels& kernels) {
   double values[4];
   components(color, values);
-  return packed(values);
+  constexpr double none[4] = {};
+  std::uint32_t pixel = 0;
+  kernels.mixColors(values, none, none, 1, &pixel);
+  return pixel;
 }
 
 }  // namespace
 
-GradientRamp::GradientRamp(const CGGradient& gradient, double devicePixels)
+GradientRamp::GradientRamp(const CGGradient& gradient, double devicePixels, const Kernels& kernels)
     : stops_(gradient.stops()),
-      first_(packed(stops_.front().color)),
-      last_(packed(stops_.back().color)) {
+      kernels_(kernels),
+      first_(pixelOf(stops_.front().color, kernels)),
+      last_(pixelOf(stops_.back().color, kernels)) {
   const double wanted = devicePixels * 2;
   size_ = wanted > 32 ? static_cast<std::uint32_t>(std::min(wanted, 4096.0)) : 32;
   enter(0);
@@ -59,32 +50,50 @@ void GradientRamp::enter(std::size_t next) {
   for (int c = 0; c < 4; ++c) stretch_.change[c] -= stretch_.start[c];
 }
 
-std::uint32_t GradientRamp::entry(std::size_t index) {
-  const double place = (static_cast<double>(index) + 0.5) / static_cast<double>(size_);
-  if (place < stretch_.from) enter(0);
-  if (place >= stretch_.until) {
-    std::size_t next = next_ + 1;
-    while (next < stops_.size() && stops_[next].location <= place) ++next;
-    enter(next);
-  }
-  if (next_ == 0) return first_;
-  if (next_ == stops_.size()) return last_;
-  const double part = (place - stretch_.from) * stretch_.perUnit;
-  double color[4];
-  for (int c = 0; c < 4; ++c) color[c] = stretch_.start[c] + stretch_.change[c] * part;
-  return packed(color);
+// Goes to the stretch that a place lies in.
+void GradientRamp::enterAt(double place) {
+  std::size_t next = place < stretch_.from ? 0 : next_;
+  while (next < stops_.size() && stops_[next].location <= place) ++next;
+  enter(next);
 }
 
-std::uint32_t GradientRamp::at(double location) {
-  if (!(location >= 0)) return first_;
-  if (location >= static_cast<double>(size_)) return last_;
-  return entry(static_cast<std::size_t>(location));
+void GradientRamp::read(double origin, double step, int index, std::span<std::uint32_t> pixels) {
+  // Stops lie within 0…1.
+  constexpr double before = -1;
+  constexpr double after = 2;
+  constexpr std::size_t kAtOnce = 64;
+  const auto size = static_cast<double>(size_);
+  for (std::size_t from = 0; from < pixels.size(); from += kAtOnce) {
+    const std::size_t count = std::min(pixels.size() - from, kAtOnce);
+    std::uint32_t* const out = pixels.data() + from;
+    double places[kAtOnce];
+    for (std::size_t i = 0; i < count; ++i) {
+      const double location = origin + step * (index + static_cast<double>(from + i));
+      const double entry = static_cast<int>(std::clamp(location, 0.0, size));
+      const double within = location >= 0 ? (entry + 0.5) / size : before;
+      places[i] = location >= size ? after : within;
+    }
+    for (std::size_t i = 0; i < count;) {
+      if (!stretch_.holds(places[i])) enterAt(places[i]);
+      std::size_t end = i + 1;
+      while (end < count && stretch_.holds(places[end])) ++end;
+      if (next_ == 0 || next_ == stops_.size()) {
+        std::fill(out + i, out + end, next_ == 0 ? first_ : last_);
+      } else {
+        for (std::size_t k = i; k < end; ++k) {
+          places[k] = (places[k] - stretch_.from) * stretch_.perUnit;
+        }
+        kernels_.mixColors(stretch_.start, stretch_.change, places + i, end - i, out + i);
+      }
+      i = end;
+    }
+  }
 }
 
 Ramp GradientRamp::table(std::vector<std::uint32_t>& memory) {
   if (memory.size() < size_ + 2) memory.resize(size_ + 2);
   memory[0] = first_;
-  for (std::size_t i = 0; i < size_; ++i) memory[i + 1] = entry(i);
+  read(0, 1, 0, {memory.data() + 1, size_});
   memory[size_ + 1] = last_;
   return {memory.data(), static_cast<double>(size_ + 1)};
 }

@@ -30,7 +30,8 @@ std::uint32_t entryOf(const Ramp& table, double place) {
 LinearGradientSource::LinearGradientSource(const CGGradient& gradient, CGPoint start, CGPoint end,
                                            CGGradientDrawingOptions options,
                                            const CGAffineTransform& toDevice, Scratch& scratch)
-    : ramp_(gradient, stretch(toDevice) * math::hypot(end.x - start.x, end.y - start.y)),
+    : ramp_(gradient, stretch(toDevice) * math::hypot(end.x - start.x, end.y - start.y),
+            *scratch.kernels),
       kernels_(*scratch.kernels),
       before_(contains(options, CGGradientDrawingOptions::drawsBeforeStartLocation)),
       after_(contains(options, CGGradientDrawingOptions::drawsAfterEndLocation)) {
@@ -56,13 +57,26 @@ PixelSource::Rows LinearGradientSource::rows() const {
   return perRow_ == 0 ? Rows::same : Rows::vary;
 }
 
-SolidColor LinearGradientSource::rowColor(int y) const {
-  const double entry = base_ + perRow_ * y;
-  return isOutside(entry) ? SolidColor{} : solidColor(ramp_.at(entry));
+void LinearGradientSource::rowColors(int y, std::span<SolidColor> colors) const {
+  constexpr std::size_t kAtOnce = 64;
+  std::uint32_t pixels[kAtOnce];
+  for (; !colors.empty(); y += kAtOnce) {
+    const std::size_t count = std::min(colors.size(), kAtOnce);
+    ramp_.read(base_, perRow_, y, {pixels, count});
+    for (std::size_t i = 0; i < count; ++i) {
+      const double entry = base_ + perRow_ * (y + static_cast<double>(i));
+      colors[i] = isOutside(entry) ? SolidColor{} : solidColor(pixels[i]);
+    }
+    colors = colors.subspan(count);
+  }
 }
 
 void LinearGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const {
-  if (perColumn_ == 0) return fillPixels(rgba, count, rowColor(y));
+  if (perColumn_ == 0) {
+    SolidColor color;
+    rowColors(y, {&color, 1});
+    return fillPixels(rgba, count, color);
+  }
   const double first = base_ + perColumn_ * x + perRow_ * y;
   // The table's second entry is the first one within the gradient.
   kernels_.rampPixels(rgba, table_, first + 1, perColumn_, count);
@@ -86,7 +100,7 @@ RadialGradientSource::RadialGradientSource(const CGGradient& gradient, CGPoint c
                                            CGFloat radius, const CGAffineTransform& toDevice,
                                            Scratch& scratch) {
   if (!(radius > 0) || !std::isfinite(radius) || !isInvertible(toDevice)) return;
-  GradientRamp ramp(gradient, stretch(toDevice) * radius);
+  GradientRamp ramp(gradient, stretch(toDevice) * radius, *scratch.kernels);
   const double scale = ramp.size() / radius;
   toUnit_ = CGAffineTransformConcat(
       CGAffineTransformConcat(CGAffineTransformInvert(toDevice),
@@ -112,7 +126,7 @@ ConicGradientSource::ConicGradientSource(const CGGradient& gradient, CGPoint cen
   toCentered_ = CGAffineTransformConcat(CGAffineTransformInvert(toDevice),
                                         CGAffineTransformMakeTranslation(-center.x, -center.y));
   drawable_ = std::isfinite(toCentered_.tx) && std::isfinite(toCentered_.ty);
-  table_ = GradientRamp(gradient, 2048).table(scratch.ramp);
+  table_ = GradientRamp(gradient, 2048, *scratch.kernels).table(scratch.ramp);
 }
 
 void ConicGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const {

@@ -23,7 +23,7 @@ class LinearGradientSource final : public PixelSource {
   /// A gradient that runs straight down has rows of one colour, one that runs straight across has
   /// the same row everywhere.
   Rows rows() const override;
-  SolidColor rowColor(int y) const override;
+  void rowColors(int y, std::span<SolidColor> colors) const override;
 
  private:
   bool isOutside(double entry) const {

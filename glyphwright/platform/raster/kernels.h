@@ -246,6 +246,11 @@ struct Kernels {
                       const std::uint8_t* source);
   void (*blendPixels)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                       const std::uint8_t* source);
+  /// Pixels, four bytes in memory order, of the colours start + change × part for each part.
+  /// Components lie within 0…1, alpha last; they are premultiplied and rounded to 1/64 levels and
+  /// then to levels, like any other colour.
+  void (*mixColors)(const double* start, const double* change, const double* parts,
+                    std::size_t count, std::uint32_t* pixels);
   /// Pixel i := the ramp's entry at `from` + i·`step`, rounded down and held within the ramp.
   void (*rampPixels)(std::uint8_t* rgba, const Ramp& ramp, double from, double step,
                      std::size_t count);

@@ -26,6 +26,7 @@ constexpr Kernels kAvx2{
     .blendSolid = avx2::blendSolid,
     .writePixels = avx2::writePixels,
     .blendPixels = avx2::blendPixels,
+    .mixColors = avx2::mixColors,
     .rampPixels = avx2::rampPixels,
     .multiplyCoverage = avx2::multiplyCoverage,
     .scaleCoverage = avx2::scaleCoverage,

@@ -42,6 +42,8 @@ void writePixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t 
                  const std::uint8_t* source);
 void blendPixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                  const std::uint8_t* source);
+void mixColors(const double* start, const double* change, const double* parts, std::size_t count,
+               std::uint32_t* pixels);
 void rampPixels(std::uint8_t* rgba, const Ramp& ramp, double from, double step, std::size_t count);
 void multiplyCoverage(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count);
 void scaleCoverage(std::uint16_t* coverage, int fraction, std::size_t count);

@@ -182,9 +182,14 @@ class Writer {
  public:
   // The lower eight lanes have the first colour.
   Writer(const SolidColor& first, const SolidColor& second) {
+    const auto channelsOf = [](const SolidColor& color) {
+      return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(color.channels));
+    };
+    const __m256i both = _mm256_set_m128i(channelsOf(second), channelsOf(first));
+    const __m256i halved = _mm256_srli_epi16(both, 1);
     for (int c = 0; c < 4; ++c) {
-      channels_[c] = inHalves(static_cast<std::int16_t>(first.channels[c] >> 1),
-                              static_cast<std::int16_t>(second.channels[c] >> 1));
+      const auto bytes = static_cast<short>(0x0100 + 0x0202 * c);
+      channels_[c] = _mm256_shuffle_epi8(halved, _mm256_set1_epi16(bytes));
     }
   }
   template <typename Rows>

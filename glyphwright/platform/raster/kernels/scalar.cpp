@@ -26,6 +26,7 @@ constexpr Kernels kScalar{
     .blendSolid = scalar::blendSolid,
     .writePixels = scalar::writePixels,
     .blendPixels = scalar::blendPixels,
+    .mixColors = scalar::mixColors,
     .rampPixels = scalar::rampPixels,
     .multiplyCoverage = scalar::multiplyCoverage,
     .scaleCoverage = scalar::scaleCoverage,

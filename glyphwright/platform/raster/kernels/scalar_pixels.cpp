@@ -133,6 +133,20 @@ void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
   }
 }
 
+void mixColors(const double* start, const double* change, const double* parts, std::size_t count,
+               std::uint32_t* pixels) {
+  for (std::size_t i = 0; i < count; ++i) {
+    double color[4];
+    for (int c = 0; c < 4; ++c) color[c] = start[c] + change[c] * parts[i];
+    std::uint8_t bytes[4];
+    for (int c = 0; c < 4; ++c) {
+      const double value = c == 3 ? color[3] : color[c] * color[3];
+      bytes[c] = toByte(static_cast<int>(value * kChannelOne + 0.5));
+    }
+    std::memcpy(pixels + i, bytes, sizeof(bytes));
+  }
+}
+
 void rampPixels(std::uint8_t* rgba, const Ramp& ramp, double from, double step, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
     const double place = from + step * static_cast<double>(i);

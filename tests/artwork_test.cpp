@@ -281,5 +281,28 @@ TEST(Artwork, EachCallDrawsAnew) {
   EXPECT_EQ(second.cgPath(), draw("checkmarkPath").cgPath());
 }
 
+// An icon's path refers to constants until it is changed. It must be like one built by calls from
+// the start, and no change may reach the constants or another path.
+TEST(Artwork, ConstantPathsBehaveLikeBuiltOnes) {
+  for (const Row& row : readTable()) {
+    const UIBezierPath icon = draw(row.name);
+    const CGPath& constant = icon.cgPath();
+    CGPath built = constant;
+    built.applyTransform(CGAffineTransformIdentity);  // has points of its own now
+    EXPECT_EQ(built, constant) << row.name;
+    EXPECT_EQ(built.boundingBox(), constant.boundingBox()) << row.name;
+    EXPECT_EQ(built.currentPoint(), constant.currentPoint()) << row.name;
+
+    const CGRect box = constant.boundingBox();
+    CGPath longer = constant;
+    longer.addLineToPoint({box.origin.x - 50, box.origin.y - 60});
+    EXPECT_EQ(longer.boundingBox().origin, (CGPoint{box.origin.x - 50, box.origin.y - 60}));
+    longer.addPath(constant);
+    EXPECT_EQ(longer.currentPoint(), constant.currentPoint()) << row.name;
+    EXPECT_EQ(draw(row.name).cgPath(), constant) << row.name;
+    EXPECT_EQ(constant.boundingBox(), box) << row.name;
+  }
+}
+
 }  // namespace
 }  // namespace glyphwright

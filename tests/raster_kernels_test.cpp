@@ -77,7 +77,7 @@ TEST_F(RasterKernels, RowsOfCellsPaintTheSame) {
   for (const std::size_t width : kCounts) {
     for (int round = 0; round < 40; ++round) {
       const std::size_t stride = cellStride(static_cast<int>(width));
-      constexpr std::size_t kRows = 3;
+      constexpr std::size_t kRows = 7;
       const auto start = cells(stride, kRows);
       std::vector<std::uint8_t> touched(stride / kBlock * kRows + kTouchedMargin);
       std::vector<std::int16_t> fastCells = start;
@@ -112,7 +112,8 @@ TEST_F(RasterKernels, RowsOfCellsPaintTheSame) {
         ASSERT_EQ(b, a);
       }
       for (const auto kernel : {&Kernels::writeCellsByRow, &Kernels::blendCellsByRow}) {
-        const SolidColor inks[kRows] = {color(), color(), color()};
+        SolidColor inks[kRows];
+        for (SolidColor& ink : inks) ink = color();
         auto fastPixels = below;
         auto plainPixels = below;
         auto a = fastCells;

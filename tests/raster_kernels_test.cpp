@@ -77,7 +77,7 @@ TEST_F(RasterKernels, RowsOfCellsPaintTheSame) {
   for (const std::size_t width : kCounts) {
     for (int round = 0; round < 40; ++round) {
       const std::size_t stride = cellStride(static_cast<int>(width));
-      constexpr std::size_t kRows = 3;
+      constexpr std::size_t kRows = 7;
       const auto start = cells(stride, kRows);
       std::vector<std::uint8_t> touched(stride / kBlock * kRows + kTouchedMargin);
       std::vector<std::int16_t> fastCells = start;
@@ -112,7 +112,8 @@ TEST_F(RasterKernels, RowsOfCellsPaintTheSame) {
         ASSERT_EQ(b, a);
       }
       for (const auto kernel : {&Kernels::writeCellsByRow, &Kernels::blendCellsByRow}) {
-        const SolidColor inks[kRows] = {color(), color(), color()};
+        SolidColor inks[kRows];
+        for (SolidColor& ink : inks) ink = color();
         auto fastPixels = below;
         auto plainPixels = below;
         auto a = fastCells;
@@ -203,22 +204,26 @@ TEST_F(RasterKernels, CoverageMultipliesTheSame) {
 
 TEST_F(RasterKernels, CoverageFiltersTheSame) {
   for (const std::size_t reach : {0U, 1U, 5U, 31U}) {
-    for (const std::size_t blocks : {1U, 2U, 3U, 7U}) {
+    for (const std::size_t blocks : {1U, 2U, 3U, 4U, 7U}) {
+      constexpr std::size_t kRows = 3;
       const std::size_t count = blocks * kBlock;
+      const std::size_t stride = count + 2 * reach + 5;
       // Sums that go past one saturate on both sides alike.
-      std::vector<std::int16_t> taps(reach + 1, static_cast<std::int16_t>(40000 / (reach + 2)));
-      std::vector<std::uint16_t> fast(count);
-      std::vector<std::uint16_t> plain(count);
-      const auto wide = coverage(count + 2 * reach);
-      fast_.filterAlong(fast.data(), wide.data(), taps.data(), reach, count);
-      plain_.filterAlong(plain.data(), wide.data(), taps.data(), reach, count);
+      const std::vector<std::int16_t> taps(reach + 1,
+                                           static_cast<std::int16_t>(40000 / (reach + 2)));
+      std::vector<std::uint16_t> fast(kRows * stride, kGuard);
+      std::vector<std::uint16_t> plain = fast;
+      const FilterRows toFast{fast.data(), stride, kRows, count};
+      const FilterRows toPlain{plain.data(), stride, kRows, count};
+      const auto values = coverage((2 * reach + kRows) * stride);
+      fast_.filterAlong(toFast, values.data(), stride, taps.data(), reach);
+      plain_.filterAlong(toPlain, values.data(), stride, taps.data(), reach);
       ASSERT_EQ(fast, plain) << "reach " << reach;
-      const auto values = coverage((2 * reach + 1) * count);
       std::vector<const std::uint16_t*> rows;
-      for (std::size_t k = 0; k <= 2 * reach; ++k) rows.push_back(values.data() + k * count);
+      for (std::size_t k = 0; k < 2 * reach + kRows; ++k) rows.push_back(&values[k * stride]);
       std::shuffle(rows.begin(), rows.end(), random_);
-      fast_.filterDown(fast.data(), &rows[reach], taps.data(), reach, count);
-      plain_.filterDown(plain.data(), &rows[reach], taps.data(), reach, count);
+      fast_.filterDown(toFast, &rows[reach], taps.data(), reach);
+      plain_.filterDown(toPlain, &rows[reach], taps.data(), reach);
       ASSERT_EQ(fast, plain) << "reach " << reach;
     }
   }

@@ -315,5 +315,35 @@ TEST(RasterPainting, WindingBeyondWhatSmallCellsHoldIsRight) {
   }
 }
 
+// Edges of strokes may lie a little beyond the region; nothing of that may be left for a fill, nor
+// go into a shadow's mask.
+TEST(RasterPainting, StrokesThatReachBeyondLeaveNothing) {
+  const CGPath edge = rectangle({-6, 10, 20, 20});
+  const auto fill = [&](CGContextRef context) {
+    CGContextFillPath(context, rectangle({3.5, 3, 30, 30}), true);
+  };
+  const UIImage alone = painted({40, 40}, fill);
+  const auto stroke = [&](CGContextRef context) { CGContextStrokePath(context, edge, {6}); };
+  const UIImage stroked = painted({40, 40}, stroke);
+  EXPECT_NEAR(area(stroked), 2 * 6 * 17 + 6 * 14, 0.5);
+  pixels::expectSamePixels(painted({40, 40}, fill), alone);
+
+  for (const CGFloat blur : {1.0, 4.0}) {
+    const auto castFrom = [&](CGFloat margin) {
+      return painted({40 + 2 * margin, 40 + 2 * margin}, [&](CGContextRef context) {
+        CGContextTranslateCTM(context, margin, margin);
+        CGContextSetShadowWithColor(context, {1, 2}, blur, UIColor(0, 0, 1, 1));
+        stroke(context);
+      });
+    };
+    const UIImage cut = castFrom(0);
+    const UIImage whole = castFrom(30);
+    for (std::size_t y = 0; y < 40; ++y) {
+      for (std::size_t x = 0; x < 40; ++x) ASSERT_EQ(at(cut, x, y), at(whole, x + 30, y + 30));
+    }
+    pixels::expectSamePixels(painted({40, 40}, fill), alone);
+  }
+}
+
 }  // namespace
 }  // namespace glyphwright

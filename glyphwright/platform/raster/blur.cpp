@@ -11,7 +11,9 @@ namespace {
 // Gaussian weights as 15-bit fractions: the middle, then those of the two values 1, 2, … away from
 // it together, out to `support` pixels from the middle's centre; the last weighs by how much of its
 // pixel that takes in. All in all exactly one.
-void gaussianTaps(double sigma, double support, std::vector<std::int16_t>& taps) {
+const std::vector<std::int16_t>& gaussianTaps(double sigma, double support, GaussianTaps& kept) {
+  std::vector<std::int16_t>& taps = kept.taps;
+  if (kept.sigma == sigma && kept.support == support) return taps;
   constexpr int kMostTaps = static_cast<int>(kDirectSigma) * 2 + 1;
   double weights[kMostTaps];
   // From one to the next the weight falls by a factor that itself falls evenly.
@@ -36,6 +38,9 @@ void gaussianTaps(double sigma, double support, std::vector<std::int16_t>& taps)
   }
   // The rounding's remainder goes to the middle, where it weighs least.
   taps[0] = static_cast<std::int16_t>(taps[0] + kOne - sum);
+  kept.sigma = sigma;
+  kept.support = support;
+  return taps;
 }
 
 // What the filter makes of the same value everywhere.
@@ -59,20 +64,23 @@ class RowFilter {
         width_(static_cast<std::size_t>(mask.bounds.width())),
         maskCount_(wholeBlocks(mask.bounds.width())),
         outCount_(wholeBlocks(area.width())) {
-    gaussianTaps(sigma, support, scratch.taps);
-    taps_ = scratch.taps.data();
-    reach_ = scratch.taps.size() - 1;
+    const std::vector<std::int16_t>& taps = gaussianTaps(sigma, support, scratch.taps);
+    taps_ = taps.data();
+    reach_ = taps.size() - 1;
     const auto reach = static_cast<int>(reach_);
     const int left = std::min(area.x0 - reach, mask.bounds.x0);
     const auto distance = [left](int x) { return static_cast<std::size_t>(x - left); };
     stride_ = std::max(distance(area.x0 + reach) + outCount_,
                        distance(mask.bounds.x0) + maskCount_ + kBlock);
-    aside_ = filteredEvenly(around, scratch.taps);
-    scratch.filterRows.assign(kRows * (stride_ + outCount_) + maskCount_, aside_);
-    std::uint16_t* across = scratch.filterRows.data();
-    along_ = across + distance(area.x0 - reach);
-    down_ = across + distance(mask.bounds.x0);
-    out_ = across + kRows * stride_;
+    aside_ = filteredEvenly(around, taps);
+    const std::size_t across = kRows * stride_;
+    const std::size_t size = across + kRows * outCount_ + maskCount_;
+    if (scratch.filterRows.size() < size) scratch.filterRows.resize(size);
+    std::uint16_t* memory = scratch.filterRows.data();
+    std::fill_n(memory, across, aside_);
+    along_ = memory + distance(area.x0 - reach);
+    down_ = memory + distance(mask.bounds.x0);
+    out_ = memory + across;
     std::uint16_t* beyond = out_ + kRows * outCount_;
     std::fill_n(beyond, maskCount_, around);
     placeSources(mask, beyond, scratch.filterSources);
@@ -85,15 +93,12 @@ class RowFilter {
     for (int y = area_.y0; y < area_.y1; y += kRows) {
       const auto from = static_cast<std::size_t>(y - area_.y0);
       const auto rows = static_cast<std::size_t>(std::min(area_.y1 - y, kRows));
+      kernels_.filterDown({down_, stride_, rows, maskCount_}, sources_ + from, taps_, reach_);
+      // What lies beyond the mask's width is room, not coverage.
       for (std::size_t i = 0; i < rows; ++i) {
-        std::uint16_t* down = down_ + i * stride_;
-        kernels_.filterDown(down, sources_ + from + i, taps_, reach_, maskCount_);
-        // What lies beyond the mask's width is room, not coverage.
-        std::fill_n(down + width_, kBlock, aside_);
+        std::fill_n(down_ + i * stride_ + width_, kBlock, aside_);
       }
-      for (std::size_t i = 0; i < rows; ++i) {
-        kernels_.filterAlong(out_ + i * outCount_, along_ + i * stride_, taps_, reach_, outCount_);
-      }
+      kernels_.filterAlong({out_, outCount_, rows, outCount_}, along_, stride_, taps_, reach_);
       for (std::size_t i = 0; i < rows; ++i) {
         take(y + static_cast<int>(i), out_ + i * outCount_);
       }

@@ -153,6 +153,14 @@ struct Ramp {
   double last;
 };
 
+/// Rows that a filter fills, `outStride` values from row to row.
+struct FilterRows {
+  std::uint16_t* out;
+  std::size_t outStride;
+  std::size_t rows;
+  std::size_t count;  // of values in each, a multiple of kBlock
+};
+
 /// A row of an inset shadow: coverage by what surrounds a shape and casts the shadow, coverage by
 /// that shadow, and coverage by the shape, inside of which alone it shows.
 struct InsetRow {
@@ -257,14 +265,15 @@ struct Kernels {
   /// coverage := coverage × other, or × one fraction.
   void (*multiplyCoverage)(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count);
   void (*scaleCoverage)(std::uint16_t* coverage, int fraction, std::size_t count);
-  /// One row of a symmetric filter: taps[0] weighs the middle, taps[k] the two values k away from
-  /// it together. Taps are fractions that sum to at most one; `count` is a multiple of kBlock.
-  /// `middle` points to the middle one of 2·reach + 1 rows.
-  void (*filterDown)(std::uint16_t* out, const std::uint16_t* const* middle,
-                     const std::int16_t* taps, std::size_t reach, std::size_t count);
-  /// The same along a row; `in` begins `reach` values before the first result's.
-  void (*filterAlong)(std::uint16_t* out, const std::uint16_t* in, const std::int16_t* taps,
-                      std::size_t reach, std::size_t count);
+  /// A symmetric filter downwards: taps[0] weighs the middle, taps[k] the two values k away from it
+  /// together. Taps are fractions that sum to at most one. `middle` points to the first row's
+  /// middle one of the rows that it takes, `reach` more on either side, and those of the next rows
+  /// follow.
+  void (*filterDown)(const FilterRows& rows, const std::uint16_t* const* middle,
+                     const std::int16_t* taps, std::size_t reach);
+  /// The same along rows; `in` begins `reach` values before the first result's.
+  void (*filterAlong)(const FilterRows& rows, const std::uint16_t* in, std::size_t inStride,
+                      const std::int16_t* taps, std::size_t reach);
   /// Prepares cubics, given as x and y of their four points in device pixels. Writes whole eights.
   void (*prepareCurves)(const double* const* curves, std::size_t count, const CurvePen& pen,
                         PreparedCurve* out);

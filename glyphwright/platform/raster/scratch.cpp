@@ -26,7 +26,7 @@ std::size_t Scratch::keptBytes() const {
          bytes(sortedEdges) + bytes(activeEdges) + bytes(bandStarts) + bytes(narrowCells) +
          bytes(wideCells) + bytes(touched) + bytes(coverage) + bytes(clippedCoverage) +
          bytes(sourceRow) + bytes(casterMask) + bytes(insideMask) + bytes(filterRows) +
-         bytes(filterSources) + bytes(taps) + bytes(ramp) + bytes(rowColors) +
+         bytes(filterSources) + bytes(taps.taps) + bytes(ramp) + bytes(rowColors) +
          (upper == nullptr ? 0 : upper->keptBytes());
 }
 

@@ -31,6 +31,13 @@ struct LineAllocator {
 template <typename T>
 using LineVector = std::vector<T, LineAllocator<T>>;
 
+/// The weights of a Gaussian, which stay for the next one that is the same.
+struct GaussianTaps {
+  double sigma = -1;
+  double support = 0;
+  std::vector<std::int16_t> taps;
+};
+
 /// Working memory of one thread, kept between drawings so that small ones need no allocation. It
 /// holds nothing of what was drawn: every use overwrites it, and cells are zero between uses.
 struct Scratch {
@@ -52,7 +59,7 @@ struct Scratch {
   std::vector<std::uint16_t> insideMask;  // of where an inset shadow shows
   std::vector<std::uint16_t> filterRows;
   std::vector<const std::uint16_t*> filterSources;
-  std::vector<std::int16_t> taps;
+  GaussianTaps taps;
   std::vector<std::uint32_t> ramp;
   std::vector<SolidColor> rowColors;
   std::unique_ptr<Scratch> upper;

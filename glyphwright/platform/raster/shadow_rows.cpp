@@ -1,6 +1,7 @@
 #include <glyphwright/platform/raster/shadow_rows.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace glyphwright::raster {
 
@@ -12,10 +13,18 @@ ShadowAndCasterRows::ShadowAndCasterRows(Canvas& canvas, const PixelRect& region
       caster_(caster),
       kernels_(*scratch.kernels),
       width_(static_cast<std::size_t>(region.width())),
-      casterWidth_(static_cast<std::size_t>(caster.region.width())) {
-  scratch.coverage.assign(width_ + kBlock, 0);
+      casterWidth_(static_cast<std::size_t>(caster.region.width())),
+      casterLeft_(static_cast<std::size_t>(caster.region.x0 - region.x0)) {
+  scratch.coverage.assign(2 * width_, 0);
   coverage_ = scratch.coverage.data();
-  casterPart_ = coverage_ + (caster.region.x0 - region.x0);
+  next_ = coverage_ + width_;
+  placeNext(caster.region.y0);
+}
+
+void ShadowAndCasterRows::placeNext(int y) {
+  if (y >= caster_.region.y1) return;
+  std::copy_n(caster_.mask.row(y) + (caster_.region.x0 - caster_.mask.bounds.x0), casterWidth_,
+              next_ + casterLeft_);
 }
 
 void ShadowAndCasterRows::row(const CoverageRow& row) {
@@ -24,8 +33,8 @@ void ShadowAndCasterRows::row(const CoverageRow& row) {
     kernels_.writeSolid(rgba, row.coverage, width_, shadow_);
     return;
   }
-  std::copy_n(caster_.mask.row(row.y) + (caster_.region.x0 - caster_.mask.bounds.x0), casterWidth_,
-              casterPart_);
+  std::swap(coverage_, next_);
+  placeNext(row.y + 1);
   kernels_.writeTwoSolids(rgba, row.coverage, coverage_, width_, shadow_, caster_.color);
 }
 

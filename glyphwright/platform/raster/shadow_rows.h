@@ -22,14 +22,19 @@ class ShadowAndCasterRows final : public RowSink {
   void finish() { rows_.finish(); }
 
  private:
+  void placeNext(int y);
+
   Canvas::FreshRows rows_;
   const SolidColor& shadow_;
   Caster caster_;
   const Kernels& kernels_;
   std::size_t width_;
   std::size_t casterWidth_;
-  std::uint16_t* coverage_;  // of the caster over the whole row, empty but for its own part
-  std::uint16_t* casterPart_;
+  std::size_t casterLeft_;
+  // Of the caster over the whole row, empty but for its own part. The next row is laid out while
+  // this one is written: what has just been stored in one place is slow to read in another.
+  std::uint16_t* coverage_;
+  std::uint16_t* next_;
 };
 
 /// Writes rows of a shape together with the same rows of its inset shadow, which come top to

@@ -120,8 +120,10 @@ struct TwoRows {
   }
   void write(std::uint8_t* rgba, const WovenPixels& p) const {
     const auto at = [](std::uint8_t* pixels) { return reinterpret_cast<__m128i*>(pixels); };
-    _mm256_storeu2_m128i(at(rgba + rowBytes), at(rgba), p.a);
+    // In an image that is narrower than a stretch, the upper row's end is the lower row's start:
+    // that one is stored last.
     _mm256_storeu2_m128i(at(rgba + rowBytes + 16), at(rgba + 16), p.b);
+    _mm256_storeu2_m128i(at(rgba + rowBytes), at(rgba), p.a);
   }
   WovenPixels read(const std::uint8_t* rgba) const {
     const auto at = [](const std::uint8_t* p) { return reinterpret_cast<const __m128i*>(p); };

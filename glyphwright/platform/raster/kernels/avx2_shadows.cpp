@@ -11,6 +11,11 @@ __m256i everyLane(int value) {
   return _mm256_set1_epi16(static_cast<short>(value));
 }
 
+// 1/64 levels, rounded to whole ones as bytes are.
+__m256i wholeLevels(__m256i channels64) {
+  return _mm256_and_si256(_mm256_add_epi16(channels64, everyLane(32)), everyLane(-64));
+}
+
 // Four channels of sixteen pixels, as bytes in 16-bit lanes, woven into pixels.
 PixelPair woven(const __m256i* levels) {
   const __m256i rg = _mm256_or_si256(levels[0], _mm256_slli_epi16(levels[1], 8));
@@ -25,12 +30,12 @@ struct Channels {
   explicit Channels(const SolidColor& color) : alpha(everyLane(color.alpha)) {
     for (int c = 0; c < 4; ++c) channels[c] = everyLane(color.channels[c]);
   }
-  // Over bytes in 16-bit lanes, which become the bytes of both.
+  // Over whole levels in 1/64, which become the bytes of both.
   void over(__m256i* levels, __m256i coverage) const {
     const __m256i covered = _mm256_mulhrs_epi16(alpha, coverage);
     for (int c = 0; c < 4; ++c) {
-      levels[c] = rounded(avx2::over(_mm256_mulhrs_epi16(channels[c], coverage), covered,
-                                     _mm256_slli_epi16(levels[c], 6)));
+      levels[c] =
+          rounded(avx2::over(_mm256_mulhrs_epi16(channels[c], coverage), covered, levels[c]));
     }
   }
 
@@ -48,7 +53,7 @@ void writeTwoSolids(std::uint8_t* rgba, const std::uint16_t* below, const std::u
     const __m256i coverage = stretch.loadCoverage(below + at);
     __m256i levels[4];
     for (int c = 0; c < 4; ++c) {
-      levels[c] = rounded(_mm256_mulhrs_epi16(lower.channels[c], coverage));
+      levels[c] = wholeLevels(_mm256_mulhrs_epi16(lower.channels[c], coverage));
     }
     upper.over(levels, stretch.loadCoverage(above + at));
     stretch.storeBytes(rgba + at * 4, woven(levels));
@@ -65,7 +70,9 @@ void writeInset(std::uint8_t* rgba, const InsetRow& row, std::size_t count, cons
     const __m256i units = _mm256_sub_epi16(
         everyLane(kUnitsPerPixel), _mm256_srli_epi16(_mm256_add_epi16(around, everyLane(1)), 5));
     __m256i levels[4];
-    for (int c = 0; c < 4; ++c) levels[c] = _mm256_mulhrs_epi16(filled[c], units);
+    for (int c = 0; c < 4; ++c) {
+      levels[c] = _mm256_slli_epi16(_mm256_mulhrs_epi16(filled[c], units), 6);
+    }
     upper.over(levels, _mm256_mulhrs_epi16(stretch.loadCoverage(row.cast + at),
                                            stretch.loadCoverage(row.inside + at)));
     stretch.storeBytes(rgba + at * 4, woven(levels));

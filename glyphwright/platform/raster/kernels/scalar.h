@@ -47,10 +47,10 @@ void mixColors(const double* start, const double* change, const double* parts, s
 void rampPixels(std::uint8_t* rgba, const Ramp& ramp, double from, double step, std::size_t count);
 void multiplyCoverage(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count);
 void scaleCoverage(std::uint16_t* coverage, int fraction, std::size_t count);
-void filterDown(std::uint16_t* out, const std::uint16_t* const* middle, const std::int16_t* taps,
-                std::size_t reach, std::size_t count);
-void filterAlong(std::uint16_t* out, const std::uint16_t* in, const std::int16_t* taps,
-                 std::size_t reach, std::size_t count);
+void filterDown(const FilterRows& rows, const std::uint16_t* const* middle,
+                const std::int16_t* taps, std::size_t reach);
+void filterAlong(const FilterRows& rows, const std::uint16_t* in, std::size_t inStride,
+                 const std::int16_t* taps, std::size_t reach);
 void prepareCurves(const double* const* curves, std::size_t count, const CurvePen& pen,
                    PreparedCurve* out);
 void bendCurve(const StrokeCurve& curve, BentCurve& out);

@@ -177,24 +177,30 @@ int pairScaled(int a, int b, int tap) {
 
 }  // namespace
 
-void filterDown(std::uint16_t* out, const std::uint16_t* const* middle, const std::int16_t* taps,
-                std::size_t reach, std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i) {
-    int total = scaled((*middle)[i], taps[0]);
-    for (std::size_t k = 1; k <= reach; ++k) {
-      total += pairScaled((*(middle - k))[i], middle[k][i], taps[k]);
+void filterDown(const FilterRows& rows, const std::uint16_t* const* middle,
+                const std::int16_t* taps, std::size_t reach) {
+  for (std::size_t row = 0; row < rows.rows; ++row, ++middle) {
+    for (std::size_t i = 0; i < rows.count; ++i) {
+      int total = scaled((*middle)[i], taps[0]);
+      for (std::size_t k = 1; k <= reach; ++k) {
+        total += pairScaled((*(middle - k))[i], middle[k][i], taps[k]);
+      }
+      rows.out[row * rows.outStride + i] = static_cast<std::uint16_t>(std::min(total, kOne));
     }
-    out[i] = static_cast<std::uint16_t>(std::min(total, kOne));
   }
 }
 
-void filterAlong(std::uint16_t* out, const std::uint16_t* in, const std::int16_t* taps,
-                 std::size_t reach, std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i) {
-    const std::uint16_t* middle = in + reach + i;
-    int total = scaled(*middle, taps[0]);
-    for (std::size_t k = 1; k <= reach; ++k) total += pairScaled(*(middle - k), middle[k], taps[k]);
-    out[i] = static_cast<std::uint16_t>(std::min(total, kOne));
+void filterAlong(const FilterRows& rows, const std::uint16_t* in, std::size_t inStride,
+                 const std::int16_t* taps, std::size_t reach) {
+  for (std::size_t row = 0; row < rows.rows; ++row, in += inStride) {
+    for (std::size_t i = 0; i < rows.count; ++i) {
+      const std::uint16_t* middle = in + reach + i;
+      int total = scaled(*middle, taps[0]);
+      for (std::size_t k = 1; k <= reach; ++k) {
+        total += pairScaled(*(middle - k), middle[k], taps[k]);
+      }
+      rows.out[row * rows.outStride + i] = static_cast<std::uint16_t>(std::min(total, kOne));
+    }
   }
 }
 

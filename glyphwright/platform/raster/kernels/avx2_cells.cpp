@@ -108,7 +108,7 @@ class RowPainter {
           set >>= gap;
         }
         const std::size_t run = least(static_cast<std::size_t>(std::countr_one(set)), count - at);
-        sum(run);
+        sumTouched(run);
         at += run;
         set = run < 64 ? set >> run : 0;
       }
@@ -122,6 +122,15 @@ class RowPainter {
   std::int16_t* next() const { return cells_; }
 
  private:
+  // Of these, few are empty: asking would cost more than painting them.
+  void sumTouched(std::size_t blocks) {
+    for (; blocks > 0; --blocks) {
+      painter_.paintAny(Stretch{}, rgba_, foldWinding<rule>(sums()));
+      cells_ += kBlock;
+      rgba_ += std::size_t{kBlock} * 4;
+    }
+  }
+
   static std::size_t least(std::size_t a, std::size_t b) { return a < b ? a : b; }
 
   // Of the block at hand, which is set back to zero.
@@ -199,6 +208,10 @@ class Writer {
   void paint(const S& stretch, std::uint8_t* rgba, __m256i units) const {
     stretch.storeBytes(rgba, pixels(units));
   }
+  template <typename S>
+  void paintAny(const S& stretch, std::uint8_t* rgba, __m256i units) const {
+    paint(stretch, rgba, units);
+  }
   // Whole blocks of one coverage.
   void even(std::uint8_t* rgba, std::size_t blocks, __m256i units) const {
     const __m256i eight = pixels(units).low;
@@ -227,7 +240,10 @@ class Blender {
       : ink_(color), writer_(color), isOpaque_(color.isOpaque()) {}
   template <typename S>
   void paint(const S& stretch, std::uint8_t* rgba, __m256i units) const {
-    if (isZero(units)) return;
+    if (!isZero(units)) paintAny(stretch, rgba, units);
+  }
+  template <typename S>
+  void paintAny(const S& stretch, std::uint8_t* rgba, __m256i units) const {
     stretch.storeBytes(rgba, ink_.over(fractions(units), stretch.loadBytes(rgba)));
   }
   void even(std::uint8_t* rgba, std::size_t blocks, __m256i units) const {

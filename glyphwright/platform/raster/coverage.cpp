@@ -119,17 +119,20 @@ class Sweeper {
 
   // Adds up what lies left of the region, in the first cell inside.
   void carryIn() {
-    const auto left = static_cast<std::size_t>(left_);
     for (int row = 0; row < band_.rows; ++row) {
-      Cell* cells = band_.cells + static_cast<std::size_t>(row) * stride_;
-      int sum = cells[left];
-      for (std::size_t i = 0; i < left; ++i) sum += cells[i];
-      std::fill_n(cells, left, Cell{0});
-      cells[left] = static_cast<Cell>(sum);
-      if (band_.touched != nullptr) {
-        std::uint8_t* touched = band_.touched + static_cast<std::size_t>(row) * (stride_ / kBlock);
-        touched[left / kBlock] |= touched[left / kBlock - 1];
+      Cell* const inside = band_.cells + static_cast<std::size_t>(row) * stride_ + left_;
+      Cell sum = 0;
+      for (Cell* block = inside - left_; block < inside; block += kBlock) {
+        for (int i = 0; i < kBlock; ++i) sum = static_cast<Cell>(sum + block[i]);
+        std::fill_n(block, kBlock, Cell{0});
       }
+      *inside = static_cast<Cell>(*inside + sum);
+    }
+    if (band_.touched == nullptr) return;
+    const std::size_t blocks = stride_ / kBlock;
+    for (int row = 0; row < band_.rows; ++row) {
+      std::uint8_t* touched = band_.touched + static_cast<std::size_t>(row) * blocks;
+      touched[left_ / kBlock] |= touched[left_ / kBlock - 1];
     }
   }
 

@@ -258,6 +258,33 @@ TEST(RasterStroke, CurvesUnderThinAndWidePensAreNearlyExact) {
   }
 }
 
+TEST(RasterStroke, QuadraticsAreTheirCubics) {
+  UIBezierPath quads;
+  UIBezierPath cubics;
+  for (UIBezierPath* path : {&quads, &cubics}) {
+    path->moveToPoint({6, 30});
+    path->addCurveToPoint({20, 30}, {8, 4}, {17, 40});
+  }
+  quads.addQuadCurveToPoint({34, 12}, {28, 33});
+  quads.addQuadCurveToPoint({36, 12}, {35, 0});
+  cubics.addCurveToPoint({34, 12}, {20 + 16 / 3.0, 32}, {30, 26});
+  cubics.addCurveToPoint({36, 12}, {34 + 2 / 3.0, 4}, {36 - 2 / 3.0, 4});
+  for (UIBezierPath* path : {&quads, &cubics}) {
+    path->addCurveToPoint({44, 40}, {37, 24}, {47, 24});
+    path->setLineWidth(3);
+  }
+  const UIImage one = stroked(quads, 48);
+  const UIImage other = stroked(cubics, 48);
+  const auto rgba = one.cgImage().rgba();
+  const auto expected = other.cgImage().rgba();
+  std::size_t covered = 0;
+  for (std::size_t i = 0; i < rgba.size(); ++i) {
+    ASSERT_LE(std::abs(rgba[i] - expected[i]), 1) << i;
+    covered += rgba[i] == 255 ? 1 : 0;
+  }
+  EXPECT_GT(covered, 100U);
+}
+
 TEST(RasterStroke, AnImageCutsStrokesWithoutATrace) {
   struct Parts {
     std::size_t whole;

@@ -183,6 +183,30 @@ TEST(RasterStroke, CornersArePlacedTheSameOnEveryMachine) {
   }
 }
 
+TEST(RasterStroke, RunsAreCountedTheSameOnEveryMachine) {
+  constexpr int kRows = 20;
+  std::mt19937 random(20240611);
+  std::uniform_int_distribution<std::int32_t> height(-4 * kUnitsPerPixel, 25 * kUnitsPerPixel);
+  for (std::size_t lines = 1; lines < 40; ++lines) {
+    std::vector<std::int32_t> y(lines + 1);
+    for (std::int32_t& v : y) v = lines % 4 == 0 ? height(random) / 5 : height(random);
+    std::vector<int> fast(kRows + 1, 3);
+    std::vector<int> plain(kRows + 1, 3);
+    kernels().countRuns(y.data(), lines, kRows, fast.data());
+    scalarKernels().countRuns(y.data(), lines, kRows, plain.data());
+    ASSERT_EQ(fast, plain) << lines;
+  }
+  // Down, up a little, down, and up again; then a line down of the next eight, from above.
+  const std::int32_t y[] = {1024, 3000, 2500, 5000, 1500, 1400, 1300, 1200, -1024, 2047};
+  std::vector<int> changes(kRows + 1, 0);
+  kernels().countRuns(y, 9, kRows, changes.data());
+  std::vector<int> expected(kRows + 1, 0);
+  expected[0] = 2 + 1;
+  expected[5] = -2;
+  expected[2] = -1;
+  EXPECT_EQ(changes, expected);
+}
+
 UIImage stroked(const UIBezierPath& path, std::size_t side) {
   const auto points = static_cast<CGFloat>(side);
   UIGraphicsBeginImageContextWithOptions({points, points}, false, 1);

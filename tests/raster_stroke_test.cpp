@@ -119,7 +119,8 @@ TEST(RasterStroke, CurvesArePreparedAndBentTheSameOnEveryMachine) {
           auto& v = to[k];
           bent[k] = {v[0].data(), v[1].data(), v[2].data(), v[3].data(),
                      v[4].data(), v[5].data(), v[6].data(), v[7].data()};
-          (k == 0 ? kernels() : scalarKernels()).bendCurve({b, half, b.tightCount}, bent[k]);
+          (k == 0 ? kernels() : scalarKernels())
+              .bendCurve({b.cubic(), half, b.tightCount}, bent[k]);
         }
         ASSERT_EQ(bent[0].leftCount, bent[1].leftCount);
         ASSERT_EQ(bent[0].rightCount, bent[1].rightCount);

@@ -119,7 +119,8 @@ TEST(RasterStroke, CurvesArePreparedAndBentTheSameOnEveryMachine) {
           auto& v = to[k];
           bent[k] = {v[0].data(), v[1].data(), v[2].data(), v[3].data(),
                      v[4].data(), v[5].data(), v[6].data(), v[7].data()};
-          (k == 0 ? kernels() : scalarKernels()).bendCurve({b, half, b.tightCount}, bent[k]);
+          (k == 0 ? kernels() : scalarKernels())
+              .bendCurve({b.cubic(), half, b.tightCount}, bent[k]);
         }
         ASSERT_EQ(bent[0].leftCount, bent[1].leftCount);
         ASSERT_EQ(bent[0].rightCount, bent[1].rightCount);
@@ -181,6 +182,30 @@ TEST(RasterStroke, CornersArePlacedTheSameOnEveryMachine) {
       ASSERT_EQ(outside[0], outside[1]);
     }
   }
+}
+
+TEST(RasterStroke, RunsAreCountedTheSameOnEveryMachine) {
+  constexpr int kRows = 20;
+  std::mt19937 random(20240611);
+  std::uniform_int_distribution<std::int32_t> height(-4 * kUnitsPerPixel, 25 * kUnitsPerPixel);
+  for (std::size_t lines = 1; lines < 40; ++lines) {
+    std::vector<std::int32_t> y(lines + 1);
+    for (std::int32_t& v : y) v = lines % 4 == 0 ? height(random) / 5 : height(random);
+    std::vector<int> fast(kRows + 1, 3);
+    std::vector<int> plain(kRows + 1, 3);
+    kernels().countRuns(y.data(), lines, kRows, fast.data());
+    scalarKernels().countRuns(y.data(), lines, kRows, plain.data());
+    ASSERT_EQ(fast, plain) << lines;
+  }
+  // Down, up a little, down, and up again; then a line down of the next eight, from above.
+  const std::int32_t y[] = {1024, 3000, 2500, 5000, 1500, 1400, 1300, 1200, -1024, 2047};
+  std::vector<int> changes(kRows + 1, 0);
+  kernels().countRuns(y, 9, kRows, changes.data());
+  std::vector<int> expected(kRows + 1, 0);
+  expected[0] = 2 + 1;
+  expected[5] = -2;
+  expected[2] = -1;
+  EXPECT_EQ(changes, expected);
 }
 
 UIImage stroked(const UIBezierPath& path, std::size_t side) {
@@ -256,6 +281,33 @@ TEST(RasterStroke, CurvesUnderThinAndWidePensAreNearlyExact) {
           << c.name << ", width " << width;
     }
   }
+}
+
+TEST(RasterStroke, QuadraticsAreTheirCubics) {
+  UIBezierPath quads;
+  UIBezierPath cubics;
+  for (UIBezierPath* path : {&quads, &cubics}) {
+    path->moveToPoint({6, 30});
+    path->addCurveToPoint({20, 30}, {8, 4}, {17, 40});
+  }
+  quads.addQuadCurveToPoint({34, 12}, {28, 33});
+  quads.addQuadCurveToPoint({36, 12}, {35, 0});
+  cubics.addCurveToPoint({34, 12}, {20 + 16 / 3.0, 32}, {30, 26});
+  cubics.addCurveToPoint({36, 12}, {34 + 2 / 3.0, 4}, {36 - 2 / 3.0, 4});
+  for (UIBezierPath* path : {&quads, &cubics}) {
+    path->addCurveToPoint({44, 40}, {37, 24}, {47, 24});
+    path->setLineWidth(3);
+  }
+  const UIImage one = stroked(quads, 48);
+  const UIImage other = stroked(cubics, 48);
+  const auto rgba = one.cgImage().rgba();
+  const auto expected = other.cgImage().rgba();
+  std::size_t covered = 0;
+  for (std::size_t i = 0; i < rgba.size(); ++i) {
+    ASSERT_LE(std::abs(rgba[i] - expected[i]), 1) << i;
+    covered += rgba[i] == 255 ? 1 : 0;
+  }
+  EXPECT_GT(covered, 100U);
 }
 
 TEST(RasterStroke, AnImageCutsStrokesWithoutATrace) {

@@ -11,8 +11,13 @@ namespace {
 // A region this small is kept in the nearest cache as a whole.
 constexpr std::size_t kDenseCells = 128 * 144;
 // Bands of rows are as high as the near caches take, so that few edges are met twice.
-constexpr std::size_t kBandCells = 48 * 1024;
+constexpr std::size_t kBandCells = 64 * 1024;
 constexpr int kLeastBandRows = 32;
+
+// A power of two.
+int bandRowsFor(std::size_t stride) {
+  return std::max(static_cast<int>(std::bit_floor(kBandCells / stride)), kLeastBandRows);
+}
 
 // Rows that are painted by turns: few enough to stay in the near caches, as many as that allows.
 constexpr std::size_t kTurnBytes = 128 * 1024;
@@ -24,10 +29,8 @@ class Sweeper {
   explicit Sweeper(const Sweep& shape)
       : edges_(shape.edges), rule_(shape.rule), scratch_(shape.scratch), sink_(shape.sink) {
     const bool isDense = stride_ * static_cast<std::size_t>(height_) <= kDenseCells;
-    bandRows_ =
-        isDense
-            ? height_
-            : std::min(height_, std::max(static_cast<int>(kBandCells / stride_), kLeastBandRows));
+    const int rows = isDense ? height_ : bandRowsFor(stride_);
+    bandRows_ = std::min(height_, rows);
     const std::size_t cells = stride_ * static_cast<std::size_t>(bandRows_);
     // The last row is set back to zero as far as the others, into the left of the next one.
     const std::size_t wanted = cells + static_cast<std::size_t>(left_);
@@ -72,8 +75,9 @@ class Sweeper {
   void sortByBand(int bands) {
     auto& starts = scratch_.bandStarts;
     starts.assign(static_cast<std::size_t>(bands) + 2, 0);
-    const auto bandOf = [this, bands](const Edge& e) {
-      const int band = std::min(e.y0, e.y1) / (bandRows_ * kUnitsPerPixel);
+    const int shift = std::countr_zero(static_cast<unsigned>(bandRows_)) + kUnitShift;
+    const auto bandOf = [shift, bands](const Edge& e) {
+      const int band = std::max(std::min(e.y0, e.y1), 0) >> shift;
       return static_cast<std::size_t>(e.y0 == e.y1 ? bands : band);
     };
     for (const Edge& e : edges_.edges()) ++starts[bandOf(e) + 1];
@@ -115,17 +119,20 @@ class Sweeper {
 
   // Adds up what lies left of the region, in the first cell inside.
   void carryIn() {
-    const auto left = static_cast<std::size_t>(left_);
     for (int row = 0; row < band_.rows; ++row) {
-      Cell* cells = band_.cells + static_cast<std::size_t>(row) * stride_;
-      int sum = cells[left];
-      for (std::size_t i = 0; i < left; ++i) sum += cells[i];
-      std::fill_n(cells, left, Cell{0});
-      cells[left] = static_cast<Cell>(sum);
-      if (band_.touched != nullptr) {
-        std::uint8_t* touched = band_.touched + static_cast<std::size_t>(row) * (stride_ / kBlock);
-        touched[left / kBlock] |= touched[left / kBlock - 1];
+      Cell* const inside = band_.cells + static_cast<std::size_t>(row) * stride_ + left_;
+      Cell sum = 0;
+      for (Cell* block = inside - left_; block < inside; block += kBlock) {
+        for (int i = 0; i < kBlock; ++i) sum = static_cast<Cell>(sum + block[i]);
+        std::fill_n(block, kBlock, Cell{0});
       }
+      *inside = static_cast<Cell>(*inside + sum);
+    }
+    if (band_.touched == nullptr) return;
+    const std::size_t blocks = stride_ / kBlock;
+    for (int row = 0; row < band_.rows; ++row) {
+      std::uint8_t* touched = band_.touched + static_cast<std::size_t>(row) * blocks;
+      touched[left_ / kBlock] |= touched[left_ / kBlock - 1];
     }
   }
 

@@ -287,6 +287,10 @@ struct Kernels {
   bool (*strokeCurve)(const StrokeCurve& curve, const StrokeCorners& out);
   /// The box around corners.
   CornerBox (*boxCorners)(const float* x, const float* y, std::size_t count);
+  /// Takes lines from corner to corner, eight at a time, and counts each run downwards in all rows
+  /// that its eight reach: `changes`, of which there are rows + 1, gain what begins in a row and
+  /// lose what ended in the one before. Heights are in units and clamped to the rows.
+  void (*countRuns)(const std::int32_t* y, std::size_t lines, int rows, int* changes);
   /// Places corners in a frame, the last one first when `backwards`. Reads up to eight corners
   /// beyond them, or ahead of them when backwards, and writes whole eights.
   void (*placeCorners)(const float* x, const float* y, std::size_t count, bool backwards,

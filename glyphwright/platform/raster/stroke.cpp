@@ -121,14 +121,15 @@ class Stroker {
 
 // Lists the points of all curves; those of a quadratic are raised.
 void listCurves(const CGPath& path, const std::vector<CGPoint>& points, StrokeOutline& out) {
-  out.curves.clear();
-  out.raised.clear();
   const auto verbs = path.verbs();
+  out.raised.clear();
+  out.curves.resize(verbs.size());
+  const double** to = out.curves.data();
   const CGPoint* next = points.data();
   for (const PathVerb verb : verbs) {
-    if (verb == PathVerb::cubic) {
-      out.curves.push_back(&next[-1].x);
-    } else if (verb == PathVerb::quad) {
+    // Which verbs are curves nobody can foretell: all are written down, and only curves stay.
+    *to = next == points.data() ? nullptr : &next[-1].x;
+    if (verb == PathVerb::quad) {
       // Nothing may move once it is listed.
       if (out.raised.empty()) out.raised.reserve(4 * verbs.size());
       const CGPoint from = next[-1];
@@ -139,10 +140,12 @@ void listCurves(const CGPath& path, const std::vector<CGPoint>& points, StrokeOu
                        p.y + (control.y - p.y) * (2.0 / 3.0)};
       };
       out.raised.insert(out.raised.end(), {from, towards(from), towards(end), end});
-      out.curves.push_back(&out.raised[out.raised.size() - 4].x);
+      *to = &out.raised[out.raised.size() - 4].x;
     }
+    to += verb == PathVerb::cubic || verb == PathVerb::quad ? 1 : 0;
     next += pointCount(verb);
   }
+  out.curves.resize(static_cast<std::size_t>(to - out.curves.data()));
 }
 
 }  // namespace

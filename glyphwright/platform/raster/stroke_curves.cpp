@@ -87,7 +87,7 @@ bool StrokeCurves::drawFast() {
   right.makeRoom(count + 8);
   const StrokeCorners corners{left.x.data() + left.count, left.y.data() + left.count,
                               right.x.data() + right.count, right.y.data() + right.count};
-  const StrokeCurve curve{*prepared_, static_cast<float>(pen_.half()), prepared_->count};
+  const StrokeCurve curve{prepared_->cubic(), static_cast<float>(pen_.half()), prepared_->count};
   if (!kernels_->strokeCurve(curve, corners)) return false;
   left.count += count - 1;
   right.count += count - 1;
@@ -105,7 +105,8 @@ void StrokeCurves::prepareBent() {
   float* corner = sample + 4 * samples;
   bent_ = {sample, sample + samples, sample + 2 * samples, sample + 3 * samples,
            corner, corner + corners, corner + 2 * corners, corner + 3 * corners};
-  kernels_->bendCurve({*prepared_, static_cast<float>(pen_.half()), prepared_->tightCount}, bent_);
+  kernels_->bendCurve({prepared_->cubic(), static_cast<float>(pen_.half()), prepared_->tightCount},
+                      bent_);
   const auto legAfter = [&](std::size_t i) {
     return legBetween({bent_.x[i], bent_.y[i]}, {bent_.x[i + 1], bent_.y[i + 1]});
   };

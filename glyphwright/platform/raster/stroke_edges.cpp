@@ -190,29 +190,12 @@ int windingOf(std::span<const Edge> edges, int rows, std::vector<int>& units) {
   return (most + kUnitsPerPixel - 1) >> kUnitShift;
 }
 
-// The same for rings of corners one after another, with the runs downwards of eight lines at once
-// counted in all rows that these reach: more than there is, but nearly always little enough.
-int roughWindingOf(std::int32_t* y, std::size_t corners, int rows, std::vector<int>& changes) {
-  changes.assign(static_cast<std::size_t>(rows) + 2, 0);
-  const int bottom = rows * kUnitsPerPixel;
-  // Whole eights, the last one filled up with level lines.
-  std::fill_n(y + corners, 8, y[corners - 1]);
-  for (std::size_t i = 0; i + 1 < corners; i += 8) {
-    const std::int32_t* at = y + i;
-    int top = at[0];
-    int foot = at[0];
-    int runs = at[1] > at[0] ? 1 : 0;
-    for (int k = 1; k <= 8; ++k) {
-      top = std::min(top, at[k]);
-      foot = std::max(foot, at[k]);
-    }
-    for (int k = 1; k < 8; ++k) runs += (at[k + 1] > at[k] ? 1 : 0) & (at[k] > at[k - 1] ? 0 : 1);
-    const auto rowOf = [&](int height) {
-      return static_cast<std::size_t>(std::clamp(height, 0, bottom) >> kUnitShift);
-    };
-    changes[rowOf(top)] += runs;
-    changes[rowOf(foot) + 1] -= runs;
-  }
+// The same for rings of corners one after another, more than there is, but nearly always little
+// enough. Lines from ring to ring do no harm, since a run passes any height once at most.
+int roughWindingOf(const std::int32_t* y, std::size_t corners, int rows, const Kernels& kernels,
+                   std::vector<int>& changes) {
+  changes.assign(static_cast<std::size_t>(rows) + 1, 0);
+  kernels.countRuns(y, corners - 1, rows, changes.data());
   int most = 0;
   int now = 0;
   for (const int change : changes) most = std::max(most, now += change);
@@ -277,7 +260,7 @@ void edgesOfOutline(StrokeOutline& outline, const DeviceBox& box, const PixelRec
   };
   const auto isHigh = [&] { return out.verticalRuns / 2 > kNarrowWindingLimit; };
   if (isHigh() && placed > 0) {
-    lower(roughWindingOf(out.cornerY.data(), placed, region.height(), outline.rowUnits));
+    lower(roughWindingOf(out.cornerY.data(), placed, region.height(), kernels, outline.rowUnits));
   }
   if (isHigh()) lower(windingOf(out.edges(), region.height(), outline.rowUnits));
 }

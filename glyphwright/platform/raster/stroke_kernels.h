@@ -35,6 +35,8 @@ struct CurvePen {
 
 /// A cubic ready to be stroked.
 struct PreparedCurve : StrokeCubic {
+  const StrokeCubic& cubic() const { return *this; }
+
   float startAlongX, startAlongY;  // unit vectors along the curve where it starts and ends
   float endAlongX, endAlongY;
   float startLength, endLength;  // of the first and the last of `count` chords, roughly

@@ -119,29 +119,34 @@ void StrokePen::innerJoin(OutlineSide& side, Vector at, Vector from, Vector to,
   put(side, at + to * half_);
 }
 
+// On the hollow side of a bend tighter than the pen, the offset would run backwards; each chord
+// then keeps its own rectangle.
 void StrokePen::bend(Vector at, Vector normal, const Leg& in, const Leg& out) const {
-  bendSide(out_.left, 1, at, normal, in, out);
-  bendSide(out_.right, -1, at, normal, in, out);
-}
-
-void StrokePen::bendSide(OutlineSide& side, double sign, Vector at, Vector normal, const Leg& in,
-                         const Leg& out) const {
   const bool turned = in.hasDirection() && out.hasDirection();
   const Vector turn = out.along - in.along;
+  const double turnSquare = dot(turn, turn);
   const double shorter = std::min(in.length, out.length);
-  const double reach = half_ * sign;
-  // On the hollow side of a bend tighter than the pen, the offset would run backwards; each chord
-  // then keeps its own rectangle.
-  if (turned && cross(in.along, out.along) * sign < 0 &&
-      dot(turn, turn) * half_ * half_ > shorter * shorter) {
-    put(side, at + leftOf(in.along) * reach);
-    put(side, at);
-    put(side, at + leftOf(out.along) * reach);
-    return;
-  }
+  const bool isTight = turned && turnSquare * half_ * half_ > shorter * shorter;
+  const double side = isTight ? cross(in.along, out.along) : 0;
   // The offset's own chords lose area like any curve's: lift by the square of the turn a step.
-  const double lift = turned ? dot(turn, turn) / 12 : 0;
-  put(side, at + normal * (reach * (1 + std::min(lift, 0.05))));
+  const double lift = turned ? turnSquare / 12 : 0;
+  const Vector offset = normal * (half_ * (1 + std::min(lift, 0.05)));
+  const Vector before = leftOf(in.along) * half_;
+  const Vector after = leftOf(out.along) * half_;
+  if (side < 0) {
+    put(out_.left, at + before);
+    put(out_.left, at);
+    put(out_.left, at + after);
+  } else {
+    put(out_.left, at + offset);
+  }
+  if (side > 0) {
+    put(out_.right, at - before);
+    put(out_.right, at);
+    put(out_.right, at - after);
+  } else {
+    put(out_.right, at - offset);
+  }
 }
 
 // Points of the circle about `center` strictly between two unit normals, running the short way.

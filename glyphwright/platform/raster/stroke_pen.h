@@ -41,8 +41,6 @@ class StrokePen {
                  pen::Vector forward) const;
   void innerJoin(OutlineSide& side, pen::Vector at, pen::Vector from, pen::Vector to,
                  double shorter) const;
-  void bendSide(OutlineSide& side, double sign, pen::Vector at, pen::Vector normal,
-                const pen::Leg& in, const pen::Leg& out) const;
 
   double half_;
   const StrokeStyle& style_;

@@ -36,6 +36,7 @@ constexpr Kernels kAvx2{
     .bendCurve = avx2::bendCurve,
     .strokeCurve = avx2::strokeCurve,
     .boxCorners = avx2::boxCorners,
+    .countRuns = avx2::countRuns,
     .placeCorners = avx2::placeCorners,
 };
 

@@ -105,7 +105,7 @@ class RowPainter {
         }
         const std::size_t run =
             std::min(static_cast<std::size_t>(std::countr_one(set)), count - at);
-        sum(run * (kBlock / Rows::kPixels));
+        sumTouched(run * (kBlock / Rows::kPixels));
         at += run;
         set = run < 64 ? set >> run : 0;
       }
@@ -122,6 +122,15 @@ class RowPainter {
   }
 
  private:
+  // Of these, few are empty: asking would cost more than painting them.
+  void sumTouched(std::size_t stretches) {
+    for (; stretches > 0; --stretches) {
+      painter_.paintAny(rows_, rgba_, foldWinding<rule>(sums_.next(rows_.take(cells_))));
+      cells_ += Rows::kPixels;
+      rgba_ += Rows::kPixels * 4;
+    }
+  }
+
   const Rows rows_;
   std::int16_t* cells_;
   std::uint8_t* rgba_;
@@ -196,6 +205,10 @@ class Writer {
   void paint(const Rows& rows, std::uint8_t* rgba, __m256i units) const {
     rows.write(rgba, pixels(units));
   }
+  template <typename Rows>
+  void paintAny(const Rows& rows, std::uint8_t* rgba, __m256i units) const {
+    paint(rows, rgba, units);
+  }
   // Whole blocks of one coverage, that of the pixel before them; none at a row's start.
   template <typename Rows>
   void goOn(const Rows& rows, std::uint8_t* rgba, std::size_t blocks, bool isStart,
@@ -231,7 +244,10 @@ class Blender {
         isOpaque_(first.isOpaque() && second.isOpaque()) {}
   template <typename Rows>
   void paint(const Rows& rows, std::uint8_t* rgba, __m256i units) const {
-    if (isZero(units)) return;
+    if (!isZero(units)) paintAny(rows, rgba, units);
+  }
+  template <typename Rows>
+  void paintAny(const Rows& rows, std::uint8_t* rgba, __m256i units) const {
     const WovenPixels below = rows.read(rgba);
     const __m256i covered = fractions(units);
     rows.write(rgba, {ink_.over(_mm256_unpacklo_epi16(covered, covered), below.a),

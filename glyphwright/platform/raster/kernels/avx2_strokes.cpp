@@ -89,6 +89,40 @@ CornerBox boxCorners(const float* x, const float* y, std::size_t count) {
   return {least(minX), least(minY), most(maxX), most(maxY), _mm256_movemask_ps(nan) != 0};
 }
 
+void countRuns(const std::int32_t* y, std::size_t lines, int rows, int* changes) {
+  const __m256i zero = _mm256_setzero_si256();
+  const __m256i bottom = _mm256_set1_epi32(rows * kUnitsPerPixel);
+  const auto heights = [&](const std::int32_t* from) {
+    const __m256i eight = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from));
+    return _mm256_min_epi32(_mm256_max_epi32(eight, zero), bottom);
+  };
+  const auto row = [](__m128i lanes) { return _mm_cvtsi128_si32(lanes) >> kUnitShift; };
+  const auto count = [&](const std::int32_t* at, __m256i from, __m256i to, unsigned valid) {
+    const __m256i highs = _mm256_max_epi32(from, to), lows = _mm256_min_epi32(from, to);
+    __m128i top = _mm_min_epi32(_mm256_castsi256_si128(lows), _mm256_extracti128_si256(lows, 1));
+    __m128i foot = _mm_max_epi32(_mm256_castsi256_si128(highs), _mm256_extracti128_si256(highs, 1));
+    top = _mm_min_epi32(top, _mm_shuffle_epi32(top, _MM_SHUFFLE(1, 0, 3, 2)));
+    foot = _mm_max_epi32(foot, _mm_shuffle_epi32(foot, _MM_SHUFFLE(1, 0, 3, 2)));
+    top = _mm_min_epi32(top, _mm_shuffle_epi32(top, _MM_SHUFFLE(2, 3, 0, 1)));
+    foot = _mm_max_epi32(foot, _mm_shuffle_epi32(foot, _MM_SHUFFLE(2, 3, 0, 1)));
+    // Unclamped, as directions may show beyond the rows as well.
+    const __m256i first = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(at));
+    const __m256i second = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(at + 1));
+    const auto isDown = valid & static_cast<unsigned>(_mm256_movemask_ps(
+                                    _mm256_castsi256_ps(_mm256_cmpgt_epi32(second, first))));
+    const int runs = __builtin_popcount(isDown & ~(isDown << 1));
+    changes[row(top)] += runs;
+    if (row(foot) < rows) changes[row(foot) + 1] -= runs;
+  };
+  std::size_t i = 0;
+  for (; i + 8 <= lines; i += 8) count(y + i, heights(y + i), heights(y + i + 1), 0xFF);
+  if (i == lines) return;
+  // The last corner stands for those that do not exist.
+  std::int32_t rest[16];
+  for (std::size_t k = 0; k < 16; ++k) rest[k] = y[i + k < lines ? i + k : lines];
+  count(rest, heights(rest), heights(rest + 1), (1U << (lines - i)) - 1);
+}
+
 void placeCorners(const float* x, const float* y, std::size_t count, bool backwards,
                   const CornerFrame& frame, const PlacedCorners& out) {
   const __m256i reversed = _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0);

@@ -36,6 +36,7 @@ constexpr Kernels kScalar{
     .bendCurve = scalar::bendCurve,
     .strokeCurve = scalar::strokeCurve,
     .boxCorners = scalar::boxCorners,
+    .countRuns = scalar::countRuns,
     .placeCorners = scalar::placeCorners,
 };
 

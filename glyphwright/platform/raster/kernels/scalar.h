@@ -56,6 +56,7 @@ void prepareCurves(const double* const* curves, std::size_t count, const CurvePe
 void bendCurve(const StrokeCurve& curve, BentCurve& out);
 bool strokeCurve(const StrokeCurve& curve, const StrokeCorners& out);
 CornerBox boxCorners(const float* x, const float* y, std::size_t count);
+void countRuns(const std::int32_t* y, std::size_t lines, int rows, int* changes);
 void placeCorners(const float* x, const float* y, std::size_t count, bool backwards,
                   const CornerFrame& frame, const PlacedCorners& out);
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -55,6 +56,28 @@ CornerBox boxCorners(const float* x, const float* y, std::size_t count) {
     box.hasNaN = box.hasNaN || std::isnan(x[i]) || std::isnan(y[i]);
   }
   return box;
+}
+
+void countRuns(const std::int32_t* y, std::size_t lines, int rows, int* changes) {
+  const auto rowOf = [rows](int height) {
+    return std::clamp(height, 0, rows * kUnitsPerPixel) >> kUnitShift;
+  };
+  for (std::size_t i = 0; i < lines; i += 8) {
+    int top = y[i];
+    int foot = y[i];
+    int runs = 0;
+    bool wasDown = false;
+    for (std::size_t k = i; k < std::min(i + 8, lines); ++k) {
+      top = std::min(top, y[k + 1]);
+      foot = std::max(foot, y[k + 1]);
+      const bool isDown = y[k + 1] > y[k];
+      runs += isDown && !wasDown ? 1 : 0;
+      wasDown = isDown;
+    }
+    changes[rowOf(top)] += runs;
+    // What ends within a row may still cover some of it.
+    if (rowOf(foot) < rows) changes[rowOf(foot) + 1] -= runs;
+  }
 }
 
 void placeCorners(const float* x, const float* y, std::size_t count, bool backwards,

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
-#include <random>
 #include <utility>
 #include <vector>
 
@@ -14,64 +13,10 @@
 #include <glyphwright/platform/raster/cells.h>
 #include <glyphwright/platform/raster/kernels.h>
 
+#include "raster_kernels.h"
+
 namespace glyphwright::raster {
 namespace {
-
-constexpr std::uint16_t kGuard = 0x5A5A;
-constexpr std::size_t kCounts[] = {1, 2, 7, 8, 9, 15, 16, 17, 23, 24, 31, 32, 33, 63, 64, 100};
-
-class RasterKernels : public testing::Test {
- protected:
-  int upTo(int most) { return std::uniform_int_distribution<int>(0, most)(random_); }
-  float real(float low, float high) {
-    return std::uniform_real_distribution<float>(low, high)(random_);
-  }
-  // Half of them at the ends, where sums saturate.
-  std::vector<std::uint16_t> coverage(std::size_t count) {
-    std::vector<std::uint16_t> values(count, kGuard);
-    for (auto& v : values) {
-      const int kind = upTo(3);
-      v = static_cast<std::uint16_t>(kind == 0 ? 0 : kind == 1 ? kOne : upTo(kOne));
-    }
-    return values;
-  }
-  std::vector<std::uint8_t> premultiplied(std::size_t count) {
-    std::vector<std::uint8_t> rgba;
-    for (std::size_t i = 0; i < count; ++i) {
-      const int alpha = upTo(2) == 0 ? 255 : upTo(255);
-      for (int c = 0; c < 3; ++c) rgba.push_back(static_cast<std::uint8_t>(upTo(alpha)));
-      rgba.push_back(static_cast<std::uint8_t>(alpha));
-    }
-    return rgba;
-  }
-  SolidColor color() {
-    const int kind = upTo(3);
-    const int alpha = kind == 0 ? 0 : kind == 1 ? kChannelOne : upTo(kChannelOne);
-    SolidColor result;
-    for (int c = 0; c < 3; ++c) result.channels[c] = static_cast<std::int16_t>(upTo(alpha));
-    result.channels[3] = static_cast<std::int16_t>(alpha);
-    result.alpha = static_cast<std::int16_t>(alpha * kOne / kChannelOne);
-    return result;
-  }
-  // Winding up to the limit, and no further.
-  std::vector<std::int16_t> cells(std::size_t stride, std::size_t rows) {
-    std::vector<std::int16_t> values;
-    for (std::size_t row = 0; row < rows; ++row) {
-      int sum = 0;
-      for (std::size_t x = 0; x < stride; ++x) {
-        const int limit = kNarrowWindingLimit * kUnitsPerPixel;
-        const int next = upTo(2) == 0 ? upTo(2 * limit) - limit : sum;
-        values.push_back(static_cast<std::int16_t>(next - sum));
-        sum = static_cast<std::int16_t>(sum + values.back());
-      }
-    }
-    return values;
-  }
-
-  const Kernels& fast_ = kernels();
-  const Kernels& plain_ = scalarKernels();
-  std::mt19937 random_{20240607};
-};
 
 TEST_F(RasterKernels, RowsOfCellsPaintTheSame) {
   for (const std::size_t width : kCounts) {
@@ -199,33 +144,6 @@ TEST_F(RasterKernels, CoverageMultipliesTheSame) {
     fast_.scaleCoverage(fast.data(), fraction, count);
     plain_.scaleCoverage(plain.data(), fraction, count);
     ASSERT_EQ(fast, plain);
-  }
-}
-
-TEST_F(RasterKernels, CoverageFiltersTheSame) {
-  for (const std::size_t reach : {0U, 1U, 5U, 31U}) {
-    for (const std::size_t blocks : {1U, 2U, 3U, 4U, 7U}) {
-      constexpr std::size_t kRows = 3;
-      const std::size_t count = blocks * kBlock;
-      const std::size_t stride = count + 2 * reach + 5;
-      // Sums that go past one saturate on both sides alike.
-      const std::vector<std::int16_t> taps(reach + 1,
-                                           static_cast<std::int16_t>(40000 / (reach + 2)));
-      std::vector<std::uint16_t> fast(kRows * stride, kGuard);
-      std::vector<std::uint16_t> plain = fast;
-      const FilterRows toFast{fast.data(), stride, kRows, count};
-      const FilterRows toPlain{plain.data(), stride, kRows, count};
-      const auto values = coverage((2 * reach + kRows) * stride);
-      fast_.filterAlong(toFast, values.data(), stride, taps.data(), reach);
-      plain_.filterAlong(toPlain, values.data(), stride, taps.data(), reach);
-      ASSERT_EQ(fast, plain) << "reach " << reach;
-      std::vector<const std::uint16_t*> rows;
-      for (std::size_t k = 0; k < 2 * reach + kRows; ++k) rows.push_back(&values[k * stride]);
-      std::shuffle(rows.begin(), rows.end(), random_);
-      fast_.filterDown(toFast, &rows[reach], taps.data(), reach);
-      plain_.filterDown(toPlain, &rows[reach], taps.data(), reach);
-      ASSERT_EQ(fast, plain) << "reach " << reach;
-    }
   }
 }
 

@@ -1,0 +1,43 @@
+// The filters of this machine against the scalar ones: equal bit for bit.
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "raster_kernels.h"
+
+namespace glyphwright::raster {
+namespace {
+
+using RasterFilters = RasterKernels;
+
+TEST_F(RasterFilters, AreTheSame) {
+  for (const std::size_t reach : {0U, 1U, 5U, 31U}) {
+    for (const std::size_t blocks : {1U, 2U, 3U, 4U, 7U}) {
+      constexpr std::size_t kRows = 3;
+      const std::size_t count = blocks * kBlock;
+      const std::size_t stride = count + 2 * reach + 5;
+      // Sums that go past one saturate on both sides alike.
+      const std::vector<std::int16_t> taps(reach + 1,
+                                           static_cast<std::int16_t>(40000 / (reach + 2)));
+      std::vector<std::uint16_t> fast(kRows * stride, kGuard);
+      std::vector<std::uint16_t> plain = fast;
+      const FilterRows toFast{fast.data(), stride, kRows, count};
+      const FilterRows toPlain{plain.data(), stride, kRows, count};
+      const auto values = coverage((2 * reach + kRows) * stride);
+      fast_.filterAlong(toFast, values.data(), stride, taps.data(), reach);
+      plain_.filterAlong(toPlain, values.data(), stride, taps.data(), reach);
+      ASSERT_EQ(fast, plain) << "reach " << reach;
+      std::vector<const std::uint16_t*> rows;
+      for (std::size_t k = 0; k < 2 * reach + kRows; ++k) rows.push_back(&values[k * stride]);
+      std::shuffle(rows.begin(), rows.end(), random_);
+      fast_.filterDown(toFast, &rows[reach], taps.data(), reach);
+      plain_.filterDown(toPlain, &rows[reach], taps.data(), reach);
+      ASSERT_EQ(fast, plain) << "reach " << reach;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace glyphwright::raster

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include <glyphwright/platform/path_shapes.h>
 #include <glyphwright/platform/raster/blur.h>
 #include <glyphwright/platform/raster/mask_writer.h>
 #include <glyphwright/platform/raster/shadow_rows.h>
@@ -89,21 +90,10 @@ class CanvasSource final : public raster::PixelSource {
   Canvas& canvas_;
 };
 
-class PathShape final : public CGContext::Shape {
- public:
-  PathShape(const CGPath& devicePath, raster::FillRule fillRule, Scratch& scratch)
-      : path_(devicePath) {
-    box = raster::mapPoints(devicePath, CGAffineTransformIdentity, scratch.devicePoints);
-    rule = fillRule;
-  }
-  void edges(const PixelRect& region, Scratch& scratch) const override {
-    raster::edgesOfPath(path_, scratch.devicePoints, box, region, raster::kFillTolerance,
-                        *scratch.kernels, scratch.edges);
-  }
-
- private:
-  const CGPath& path_;
-};
+// A path that is in device pixels already.
+FilledShape onDevice(const CGPath& path, raster::FillRule rule, Scratch& scratch) {
+  return {path, CGAffineTransformIdentity, rule, scratch};
+}
 
 }  // namespace
 
@@ -111,7 +101,7 @@ const Mask& ClipNode::mask(Scratch& scratch) const {
   if (mask_ == nullptr) {
     const Mask* outer = parent_ == nullptr ? nullptr : &parent_->mask(scratch);
     mask_ = std::make_unique<Mask>(bounds_);
-    const PathShape shape(path_, rule_, scratch);
+    const FilledShape shape = onDevice(path_, rule_, scratch);
     shape.edges(bounds_, scratch);
     MaskWriter writer(*mask_, outer, scratch);
     raster::sweep(scratch.edges, rule_, scratch, writer);
@@ -249,7 +239,7 @@ void CGContext::paintArea(const PixelRect& area, const Paint& paint, bool castsS
   const ClipNode* node = state.clip.node.get();
   if (node != nullptr && node->isSingle() && region.covers(node->bounds())) {
     // Painting through one clip is filling the clip's own path.
-    const PathShape shape(node->path(), node->rule(), scratch);
+    const FilledShape shape = onDevice(node->path(), node->rule(), scratch);
     const PixelRect touched = pixelsTouched(shape.box, region);
     if (touched.isEmpty()) return;
     shape.edges(touched, scratch);
@@ -266,7 +256,7 @@ void CGContext::paintArea(const PixelRect& area, const Paint& paint, bool castsS
 
 void CGContext::clipTo(CGPath devicePath, raster::FillRule rule) {
   Clip& clip = state.clip;
-  const PathShape shape(devicePath, rule, raster::threadScratch());
+  const FilledShape shape = onDevice(devicePath, rule, raster::threadScratch());
   clip.bounds = pixelsTouched(shape.box, clip.bounds);
   if (clip.bounds.isEmpty()) {
     clip = {};

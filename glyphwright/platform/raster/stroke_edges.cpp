@@ -224,6 +224,7 @@ DeviceBox boxOf(StrokeOutline& outline, const Kernels& kernels) {
   CornerBox box{infinity, infinity, -infinity, -infinity, false};
   const auto add = [&](const OutlineSide& side) {
     constexpr std::size_t from = OutlineSide::kMargin;
+    if (side.count <= from) return;  // may not even have memory
     const CornerBox part =
         kernels.boxCorners(side.x.data() + from, side.y.data() + from, side.count - from);
     box = {std::min(box.minX, part.minX), std::min(box.minY, part.minY),

@@ -96,22 +96,24 @@ void expectTheSameOverAPaintedPixel(const UIBezierPath& path, const NSShadow& sh
   expectSamePixels(image(false), image(true));
 }
 
+constexpr UIColor kShade(0.2, 0, 0.7, 0.8);
+constexpr UIColor kColors[] = {UIColor(0.1, 0.4, 0.9, 1), UIColor(0.9, 0.8, 0.1, 0.4)};
+
 TEST(OnePassShadows, DropShadowsAreTheSame) {
-  const UIColor shade(0.2, 0, 0.7, 0.8);
-  const UIColor colors[] = {UIColor(0.1, 0.4, 0.9, 1), UIColor(0.9, 0.8, 0.1, 0.4)};
   std::size_t i = 0;
   for (const std::string_view name : iconMethodNames) {
     SCOPED_TRACE(name);
     const auto side = static_cast<CGFloat>(17 + 7 * (i % 6));
     const UIBezierPath path = fitted(name, {6, 5, side - 11.5, side - 12.25});
-    expectTheSameOverAPaintedPixel(path, shadowOf({0, 2}, 6, shade), colors[i % 2], {side, side},
+    expectTheSameOverAPaintedPixel(path, shadowOf({0, 2}, 6, kShade), kColors[i % 2], {side, side},
                                    static_cast<CGFloat>(1 + i % 3));
     ++i;
   }
   for (const UIBezierPath& path : oddPaths()) {
     for (const CGSize offset : {CGSize{0, 0}, CGSize{-3.5, 1}, CGSize{0, 30}, CGSize{-90, 0}}) {
       for (const CGFloat blur : {0.0, 0.75, 5.0, 14.0, 20.0}) {
-        expectTheSameOverAPaintedPixel(path, shadowOf(offset, blur, shade), colors[0], {40, 30}, 2);
+        expectTheSameOverAPaintedPixel(path, shadowOf(offset, blur, kShade), kColors[0], {40, 30},
+                                       2);
       }
     }
   }
@@ -132,15 +134,13 @@ void expectFillAndInsetTheSame(const UIBezierPath& path, const NSShadow& shadow,
 }
 
 TEST(OnePassShadows, InsetShadowsAreTheSame) {
-  const UIColor shade(0.2, 0, 0.7, 0.8);
-  const UIColor colors[] = {UIColor(0.1, 0.4, 0.9, 1), UIColor(0.9, 0.8, 0.1, 0.4)};
   std::size_t i = 0;
   for (const std::string_view name : iconMethodNames) {
     SCOPED_TRACE(name);
     const auto side = static_cast<CGFloat>(9 + 11 * (i % 7));
     UIBezierPath path = fitted(name, {0, 0, side, side});
     path.setUsesEvenOddFillRule(i % 4 == 0);
-    expectFillAndInsetTheSame(path, shadowOf({0, 2}, 6, shade), colors[i % 2], {side, side},
+    expectFillAndInsetTheSame(path, shadowOf({0, 2}, 6, kShade), kColors[i % 2], {side, side},
                               static_cast<CGFloat>(1 + i % 3));
     ++i;
   }
@@ -148,7 +148,7 @@ TEST(OnePassShadows, InsetShadowsAreTheSame) {
     for (const CGSize offset : {CGSize{0, 0}, CGSize{-3.5, 1}, CGSize{0, 30}, CGSize{-90, 0}}) {
       for (const CGFloat blur : {0.0, 0.75, 5.0, 14.0, 20.0}) {
         for (const CGFloat scale : {1.0, 1.5, 2.0}) {
-          expectFillAndInsetTheSame(path, shadowOf(offset, blur, shade), colors[1], {40, 37},
+          expectFillAndInsetTheSame(path, shadowOf(offset, blur, kShade), kColors[1], {40, 37},
                                     scale);
         }
       }

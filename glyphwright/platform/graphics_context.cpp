@@ -142,9 +142,7 @@ void CGContext::castShadow(const Mask& caster, double casterAlpha, const CasterP
   const PixelRect moved{caster.bounds.x0 + shadow.dx, caster.bounds.y0 + shadow.dy,
                         caster.bounds.x1 + shadow.dx, caster.bounds.y1 + shadow.dy};
   const PixelRect area = intersection(grown(moved, reach, reach, reach, reach), state.clip.bounds);
-  Paint paint;
-  paint.color = raster::solidColor(shadow.color.red(), shadow.color.green(), shadow.color.blue(),
-                                   shadow.color.alpha() * casterAlpha);
+  const Paint paint = solidPaint(shadow.color, casterAlpha);
   const bool shows = !area.isEmpty() && !paint.isClear();
   if (shows && own != nullptr && clip == nullptr && canvas().isPristine() &&
       canvas().ground().isClear() && raster::filtersDirectly(shadow.blurPixels)) {

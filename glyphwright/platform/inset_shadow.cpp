@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include <glyphwright/platform/graphics_context.h>
+#include <glyphwright/platform/path_shapes.h>
 #include <glyphwright/platform/raster/blur.h>
 #include <glyphwright/platform/raster/inset_masks.h>
 #include <glyphwright/platform/raster/shadow_rows.h>
@@ -38,10 +39,6 @@ class CutRows final : public raster::RowSink {
   raster::RowSink& sink_;
   Scratch& scratch_;
 };
-
-SolidColor colorOf(const CGColor& color, CGFloat alpha) {
-  return raster::solidColor(color.red(), color.green(), color.blue(), color.alpha() * alpha);
-}
 
 // Whether the surroundings are there for all that the shadow in a region takes from.
 bool castsEverywhere(const CGContext& context, const InsetShadow& inset, const PixelRect& region) {
@@ -85,8 +82,7 @@ bool castInsetShadow(CGContext& context, const CGPath& path, const InsetShadow& 
   }
   const PixelRect whole = raster::pixelsTouched(box, limit);
   const PixelRect region = intersection(whole, state.clip.bounds);
-  raster::Paint paint;
-  paint.color = colorOf(shadow.color, state.alpha);
+  const raster::Paint paint = solidPaint(shadow.color, state.alpha);
   if (region.isEmpty() || paint.isClear()) return true;
   if (!castsEverywhere(context, inset, region)) return false;
   const Mask* clip = state.clip.node == nullptr ? nullptr : &state.clip.node->mask(scratch);
@@ -105,8 +101,8 @@ bool fillWithInsetShadow(CGContext& context, const CGPath& path, const InsetShad
   if (!raster::filtersDirectly(shadow.blurPixels)) return false;
   raster::Canvas& canvas = context.canvas();
   if (!canvas.isPristine() || !canvas.ground().isClear()) return false;
-  const SolidColor color = colorOf(state.fillColor, state.alpha);
-  const SolidColor shade = colorOf(shadow.color, state.alpha);
+  const SolidColor color = solidColor(state.fillColor, state.alpha);
+  const SolidColor shade = solidColor(shadow.color, state.alpha);
   if (color.isClear() || shade.isClear()) return false;
   Scratch& scratch = raster::threadScratch();
   const raster::DeviceBox box = raster::mapPoints(path, state.ctm, scratch.devicePoints);

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <span>
-#include <utility>
 #include <vector>
 
 namespace glyphwright {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
@@ -25,6 +26,14 @@ enum class PathVerb : std::uint8_t {
 constexpr std::size_t pointCount(PathVerb verb) {
   constexpr std::uint8_t counts[] = {1, 1, 2, 3, 0};
   return counts[static_cast<std::size_t>(verb)];
+}
+
+/// The cubic that is the same curve as a quadratic.
+constexpr std::array<CGPoint, 4> cubicOfQuad(CGPoint from, CGPoint control, CGPoint end) {
+  const auto towards = [&](CGPoint p) {
+    return CGPoint{p.x + (control.x - p.x) * (2.0 / 3.0), p.y + (control.y - p.y) * (2.0 / 3.0)};
+  };
+  return {from, towards(from), towards(end), end};
 }
 
 /// Corners of a rectangle, as bits.

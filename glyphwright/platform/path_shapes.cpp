@@ -11,9 +11,13 @@ using raster::DeviceBox;
 using raster::PixelRect;
 using raster::Scratch;
 
+raster::SolidColor solidColor(const CGColor& color, CGFloat alpha) {
+  return raster::solidColor(color.red(), color.green(), color.blue(), color.alpha() * alpha);
+}
+
 raster::Paint solidPaint(const CGColor& color, CGFloat alpha) {
   raster::Paint paint;
-  paint.color = raster::solidColor(color.red(), color.green(), color.blue(), color.alpha() * alpha);
+  paint.color = solidColor(color, alpha);
   return paint;
 }
 

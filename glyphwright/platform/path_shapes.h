@@ -6,6 +6,8 @@
 /// What contexts paint of paths.
 namespace glyphwright {
 
+/// A colour, its alpha times `alpha`, as the raster takes it.
+raster::SolidColor solidColor(const CGColor& color, CGFloat alpha);
 raster::Paint solidPaint(const CGColor& color, CGFloat alpha);
 
 /// A path filled in device pixels. Its points stand in the scratch, mapped.

@@ -92,9 +92,8 @@ struct Segment {
 
   Cubic cubic() const {
     if (verb == PathVerb::cubic) return {from, points[0], points[1], points[2]};
-    // The same curve one degree higher.
-    return {from, between(from, points[0], 2.0 / 3.0), between(points[1], points[0], 2.0 / 3.0),
-            points[1]};
+    const auto raised = cubicOfQuad(from, points[0], points[1]);
+    return {raised[0], raised[1], raised[2], raised[3]};
   }
   bool isCurve() const { return verb == PathVerb::cubic || verb == PathVerb::quad; }
   CGFloat length() const { return isCurve() ? measured(cubic()).back() : distance(from, end()); }

@@ -36,11 +36,10 @@ namespace {
 
 // Pixels that begin where a cache line does, so that no block of them lies across two.
 std::shared_ptr<std::uint8_t[]> newPixels(std::size_t bytes) {
-  constexpr std::size_t kLine = 64;
-  auto memory = std::make_shared_for_overwrite<std::uint8_t[]>(bytes + kLine - 1);
+  std::size_t space = bytes + kCacheLine - 1;
+  auto memory = std::make_shared_for_overwrite<std::uint8_t[]>(space);
   void* at = memory.get();
-  std::size_t space = bytes + kLine - 1;
-  auto* aligned = static_cast<std::uint8_t*>(std::align(kLine, bytes, at, space));
+  auto* aligned = static_cast<std::uint8_t*>(std::align(kCacheLine, bytes, at, space));
   return {std::move(memory), aligned};
 }
 
@@ -66,6 +65,13 @@ void Canvas::layRows(int from, int to) {
   if (from < to) {
     layGround(rowAt(from), static_cast<std::size_t>(to - from) * (rowBytes_ / 4));
   }
+}
+
+void Canvas::layBeside(std::uint8_t* line, const PixelRect& region) const {
+  const auto left = static_cast<std::size_t>(region.x0 - bounds_.x0);
+  const auto right = static_cast<std::size_t>(bounds_.x1 - region.x1);
+  if (left > 0) layGround(line, left);
+  if (right > 0) layGround(line + rowBytes_ - right * 4, right);
 }
 
 void Canvas::materialize() {
@@ -118,10 +124,7 @@ void Canvas::Painter::layRowGround(std::uint8_t* line) const {
     canvas_.layGround(line, canvas_.rowBytes_ / 4);
     return;
   }
-  const auto left = static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0);
-  const auto right = static_cast<std::size_t>(canvas_.bounds_.x1 - region_.x1);
-  if (left > 0) canvas_.layGround(line, left);
-  if (right > 0) canvas_.layGround(line + canvas_.rowBytes_ - right * 4, right);
+  canvas_.layBeside(line, region_);
 }
 
 void Canvas::Painter::row(const CoverageRow& row) {

@@ -126,8 +126,6 @@ class Canvas {
    private:
     Canvas& canvas_;
     PixelRect region_;
-    std::size_t left_;  // pixels beside the region
-    std::size_t right_;
   };
 
   /// Writes the ground where nothing else did; after this, pixels are real.
@@ -143,6 +141,8 @@ class Canvas {
   void detach();
   void layGround(std::uint8_t* rgba, std::size_t count) const;
   void layRows(int from, int to);
+  // Left and right of a region, in one row.
+  void layBeside(std::uint8_t* line, const PixelRect& region) const;
 
   PixelRect bounds_;
   std::size_t rowBytes_;

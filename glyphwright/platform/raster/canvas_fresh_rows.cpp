@@ -3,10 +3,7 @@
 namespace glyphwright::raster {
 
 Canvas::FreshRows::FreshRows(Canvas& canvas, const PixelRect& region)
-    : canvas_(canvas),
-      region_(region),
-      left_(static_cast<std::size_t>(region.x0 - canvas.bounds_.x0)),
-      right_(static_cast<std::size_t>(canvas.bounds_.x1 - region.x1)) {
+    : canvas_(canvas), region_(region) {
   if (canvas.shared_) canvas.detach();
   canvas.layRows(canvas.bounds_.y0, region.y0);
   canvas.pristine_ = false;
@@ -14,9 +11,8 @@ Canvas::FreshRows::FreshRows(Canvas& canvas, const PixelRect& region)
 
 std::uint8_t* Canvas::FreshRows::at(int y) {
   std::uint8_t* line = canvas_.rowAt(y);
-  if (left_ > 0) canvas_.layGround(line, left_);
-  if (right_ > 0) canvas_.layGround(line + canvas_.rowBytes_ - right_ * 4, right_);
-  return line + left_ * 4;
+  canvas_.layBeside(line, region_);
+  return line + static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0) * 4;
 }
 
 void Canvas::FreshRows::finish() {

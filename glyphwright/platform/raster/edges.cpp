@@ -79,13 +79,8 @@ class ClippedWriter : public CuttingWriter {
   void lineTo(const CGPoint* p) { segmentTo(relative(*p)); }
   // The curve's first end stands before the others.
   void quadTo(const CGPoint* p) {
-    const CGPoint from = relative(p[-1]);
-    const CGPoint control = relative(p[0]);
-    const CGPoint end = relative(p[1]);
-    const auto towards = [&](const CGPoint& q) {
-      return CGPoint{q.x + (control.x - q.x) * (2.0 / 3.0), q.y + (control.y - q.y) * (2.0 / 3.0)};
-    };
-    curveTo(from, towards(from), towards(end), end);
+    const auto cubic = cubicOfQuad(relative(p[-1]), relative(p[0]), relative(p[1]));
+    curveTo(cubic[0], cubic[1], cubic[2], cubic[3]);
   }
   void cubicTo(const CGPoint* p) {
     curveTo(relative(p[-1]), relative(p[0]), relative(p[1]), relative(p[2]));

@@ -19,14 +19,10 @@ T* roomFor(std::vector<T>& list, std::size_t size) {
 // Puts a quadratic's points behind the others, made a cubic; gives where.
 std::uint32_t elevate(std::uint32_t quad, std::vector<CGPoint>& points, std::size_t& pointTotal) {
   roomFor(points, pointTotal + 4);
-  const CGPoint from = points[quad];
-  const CGPoint control = points[quad + 1];
-  const CGPoint end = points[quad + 2];
-  const auto towards = [&](const CGPoint& p) {
-    return CGPoint{p.x + (control.x - p.x) * (2.0 / 3.0), p.y + (control.y - p.y) * (2.0 / 3.0)};
-  };
   const auto at = static_cast<std::uint32_t>(pointTotal);
-  for (const CGPoint& p : {from, towards(from), towards(end), end}) points[pointTotal++] = p;
+  for (const CGPoint& p : cubicOfQuad(points[quad], points[quad + 1], points[quad + 2])) {
+    points[pointTotal++] = p;
+  }
   return at;
 }
 

@@ -12,11 +12,14 @@
 
 namespace glyphwright::raster {
 
+/// Bytes that the caches of today's processors move at once.
+inline constexpr std::size_t kCacheLine = 64;
+
 /// Memory that begins where a cache line does.
 template <typename T>
 struct LineAllocator {
   using value_type = T;
-  static constexpr std::align_val_t kLine{64};
+  static constexpr std::align_val_t kLine{kCacheLine};
 
   LineAllocator() = default;
   template <typename U>

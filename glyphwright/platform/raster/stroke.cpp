@@ -132,14 +132,8 @@ void listCurves(const CGPath& path, const std::vector<CGPoint>& points, StrokeOu
     if (verb == PathVerb::quad) {
       // Nothing may move once it is listed.
       if (out.raised.empty()) out.raised.reserve(4 * verbs.size());
-      const CGPoint from = next[-1];
-      const CGPoint control = next[0];
-      const CGPoint end = next[1];
-      const auto towards = [&](const CGPoint& p) {
-        return CGPoint{p.x + (control.x - p.x) * (2.0 / 3.0),
-                       p.y + (control.y - p.y) * (2.0 / 3.0)};
-      };
-      out.raised.insert(out.raised.end(), {from, towards(from), towards(end), end});
+      const auto cubic = cubicOfQuad(next[-1], next[0], next[1]);
+      out.raised.insert(out.raised.end(), cubic.begin(), cubic.end());
       *to = &out.raised[out.raised.size() - 4].x;
     }
     to += verb == PathVerb::cubic || verb == PathVerb::quad ? 1 : 0;

@@ -2,6 +2,7 @@
 
 #include <glyphwright/platform/raster/kernels.h>
 #include <glyphwright/platform/raster/kernels/scalar.h>
+#include <glyphwright/platform/raster/kernels/scalar_cubic.h>
 
 // What is to be known of a curve before it is stroked, and curves that bend more tightly than the
 // pen.
@@ -120,17 +121,11 @@ void bendCurve(const StrokeCurve& c, BentCurve& out) {
   for (int k = 0; k <= c.count; ++k) {
     const float t = static_cast<float>(k) * h;
     const float move = k > 0 && k < c.count ? lift : 0.0F;
-    const float atX = c.changeX * t;
-    const float atY = c.changeY * t;
-    const float x = ((atX + 3.0F * c.bendX) * t + 3.0F * c.legX) * t + c.startX;
-    const float y = ((atY + 3.0F * c.bendY) * t + 3.0F * c.legY) * t + c.startY;
-    const float alongX = (atX + 2.0F * c.bendX) * t + c.legX;
-    const float alongY = (atY + 2.0F * c.bendY) * t + c.legY;
-    const float inverse = 1.0F / std::sqrt(alongX * alongX + alongY * alongY);
-    out.x[k] = x - (atX + c.bendX) * move;
-    out.y[k] = y - (atY + c.bendY) * move;
-    out.normalX[k] = alongY * inverse;
-    out.normalY[k] = -(alongX * inverse);
+    const CubicSample at(c, t);
+    out.x[k] = at.x - at.bendX * move;
+    out.y[k] = at.y - at.bendY * move;
+    out.normalX[k] = at.normalX;
+    out.normalY[k] = at.normalY;
   }
   std::size_t left = 0;
   std::size_t right = 0;

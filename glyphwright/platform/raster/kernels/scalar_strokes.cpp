@@ -4,6 +4,7 @@
 
 #include <glyphwright/platform/raster/kernels.h>
 #include <glyphwright/platform/raster/kernels/scalar.h>
+#include <glyphwright/platform/raster/kernels/scalar_cubic.h>
 
 namespace glyphwright::raster::scalar {
 
@@ -20,27 +21,19 @@ bool strokeCurve(const StrokeCurve& c, const StrokeCorners& out) {
   bool follows = true;
   for (int k = 0; k < c.count; ++k) {
     const float number = static_cast<float>(k + 1);
-    const float t = number * h;
-    const float atX = c.changeX * t;
-    const float atY = c.changeY * t;
-    const float x = ((atX + 3.0F * c.bendX) * t + 3.0F * c.legX) * t + c.startX;
-    const float y = ((atY + 3.0F * c.bendY) * t + 3.0F * c.legY) * t + c.startY;
-    const float alongX = (atX + 2.0F * c.bendX) * t + c.legX;
-    const float alongY = (atY + 2.0F * c.bendY) * t + c.legY;
-    const float inverse = 1.0F / std::sqrt(alongX * alongX + alongY * alongY);
-    const float normalX = alongY * inverse;
-    const float normalY = -(alongX * inverse);
-    const float bend = (atX + c.bendX) * normalX + (atY + c.bendY) * normalY;
-    const float turn = pen * bend * (inverse * inverse);  // half the width times the curvature
+    const CubicSample at(c, number * h);
+    const float bend = at.bendX * at.normalX + at.bendY * at.normalY;
+    // Half the width times the curvature.
+    const float turn = pen * bend * (at.inverse * at.inverse);
     follows = follows && (std::fabs(turn) <= 1.0F);
     const float out1 = bend * lift;
     const float out2 = out1 * turn;
     const float left = c.half - out1 + out2;
     const float right = c.half + out1 + out2;
-    out.leftX[k] = x + normalX * left;
-    out.leftY[k] = y + normalY * left;
-    out.rightX[k] = x - normalX * right;
-    out.rightY[k] = y - normalY * right;
+    out.leftX[k] = at.x + at.normalX * left;
+    out.leftY[k] = at.y + at.normalY * left;
+    out.rightX[k] = at.x - at.normalX * right;
+    out.rightY[k] = at.y - at.normalY * right;
   }
   return follows;
 }

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <png.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -63,7 +64,9 @@ Outcome run(const std::vector<std::string>& arguments) {
 }
 
 fs::path freshFolder(const std::string& name) {
-  const fs::path folder = outputFolder() / name;
+  const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+  const std::string owner = std::string(test->test_suite_name()) + '.' + test->name();
+  const fs::path folder = outputFolder() / owner / name;
   fs::remove_all(folder);
   fs::create_directories(folder);
   return folder;

@@ -17,7 +17,8 @@ struct Outcome {
 /// Runs the glyphwright program with the arguments, from the folder of the tests' output.
 Outcome run(const std::vector<std::string>& arguments);
 
-/// An empty folder of its own for a test to write into.
+/// An empty folder for the running test to write into, apart from those of all other tests, which
+/// may be running beside it.
 std::filesystem::path freshFolder(const std::string& name);
 
 std::string readFile(const std::filesystem::path& file);

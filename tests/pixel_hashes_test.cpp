@@ -62,7 +62,7 @@ TEST(PixelHashes, TheManifestSeesOneLevelInOnePixel) {
 
   // The manifest and the kept pictures come back as they were; a picture that is not the one of
   // the hash does not.
-  const std::string folder = testing::TempDir() + "pixel_manifest";
+  const std::string folder = GLYPHWRIGHT_OUTPUT_DIR "/pixel_manifest";
   const CGImage image(3, 2, bytes);
   const Manifest manifest = {{"a@1", hashOf(image)}, {"b", 0x12}};
   keep(folder, "a@1", image);

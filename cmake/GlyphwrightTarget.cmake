@@ -23,7 +23,7 @@ function(glyphwright_target target)
 endfunction()
 
 # Reading the standard library's headers takes most of the time of most sources. As a part of another
-# project, which may have its own ideas, and for the linter, every source stands on its own.
+# project, which may have its own ideas, and in the debug preset, every source stands on its own.
 function(glyphwright_precompile target)
   if(PROJECT_IS_TOP_LEVEL)
     target_precompile_headers(${target} PRIVATE ${ARGN})

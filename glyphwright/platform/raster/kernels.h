@@ -275,22 +275,33 @@ struct Kernels {
   void (*filterAlong)(const FilterRows& rows, const std::uint16_t* in, std::size_t inStride,
                       const std::int16_t* taps, std::size_t reach);
   /// Prepares cubics, given as x and y of their four points in device pixels. Writes whole eights.
-  void (*prepareCurves)(const double* const* curves, std::size_t count, const CurvePen& pen,
-                        PreparedCurve* out);
-  /// Samples a cubic that may bend more tightly than the pen and puts down the corners of both
-  /// sides, without those of its ends. It must have a direction everywhere.
-  void (*bendCurve)(const StrokeCurve& curve, BentCurve& out);
+  void (*prepareSegments)(const double* const* curves, std::size_t count, const SegmentPen& pen,
+                          const StrokeSegments& out);
+  /// The corners between each of `count` segments and the one listed after it. Reads one segment
+  /// more than whole eights, and writes whole eights.
+  void (*joinSegments)(const StrokeSegments& segments, std::size_t count, const NodePen& pen,
+                       StrokeNode* out);
+  /// Samples a cubic that may bend more tightly than the pen, `half` of whose width is given, and
+  /// puts down the corners of both sides, without those of its ends. It must have a direction
+  /// everywhere.
+  void (*bendCurve)(const StrokeCubic& curve, float half, int chords, BentCurve& out);
   /// Samples both sides of a cubic under a pen at its chords' ends but the first; the last one is
   /// not exact. Inner samples are moved out of each side's hollow so that its chords keep the area.
-  /// False when the curve bends more tightly than the pen, where the sides would run backwards.
-  /// Writes whole eights.
-  bool (*strokeCurve)(const StrokeCurve& curve, const StrokeCorners& out);
+  /// Where the curve does not follow the pen, a side means something only if it is the one that
+  /// does not fold. Writes whole eights.
+  PenBend (*strokeCurve)(const StrokeCubic& curve, float half, int chords,
+                         const StrokeCorners& out);
   /// The box around corners.
   CornerBox (*boxCorners)(const float* x, const float* y, std::size_t count);
-  /// Takes lines from corner to corner, eight at a time, and counts each run downwards in all rows
-  /// that its eight reach: `changes`, of which there are rows + 1, gain what begins in a row and
-  /// lose what ended in the one before. Heights are in units and clamped to the rows.
-  void (*countRuns)(const std::int32_t* y, std::size_t lines, int rows, int* changes);
+  /// Makes edges of one corner to the next, moved by `shift` pixels, or of each corner to the one
+  /// before when `backwards`: count − 1 in number. Gives the number of runs downwards, like
+  /// joinCorners. Reads and writes whole eights.
+  int (*joinRing)(const float* x, const float* y, std::size_t count, const RingShift& shift,
+                  bool backwards, Edge* edges);
+  /// Takes edges in order, eight at a time, and counts each run downwards in all rows that its
+  /// eight reach: `changes`, of which there are rows + 1, gain what begins in a row and lose what
+  /// ended in the one before. Heights are clamped to the rows.
+  void (*countRuns)(const Edge* edges, std::size_t count, int rows, int* changes);
   /// Places corners in a frame, the last one first when `backwards`. Reads up to eight corners
   /// beyond them, or ahead of them when backwards, and writes whole eights.
   void (*placeCorners)(const float* x, const float* y, std::size_t count, bool backwards,

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstring>
 
-#include <glyphwright/platform/raster/kernels/avx2_lanes.h>
+#include <glyphwright/platform/raster/kernels/avx2_edge_lanes.h>
 
 // Edges and pieces eight at a time; scalar_edges.cpp says what each loop computes.
 namespace glyphwright::raster::avx2 {
@@ -24,18 +24,10 @@ struct EdgeGroup {
       for (std::size_t i = 0; i < 8; ++i) rest[i] = i < left ? edges[i] : Edge{};
       edges = rest;
     }
-    // Edges i and i + 4 in one register; then all x0, all x1, all y0, all y1.
-    const auto pair = [&](int i) { return _mm256_loadu2_m128(&edges[i + 4].x0, &edges[i].x0); };
-    const __m256 x01 = _mm256_unpacklo_ps(pair(0), pair(1));
-    const __m256 y01 = _mm256_unpackhi_ps(pair(0), pair(1));
-    const __m256 x23 = _mm256_unpacklo_ps(pair(2), pair(3));
-    const __m256 y23 = _mm256_unpackhi_ps(pair(2), pair(3));
-    const __m256 xFrom = _mm256_shuffle_ps(x01, x23, _MM_SHUFFLE(1, 0, 1, 0));
-    const __m256 xTo = _mm256_shuffle_ps(x01, x23, _MM_SHUFFLE(3, 2, 3, 2));
+    const EdgeEight e = loadEdges(edges);
     const __m256i top = _mm256_set1_epi32(rows.top);
-    const auto units = [&](__m256 v) { return _mm256_sub_epi32(_mm256_castps_si256(v), top); };
-    const __m256i yFrom = units(_mm256_shuffle_ps(y01, y23, _MM_SHUFFLE(1, 0, 1, 0)));
-    const __m256i yTo = units(_mm256_shuffle_ps(y01, y23, _MM_SHUFFLE(3, 2, 3, 2)));
+    const __m256 xFrom = e.x0, xTo = e.x1;
+    const __m256i yFrom = _mm256_sub_epi32(e.y0, top), yTo = _mm256_sub_epi32(e.y1, top);
     const __m256i rises = _mm256_cmpgt_epi32(yFrom, yTo);
     upperX = _mm256_blendv_ps(xFrom, xTo, _mm256_castsi256_ps(rises));
     lowerX = _mm256_blendv_ps(xTo, xFrom, _mm256_castsi256_ps(rises));

@@ -114,14 +114,20 @@ struct EdgesAtHand {
 /// Rows of a region, and the edges that are to be cut into them.
 struct EdgeRows {
   EdgeRows(std::span<const Edge> list, std::int32_t topUnits, std::int32_t rowCount,
-           std::int32_t cellStride)
-      : edges(list.data()), count(list.size()), top(topUnits), rows(rowCount), stride(cellStride) {}
+           std::int32_t cellStride, std::int32_t firstCell)
+      : edges(list.data()),
+        count(list.size()),
+        top(topUnits),
+        rows(rowCount),
+        stride(cellStride),
+        left(firstCell) {}
 
   const Edge* edges;
   std::size_t count;
   std::int32_t top;  // of the first row, in units
   std::int32_t rows;
   std::int32_t stride;  // cells from row to row
+  std::int32_t left;    // where x counts from, in cells from a row's start
   // Where to go on, for whoever cuts them.
   std::size_t next = 0;
   std::int32_t nextRow = 0;
@@ -138,7 +144,7 @@ struct Pieces {
   float xa[kCapacity];  // in pixels from the row's start, never below 0 by more than a hair
   float xb[kCapacity];
   std::int32_t cover[kCapacity];  // height in units, negative for pieces running up
-  /// The row's first cell; becomes the first of the cells that the piece changes.
+  /// Where x counts from; becomes the first of the cells that the piece changes.
   std::int32_t cell[kCapacity];
   /// What the cells change by: nothing for pieces that are too wide.
   std::int16_t amounts[kCapacity][kPieceCells];
@@ -180,6 +186,9 @@ struct CellRows {
   std::size_t rows;
   std::size_t width;  // pixels a row, at most the stride
   FillRule rule;
+  /// Cells left of each row's first one, which count for all pixels of the row: whole blocks. They
+  /// are part of the stride.
+  std::size_t before = 0;
 };
 
 /// The loops that touch pixels. One table for each instruction set, all equal to the scalar one

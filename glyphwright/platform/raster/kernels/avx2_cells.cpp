@@ -88,10 +88,18 @@ class RowPainter {
       rgba_ += Rows::kPixels * 4;
     }
   }
-  void sumWhereTouched(const std::uint8_t* touched, std::size_t blocks) {
+  // Cells before the row, which are not painted.
+  void carryIn(std::size_t cells) {
+    for (std::int16_t* from = cells_ - cells; from < cells_; from += Rows::kPixels) {
+      sums_.next(rows_.take(from));
+    }
+  }
+  // Something may be carried into the first block.
+  void sumWhereTouched(const std::uint8_t* touched, std::size_t blocks, bool isCarriedInto) {
     for (std::size_t from = 0; from < blocks; from += 64) {
       const std::size_t count = std::min(blocks - from, std::size_t{64});
       std::uint64_t set = touchedBits(rows_, touched + from, count);
+      if (from == 0 && isCarriedInto) set |= 1;
       for (std::size_t at = 0; at < count;) {
         const std::size_t gap =
             std::min(static_cast<std::size_t>(std::countr_zero(set)), count - at);
@@ -150,14 +158,15 @@ void paintRows(std::uint8_t* rgba, const CellRows& rows, const Rows& layout, std
     const auto& painter = painterOf(layout, y);
     RowPainter<rule, Rows, std::decay_t<decltype(painter)>> row(layout, cells, painter,
                                                                 rgba + y * layout.rowBytes);
+    row.carryIn(rows.before);
     if (rows.touched == nullptr) {
       row.sum(rows.width / Rows::kPixels);
     } else {
-      row.sumWhereTouched(rows.touched + y * (stride / kBlock), blocks);
+      row.sumWhereTouched(rows.touched + y * (stride / kBlock), blocks, rows.before > 0);
       row.sum(rows.width % kBlock / Rows::kPixels);
     }
     if (cut != 0) row.finish(end);
-    row.clearUntil(cells + stride);
+    row.clearUntil(cells + stride - rows.before);
   }
 }
 

@@ -244,6 +244,10 @@ struct Kernels {
                           const SolidColor* colors);
   void (*blendCellsByRow)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                           const SolidColor* colors);
+  /// Two shapes in the same pixels, one painted over the other over nothing.
+  void (*writeTwoCells)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& below,
+                        const CellRows& above, const SolidColor& belowColor,
+                        const SolidColor& aboveColor);
   /// Pixels := colour × coverage, whatever was there.
   void (*writeSolid)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                      const SolidColor& color);

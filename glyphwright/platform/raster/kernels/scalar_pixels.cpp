@@ -147,6 +147,13 @@ void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
   }
 }
 
+void writeTwoCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& below,
+                   const CellRows& above, const SolidColor& belowColor,
+                   const SolidColor& aboveColor) {
+  writeCells(rgba, rowBytes, below, belowColor);
+  blendCells(rgba, rowBytes, above, aboveColor);
+}
+
 void mixColors(const double* start, const double* change, const double* parts, std::size_t count,
                std::uint32_t* pixels) {
   for (std::size_t i = 0; i < count; ++i) {

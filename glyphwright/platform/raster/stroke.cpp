@@ -182,8 +182,11 @@ class ContourWriter {
 
   // A side that would run backwards all along is led through the middle of its curve instead.
   static void putFold(const StrokeCubic& c, OutlineSide& side) {
-    side.put(((c.changeX * 0.5F + 3.0F * c.bendX) * 0.5F + 3.0F * c.legX) * 0.5F + c.startX,
-             ((c.changeY * 0.5F + 3.0F * c.bendY) * 0.5F + 3.0F * c.legY) * 0.5F + c.startY);
+    const auto middle = [](float start, float leg, float bend, float change) {
+      return ((change * 0.5F + 3.0F * bend) * 0.5F + 3.0F * leg) * 0.5F + start;
+    };
+    side.put(middle(c.startX, c.legX, c.bendX, c.changeX),
+             middle(c.startY, c.legY, c.bendY, c.changeY));
   }
 
   void putBent(std::size_t i) {

@@ -166,15 +166,14 @@ class ContourWriter {
                              {left.x.data() + left.count, left.y.data() + left.count,
                               right.x.data() + right.count, right.y.data() + right.count});
     const std::size_t inner = static_cast<std::size_t>(count) - 1;
-    if (bend == PenBend::follows && chords > 0) {
+    // What is known of the start is known long before what the samples tell.
+    if (chords > 0 && bend == PenBend::follows) {
       left.count += inner;
       right.count += inner;
-    } else if (bend == PenBend::foldsLeft) {
-      putFold(cubic, left);
-      right.count += inner;
-    } else if (bend == PenBend::foldsRight) {
-      left.count += inner;
-      putFold(cubic, right);
+    } else if (bend == PenBend::foldsLeft || bend == PenBend::foldsRight) {
+      const bool isLeft = bend == PenBend::foldsLeft;
+      putFold(cubic, isLeft ? left : right);
+      (isLeft ? right : left).count += inner;
     } else {
       putBent(i);
     }

@@ -20,7 +20,9 @@ TEST(StrokeLoops, CurvesSampleTheSameOnEveryMachine) {
   const auto real = [&](float low, float high) {
     return std::uniform_real_distribution<float>(low, high)(random);
   };
-  int results[4] = {};
+  int mixed = 0;
+  int followed = 0;
+  int folded = 0;
   for (const float size : {0.0F, 1.0F, 40.0F, 9000.0F}) {
     for (int round = 0; round < 100; ++round) {
       StrokeCubic curve{};
@@ -45,23 +47,47 @@ TEST(StrokeLoops, CurvesSampleTheSameOnEveryMachine) {
                  -0.3431F * radius};
       }
       const int chords = static_cast<int>(real(1, round % 3 == 0 ? 4 : 41));
-      std::vector<float> fast[4];
-      for (auto& side : fast) side.assign(48, -1);
-      std::vector<float> plain[4] = {fast[0], fast[1], fast[2], fast[3]};
-      const auto corners = [](std::vector<float>* v) {
-        return StrokeCorners{v[0].data(), v[1].data(), v[2].data(), v[3].data()};
-      };
-      const PenBend result = scalarKernels().strokeCurve(curve, half, chords, corners(plain));
-      ASSERT_EQ(kernels().strokeCurve(curve, half, chords, corners(fast)), result);
-      ++results[static_cast<std::size_t>(result)];
-      // A curve without a direction somewhere has no sides there.
-      if (result == PenBend::mixed) continue;
-      for (std::size_t i = 0; i < static_cast<std::size_t>(chords); ++i) {
-        for (std::size_t side = 0; side < 4; ++side) ASSERT_EQ(fast[side][i], plain[side][i]);
+      // Between two lines, the first of which has a node of two corners.
+      SegmentMemory memory;
+      const StrokeSegments& s = memory.roomFor(3);
+      s.chords[0] = s.chords[2] = 1;
+      s.chords[1] = round % 7 == 0 ? -chords : chords;
+      s.cubics[1] = curve;
+      StrokeNode nodes[3] = {};
+      for (StrokeNode& node : nodes) {
+        node = {{{1, 2, 3}, 2, {4, 5, 6}, 0}, {{7, 8, 9}, 1, {9, 8, 7}, 0}};
+      }
+      std::vector<float> to[2][4];
+      std::size_t counts[2][2];
+      std::size_t reached[2];
+      for (const int k : {0, 1}) {
+        for (auto& side : to[k]) side.assign(64, -1);
+        SideEnds sides{to[k][0].data(), to[k][1].data(), to[k][2].data(), to[k][3].data()};
+        reached[k] = (k == 0 ? kernels() : scalarKernels()).putSides(s, nodes, 0, 3, half, sides);
+        counts[k][0] = static_cast<std::size_t>(sides.leftX - to[k][0].data());
+        counts[k][1] = static_cast<std::size_t>(sides.rightX - to[k][2].data());
+        ASSERT_EQ(sides.leftY - to[k][1].data(), sides.leftX - to[k][0].data());
+        ASSERT_EQ(sides.rightY - to[k][3].data(), sides.rightX - to[k][2].data());
+      }
+      ASSERT_EQ(reached[0], reached[1]);
+      for (std::size_t side = 0; side < 4; ++side) {
+        const std::size_t count = counts[1][side / 2];
+        ASSERT_EQ(counts[0][side / 2], count);
+        for (std::size_t i = 0; i < count; ++i) ASSERT_EQ(to[0][side][i], to[1][side][i]);
+      }
+      // Three nodes and what is between the curve's ends: all of it, or the middle of the curve.
+      const std::size_t inner = static_cast<std::size_t>(chords) - 1;
+      if (reached[1] == 1) {
+        ++mixed;
+      } else if (counts[1][0] == 6 + inner && counts[1][1] == 3 + inner) {
+        ++followed;
+      } else {
+        ASSERT_TRUE(counts[1][0] == 7 || counts[1][1] == 4);
+        ++folded;
       }
     }
   }
-  for (const int times : results) EXPECT_GT(times, 10);
+  for (const int times : {mixed, followed, folded}) EXPECT_GT(times, 20);
 }
 
 // Cubics of all kinds: gentle ones, tight ones, cusps, and ends without a direction.

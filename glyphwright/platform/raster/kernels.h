@@ -298,12 +298,13 @@ struct Kernels {
   /// puts down the corners of both sides, without those of its ends. It must have a direction
   /// everywhere.
   void (*bendCurve)(const StrokeCubic& curve, float half, int chords, BentCurve& out);
-  /// Samples both sides of a cubic under a pen at its chords' ends but the first; the last one is
-  /// not exact. Inner samples are moved out of each side's hollow so that its chords keep the area.
-  /// Where the curve does not follow the pen, a side means something only if it is the one that
-  /// does not fold. Writes whole eights.
-  PenBend (*strokeCurve)(const StrokeCubic& curve, float half, int chords,
-                         const StrokeCorners& out);
+  /// Puts down both sides of the segments from `first` to `end`, each followed by its node unless
+  /// there are none, and gives the segment that it stops ahead of, or `end`: one that bends more
+  /// tightly than the pen (`half` its width) here and less so there. A side that would run
+  /// backwards all along a curve is led through the curve's middle instead. Samples are moved out
+  /// of each side's hollow so that its chords keep the area. Writes up to eight corners too many.
+  std::size_t (*putSides)(const StrokeSegments& segments, const StrokeNode* nodes,
+                          std::size_t first, std::size_t end, float half, SideEnds& sides);
   /// The box around corners.
   CornerBox (*boxCorners)(const float* x, const float* y, std::size_t count);
   /// Makes edges of one corner to the next, moved by `shift` pixels, or of each corner to the one

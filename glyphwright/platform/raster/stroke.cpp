@@ -120,16 +120,13 @@ class ContourWriter {
     const std::size_t leftBegin = out_.left.count;
     const std::size_t rightBegin = out_.right.count;
     if (!contour.isClosed) pen_.across(startOf(first), startAlong(first));
-    const std::size_t nodes = contour.isClosed ? last : last - 1;
-    for (std::size_t i = first; i < nodes; ++i) {
-      putInside(i);
-      putNode(i);
-    }
+    // An open one has no node at its end.
+    putSegments(first, contour.isClosed ? last : last - 1, true);
     if (contour.isClosed) {
       out_.closeRings(leftBegin, rightBegin);
       return true;
     }
-    putInside(last - 1);
+    putSegments(last - 1, last, false);
     const double* end = out_.curves[last - 1] + 6;
     const Vector at{end[0], end[1]};
     pen_.across(at, endAlong(last - 1));
@@ -151,41 +148,27 @@ class ContourWriter {
            dot(startAlong(c.segment), startAlong(c.segment + 1)) < -0.999999;
   }
 
-  // What both sides have between the ends of a segment.
-  void putInside(std::size_t i) {
-    const int chords = s_.chords[i];
-    if (chords == 1) return;
-    const int count = std::abs(chords);
+  // Both sides of segments, each followed by its node or not.
+  void putSegments(std::size_t first, std::size_t end, bool withNodes) {
+    std::size_t room = 16;
+    for (std::size_t i = first; i < end; ++i)
+      room += static_cast<std::size_t>(std::abs(s_.chords[i])) + 4;
     OutlineSide& left = out_.left;
     OutlineSide& right = out_.right;
-    left.makeRoom(static_cast<std::size_t>(count) + 8);
-    right.makeRoom(static_cast<std::size_t>(count) + 8);
-    const StrokeCubic& cubic = s_.cubics[i];
-    const PenBend bend =
-        kernels_.strokeCurve(cubic, half_, count,
-                             {left.x.data() + left.count, left.y.data() + left.count,
-                              right.x.data() + right.count, right.y.data() + right.count});
-    const std::size_t inner = static_cast<std::size_t>(count) - 1;
-    // What is known of the start is known long before what the samples tell.
-    if (chords > 0 && bend == PenBend::follows) {
-      left.count += inner;
-      right.count += inner;
-    } else if (bend == PenBend::foldsLeft || bend == PenBend::foldsRight) {
-      const bool isLeft = bend == PenBend::foldsLeft;
-      putFold(cubic, isLeft ? left : right);
-      (isLeft ? right : left).count += inner;
-    } else {
-      putBent(i);
+    const bool oneByOne = withNodes && pen_.hasRoundJoins();
+    const StrokeNode* nodes = withNodes && !oneByOne ? out_.segments.nodes().data() : nullptr;
+    while (first < end) {
+      left.makeRoom(room);
+      right.makeRoom(room);
+      SideEnds sides{left.endX(), left.endY(), right.endX(), right.endY()};
+      const std::size_t until = oneByOne ? first + 1 : end;
+      const std::size_t reached = kernels_.putSides(s_, nodes, first, until, half_, sides);
+      left.endAt(sides.leftX);
+      right.endAt(sides.rightX);
+      first = reached;
+      if (reached < until) putBent(first++);
+      if (withNodes && (oneByOne || reached < until)) putNode(first - 1);
     }
-  }
-
-  // A side that would run backwards all along is led through the middle of its curve instead.
-  static void putFold(const StrokeCubic& c, OutlineSide& side) {
-    const auto middle = [](float start, float leg, float bend, float change) {
-      return ((change * 0.5F + 3.0F * bend) * 0.5F + 3.0F * leg) * 0.5F + start;
-    };
-    side.put(middle(c.startX, c.legX, c.bendX, c.changeX),
-             middle(c.startY, c.legY, c.bendY, c.changeY));
   }
 
   void putBent(std::size_t i) {

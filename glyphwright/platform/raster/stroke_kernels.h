@@ -69,8 +69,8 @@ struct StrokeNode {
 
 /// How a curve bends under a pen: less tightly than that; so tightly everywhere that its left or
 /// its right side would run backwards all along; or now so and now so.
-inline constexpr float kFoldTurn = 0.8F;  // half the width times the curvature
 enum class PenBend : std::uint8_t { follows, foldsLeft, foldsRight, mixed };
+inline constexpr float kFoldTurn = 0.8F;  // half the width times the curvature
 
 /// Where a tightly bent curve goes: its samples with both ends, one more than it has chords, and
 /// the corners of both sides, three for each inner sample at most. There is room for three corners
@@ -88,8 +88,8 @@ struct BentCurve {
   std::size_t rightCount = 0;
 };
 
-/// Where the corners of both sides go.
-struct StrokeCorners {
+/// Where the sides of a contour go on.
+struct SideEnds {
   float* leftX;
   float* leftY;
   float* rightX;

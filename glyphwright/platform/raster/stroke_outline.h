@@ -21,6 +21,10 @@ struct OutlineSide {
   std::size_t room = 0;  // for corners in all
 
   void clear() { count = kMargin; }
+  /// Where the next corner goes, and how far corners have been written there.
+  float* endX() { return x.data() + count; }
+  float* endY() { return y.data() + count; }
+  void endAt(const float* end) { count = static_cast<std::size_t>(end - x.data()); }
   void makeRoom(std::size_t corners) {
     if (room < count + corners) grow(corners);
   }

@@ -7,11 +7,14 @@
 #include <limits>
 
 #include <glyphwright/platform/raster/kernels/avx2_edge_lanes.h>
+#include <glyphwright/platform/raster/kernels/put_sides.h>
 
 // Both sides of curves eight samples at a time; scalar_strokes.cpp says what is computed.
 namespace glyphwright::raster::avx2 {
 
-PenBend strokeCurve(const StrokeCubic& c, float halfWidth, int chords, const StrokeCorners& out) {
+namespace {
+
+PenBend sampleSides(const StrokeCubic& c, float halfWidth, int chords, const SideEnds& out) {
   const auto every = [](float v) { return _mm256_set1_ps(v); };
   const auto add = [](__m256 a, __m256 b) { return _mm256_add_ps(a, b); };
   const auto sub = [](__m256 a, __m256 b) { return _mm256_sub_ps(a, b); };
@@ -65,6 +68,14 @@ PenBend strokeCurve(const StrokeCubic& c, float halfWidth, int chords, const Str
   if (tight == 0) return PenBend::follows;
   if (opensLeft == 0) return PenBend::foldsLeft;
   return opensRight == 0 ? PenBend::foldsRight : PenBend::mixed;
+}
+
+}  // namespace
+
+std::size_t putSides(const StrokeSegments& segments, const StrokeNode* nodes, std::size_t first,
+                     std::size_t end, float half, SideEnds& sides) {
+  const auto sample = [](const auto&... arguments) { return sampleSides(arguments...); };
+  return putSidesWith(sample, segments, nodes, first, end, half, sides);
 }
 
 CornerBox boxCorners(const float* x, const float* y, std::size_t count) {

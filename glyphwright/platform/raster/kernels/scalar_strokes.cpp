@@ -3,6 +3,7 @@
 #include <limits>
 
 #include <glyphwright/platform/raster/kernels.h>
+#include <glyphwright/platform/raster/kernels/put_sides.h>
 #include <glyphwright/platform/raster/kernels/scalar.h>
 #include <glyphwright/platform/raster/kernels/scalar_cubic.h>
 
@@ -14,7 +15,9 @@ namespace glyphwright::raster::scalar {
 //
 // Chords of a curve lose area to its hollow side; as in filling, samples move out of the hollow by
 // h²·q''/12, so that the area is kept. Along the curve that makes no difference, so only s changes.
-PenBend strokeCurve(const StrokeCubic& c, float half, int chords, const StrokeCorners& out) {
+namespace {
+
+PenBend sampleSides(const StrokeCubic& c, float half, int chords, const SideEnds& out) {
   const float h = 1.0F / static_cast<float>(chords);
   const float lift = h * h * 0.5F;         // of a·t + u, which is a sixth of p''
   const float pen = half * (2.0F / 3.0F);  // likewise, over the square of a third of p'
@@ -42,6 +45,13 @@ PenBend strokeCurve(const StrokeCubic& c, float half, int chords, const StrokeCo
   if (follows) return PenBend::follows;
   if (foldsLeft) return PenBend::foldsLeft;
   return foldsRight ? PenBend::foldsRight : PenBend::mixed;
+}
+
+}  // namespace
+
+std::size_t putSides(const StrokeSegments& segments, const StrokeNode* nodes, std::size_t first,
+                     std::size_t end, float half, SideEnds& sides) {
+  return putSidesWith(sampleSides, segments, nodes, first, end, half, sides);
 }
 
 CornerBox boxCorners(const float* x, const float* y, std::size_t count) {

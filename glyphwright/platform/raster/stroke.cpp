@@ -42,22 +42,13 @@ class SegmentLister {
         begin(i);
         continue;
       }
-      // Which of the others is a curve nobody can foretell: all are raised, and only those that are
-      // none are kept.
       const CGPoint* const at = points_ + next_;
       const std::size_t count = pointCount(verb);
-      const bool isCubic = verb == PathVerb::cubic;
-      const CGPoint end = verb == PathVerb::close ? start_ : at[count - 1];
-      CGPoint* const raised = out_.raised.data() + raised_;
-      raise(at[-1], end, raised);
-      if (verb == PathVerb::quad) {
-        const auto cubic = cubicOfQuad(at[-1], at[0], at[1]);
-        std::copy_n(cubic.begin(), 4, raised);
+      if (verb == PathVerb::cubic) {
+        out_.curves[count_++] = &at[-1].x;
+      } else {
+        list(verb, at);
       }
-      out_.curves[count_] = isCubic ? &at[-1].x : &raised->x;
-      const bool isSegment = isCubic || verb == PathVerb::quad || !(at[-1] == end);
-      count_ += isSegment ? 1 : 0;
-      raised_ += isCubic ? 0 : 4;
       next_ += count;
     }
     finish(verbs.size());
@@ -65,6 +56,21 @@ class SegmentLister {
   }
 
  private:
+  // A segment that is no cubic yet.
+  void list(PathVerb verb, const CGPoint* at) {
+    CGPoint* const cubic = out_.raised.data() + raised_;
+    if (verb == PathVerb::quad) {
+      const auto points = cubicOfQuad(at[-1], at[0], at[1]);
+      std::copy_n(points.begin(), 4, cubic);
+    } else {
+      const CGPoint& end = verb == PathVerb::close ? start_ : at[0];
+      if (at[-1] == end) return;
+      raise(at[-1], end, cubic);
+    }
+    out_.curves[count_++] = &cubic->x;
+    raised_ += 4;
+  }
+
   static void raise(const CGPoint& from, const CGPoint& to, CGPoint* cubic) {
     cubic[0] = from;
     cubic[1] = {(2 * from.x + to.x) * (1.0 / 3), (2 * from.y + to.y) * (1.0 / 3)};

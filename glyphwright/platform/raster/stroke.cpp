@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <numeric>
 
 #include <glyphwright/platform/raster/careful_stroke.h>
 #include <glyphwright/platform/raster/stroke_pen.h>
@@ -156,9 +157,9 @@ class ContourWriter {
 
   // Both sides of segments, each followed by its node or not.
   void putSegments(std::size_t first, std::size_t end, bool withNodes) {
-    std::size_t room = 16;
-    for (std::size_t i = first; i < end; ++i)
-      room += static_cast<std::size_t>(std::abs(s_.chords[i])) + 4;
+    const int chords = std::accumulate(s_.chords + first, s_.chords + end, 0,
+                                       [](int sum, int number) { return sum + std::abs(number); });
+    const std::size_t room = static_cast<std::size_t>(chords) + 4 * (end - first) + 16;
     OutlineSide& left = out_.left;
     OutlineSide& right = out_.right;
     const bool oneByOne = withNodes && pen_.hasRoundJoins();

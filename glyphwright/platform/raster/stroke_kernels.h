@@ -42,7 +42,8 @@ struct StrokeSegments {
   /// where it starts.
   std::int32_t* chords;
   /// As many as it takes when it may bend more tightly than the pen anywhere; 0 when it has no
-  /// direction at one of its ends, or turns by more than a third: then nothing else is set.
+  /// direction at one of its ends, or bends away from its middle leg by more than a quarter of a
+  /// turn: then nothing else is set.
   std::int32_t* bentChords;
 };
 

@@ -112,10 +112,8 @@ void prepareSegments(const double* const* curves, std::size_t count, const Segme
     const __m256 length01 = times(length0, length1), length12 = times(length1, length2);
     const auto isAbove = [](__m256 a, __m256 b) { return _mm256_cmp_ps(a, b, _CMP_GT_OQ); };
     const __m256 least = _mm256_min_ps(square0, _mm256_min_ps(square1, square2));
-    const __m256 turnLimit = times(times(every(-0.5F), length0), length2);
-    const __m256 keepsOn = _mm256_and_ps(
-        _mm256_and_ps(isAbove(dot01, zero), isAbove(dot12, zero)),
-        _mm256_and_ps(isAbove(dot(l0, l2), turnLimit), isAbove(least, every(1e-12F))));
+    const __m256 keepsOn = _mm256_and_ps(_mm256_and_ps(isAbove(dot01, zero), isAbove(dot12, zero)),
+                                         isAbove(least, every(1e-12F)));
     const __m256 inverse = _mm256_div_ps(one, times(length01, length2));
     const Lanes e0 = times(l0, times(length12, inverse));
     const Lanes e1 = times(l1, times(times(length0, length2), inverse));

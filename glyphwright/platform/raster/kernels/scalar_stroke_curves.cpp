@@ -84,9 +84,9 @@ void prepareSegments(const double* const* curves, std::size_t curveCount, const 
     const float length2 = std::sqrt(square2);
     const float length01 = length0 * length1;
     const float length12 = length1 * length2;
-    // All of the curve's directions within a third of a turn: it has no cusp.
-    const bool keepsOn = dot01 > 0 && dot12 > 0 && dot(l0, l2) > -0.5F * length0 * length2 &&
-                         smaller(square0, smaller(square1, square2)) > kLeastLeg;
+    // All of the curve's directions within half a turn about the middle leg: it has no cusp.
+    const bool keepsOn =
+        dot01 > 0 && dot12 > 0 && smaller(square0, smaller(square1, square2)) > kLeastLeg;
     const float inverse = 1.0F / (length01 * length2);
     const Pair e0 = l0 * (length12 * inverse);
     const Pair e1 = l1 * (length0 * length2 * inverse);

@@ -119,6 +119,7 @@ TEST(StrokeLoops, CurvesArePreparedAndBentTheSameOnEveryMachine) {
       const auto cubics = someCubics(count, random);
       std::vector<const double*> points;
       for (const auto& cubic : cubics) points.push_back(cubic.data());
+      points.resize(points.size() + 7, points.back());
       const SegmentPen pen{12, -7, half, 25, half * 4};
       SegmentMemory memory[2];
       const StrokeSegments& fast = memory[0].roomFor(count);
@@ -226,6 +227,7 @@ TEST(StrokeLoops, NodesJoinTheSameOnEveryMachine) {
       const auto cubics = someCubics(count + 1, random);
       std::vector<const double*> points;
       for (const auto& cubic : cubics) points.push_back(cubic.data());
+      points.resize(points.size() + 7, points.back());
       // Some neighbours run on, and some turn back.
       SegmentMemory memory;
       const StrokeSegments& s = memory.roomFor(count + 1);

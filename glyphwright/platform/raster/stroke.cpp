@@ -27,7 +27,7 @@ class SegmentLister {
       : path_(path), points_(points), out_(out) {
     // A contour may be as short as a move, and gets a segment more than it has; nothing may move
     // once it is listed.
-    const std::size_t most = 2 * path.verbs().size() + 1;
+    const std::size_t most = 2 * path.verbs().size() + 8;
     if (out.curves.size() < most) out.curves.resize(2 * most);
     if (out.raised.size() < 4 * most) out.raised.resize(8 * most);
     out.listed.clear();
@@ -53,6 +53,8 @@ class SegmentLister {
       next_ += count;
     }
     finish(verbs.size());
+    // Loops read whole eights.
+    if (count_ > 0) std::fill_n(out_.curves.data() + count_, 7, out_.curves[count_ - 1]);
     return count_;
   }
 

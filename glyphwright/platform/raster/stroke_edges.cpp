@@ -28,7 +28,7 @@ class WholeRings : public EdgeWriter {
              const StrokeOutline& outline, const Kernels& kernels)
       : EdgeWriter(out, region), outline_(outline), kernels_(kernels) {
     out.beyondLeft = box.minX < region.x0 ? kBeyond : 0;
-    out.beyondRight = box.maxX > region.x1 ? kBeyond : 0;
+    out.beyondRight = std::max(static_cast<int>(std::ceil(box.maxX)) - region.x1, 0);
     shift_ = {static_cast<float>(outline.originX - region.x0 + out.beyondLeft),
               static_cast<float>(outline.originY - region.y0)};
   }

@@ -40,8 +40,8 @@ __m256 negative(__m256 a) {
   return _mm256_xor_ps(a, every(-0.0F));
 }
 
-// Rows become columns.
-void transpose(__m256* r) {
+// Rows become columns. They are to stay in registers, which takes a word to some compilers.
+[[gnu::always_inline]] inline void transpose(__m256* r) {
   __m256 pairs[8];
   for (int k = 0; k < 8; k += 2) {
     pairs[k] = _mm256_unpacklo_ps(r[k], r[k + 1]);
@@ -90,7 +90,7 @@ void prepareSegments(const double* const* curves, std::size_t count, const Segme
   for (std::size_t i = 0; i < count; i += 8) {
     __m256 r[8];
     for (std::size_t k = 0; k < 8; ++k) {
-      r[k] = startAndLegs(curves[i + k < count ? i + k : count - 1], origin);
+      r[k] = startAndLegs(curves[i + k], origin);
     }
     transpose(r);
     Lanes l0{r[2], r[3]}, l1{r[4], r[5]}, l2{r[6], r[7]};

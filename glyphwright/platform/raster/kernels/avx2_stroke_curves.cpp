@@ -123,7 +123,7 @@ void prepareSegments(const double* const* curves, std::size_t count, const Segme
         times(times(half, every(2.0F / 3.0F)), minus(times(u.x, e0.y), times(u.y, e0.x)));
     const __m256 isTight =
         _mm256_cmp_ps(_mm256_andnot_ps(every(-0.0F), turnAtStart), square0, _CMP_NLE_UQ);
-    const __m256 bend = _mm256_sqrt_ps(_mm256_max_ps(dot(u, u), dot(v, v)));
+    const __m256 bend = _mm256_sqrt_ps(times(every(0.5F), plus(dot(u, u), dot(v, v))));
     const __m256 lacking =
         times(plus(times(minus(length01, dot01), length2), times(minus(length12, dot12), length0)),
               inverse);

@@ -45,8 +45,10 @@ void interleave(const Corners& c, __m256 fourth, __m256* nodes) {
   nodes[3] = _mm256_castpd_ps(_mm256_unpackhi_pd(high, highEnd));
 }
 
-void storeSides(NodeSide* side, std::size_t stride, const Chosen& chosen, const Corners& x,
-                const Corners& y) {
+// To stay in registers.
+[[gnu::always_inline]] inline void storeSides(NodeSide* side, std::size_t stride,
+                                              const Chosen& chosen, const Corners& x,
+                                              const Corners& y) {
   static_assert(sizeof(NodeSide) == 8 * sizeof(float));
   __m256 xs[4];
   __m256 ys[4];

@@ -51,7 +51,7 @@ constexpr float kLeastLeg = 1e-12F;
 }  // namespace
 
 // The side of a curve that bends by p'' strays from a chord over the parameter step h by h²/8 ·
-// (|p''| + half·θ'²), where θ is the direction and |p''| is at most six times the bend. The legs'
+// (|p''| + half·θ'²), where θ is the direction and |p''| is about six times the bend. The legs'
 // turns stand for θ; the square of their sum is at most twice the sum of their squares. Where the
 // curve bends more tightly than the pen, what bends and what turns it are counted one by one.
 void prepareSegments(const double* const* curves, std::size_t curveCount, const SegmentPen& pen,
@@ -97,7 +97,7 @@ void prepareSegments(const double* const* curves, std::size_t curveCount, const 
     const float turnAtStart = pen.half * (2.0F / 3.0F) * (u.x * e0.y - u.y * e0.x);
     const bool isTight = !(std::fabs(turnAtStart) <= square0);
 
-    const float bend = std::sqrt(larger(dot(u, u), dot(v, v)));
+    const float bend = std::sqrt(0.5F * (dot(u, u) + dot(v, v)));
     // The square of a small angle is twice what its cosine lacks to one.
     const float lacking = ((length01 - dot01) * length2 + (length12 - dot12) * length0) * inverse;
     const float turnSquare = 4.0F * larger(lacking, 0.0F);

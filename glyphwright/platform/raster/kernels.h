@@ -287,8 +287,8 @@ struct Kernels {
   /// The same along rows; `in` begins `reach` values before the first result's.
   void (*filterAlong)(const FilterRows& rows, const std::uint16_t* in, std::size_t inStride,
                       const std::int16_t* taps, std::size_t reach);
-  /// Prepares cubics, given as x and y of their four points in device pixels. Reads and writes whole
-  /// eights: seven more must be listed, whatever they are.
+  /// Prepares cubics, given as x and y of their four points in device pixels. Reads and writes
+  /// whole eights: seven more must be listed, whatever they are.
   void (*prepareSegments)(const double* const* curves, std::size_t count, const SegmentPen& pen,
                           const StrokeSegments& out);
   /// The corners between each of `count` segments and the one listed after it. Reads one segment

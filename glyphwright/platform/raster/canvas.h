@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <cstring>
 #include <memory>
 #include <optional>
 #include <span>
@@ -54,10 +53,10 @@ class PixelSource {
   /// What is known of the rows: each of one colour, all alike, or nothing.
   enum class Rows : std::uint8_t { even, same, vary };
   virtual Rows rows() const { return Rows::vary; }
-  /// The colours of the rows from `y` on where each has one.
-  virtual void rowColors(int y, std::span<SolidColor> colors) const {
+  /// The premultiplied pixels of the rows from `y` on where each has one colour.
+  virtual void rowColors(int y, std::span<std::uint32_t> pixels) const {
     static_cast<void>(y);
-    static_cast<void>(colors);
+    static_cast<void>(pixels);
   }
 
  protected:
@@ -154,16 +153,6 @@ class Canvas {
 
 /// Sets `count` pixels to one premultiplied colour.
 void fillPixels(std::uint8_t* rgba, std::size_t count, const SolidColor& color);
-
-/// The colour of a premultiplied pixel, four bytes in memory order.
-inline SolidColor solidColor(std::uint32_t pixel) {
-  std::uint8_t bytes[4];
-  std::memcpy(bytes, &pixel, sizeof(bytes));
-  SolidColor color;
-  for (int c = 0; c < 4; ++c) color.channels[c] = static_cast<std::int16_t>(bytes[c] << 6);
-  color.alpha = static_cast<std::int16_t>((bytes[3] << 7) + (bytes[3] >> 1));
-  return color;
-}
 
 /// A premultiplied colour from components (clamped to 0…1) times an alpha.
 SolidColor solidColor(double red, double green, double blue, double alpha);

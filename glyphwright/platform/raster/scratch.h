@@ -64,7 +64,7 @@ struct Scratch {
   std::vector<const std::uint16_t*> filterSources;
   GaussianTaps taps;
   std::vector<std::uint32_t> ramp;
-  std::vector<SolidColor> rowColors;
+  std::vector<std::uint32_t> rowColors;
   std::unique_ptr<Scratch> upper;
 
   /// A second one with the same loops, for a shape that is painted over another by turns.

@@ -201,6 +201,17 @@ class Writer {
       channels_[c] = _mm256_shuffle_epi8(halved, _mm256_set1_epi16(bytes));
     }
   }
+  // The colours of premultiplied pixels: bytes become 1/32 levels.
+  Writer(std::uint32_t first, std::uint32_t second) {
+    const auto everywhere = [](std::uint32_t pixel) {
+      return _mm_set1_epi32(static_cast<int>(pixel));
+    };
+    const __m256i both = _mm256_set_m128i(everywhere(second), everywhere(first));
+    for (int c = 0; c < 4; ++c) {
+      const auto byte = static_cast<short>(c << 8 | 0x80);
+      channels_[c] = _mm256_srli_epi16(_mm256_shuffle_epi8(both, _mm256_set1_epi16(byte)), 3);
+    }
+  }
   template <typename Rows>
   void paint(const Rows& rows, std::uint8_t* rgba, __m256i units) const {
     rows.write(rgba, pixels(units));
@@ -242,6 +253,8 @@ class Blender {
       : ink_(first, second),
         writer_(first, second),
         isOpaque_(first.isOpaque() && second.isOpaque()) {}
+  Blender(std::uint32_t first, std::uint32_t second)
+      : Blender(solidColor(first), solidColor(second)) {}
   template <typename Rows>
   void paint(const Rows& rows, std::uint8_t* rgba, __m256i units) const {
     if (!isZero(units)) paintAny(rows, rgba, units);
@@ -282,7 +295,7 @@ auto evenly(const SolidColor& color) {
 }
 
 template <typename Painter>
-auto byRow(const SolidColor* colors) {
+auto byRow(const std::uint32_t* colors) {
   return [colors](const auto& rows, std::size_t y) {
     return Painter(colors[y], colors[y + rows.kRows - 1]);
   };
@@ -313,12 +326,12 @@ void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
 }
 
 void writeCellsByRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
-                     const SolidColor* colors) {
+                     const std::uint32_t* colors) {
   paintCells(rgba, rowBytes, rows, byRow<Writer>(colors));
 }
 
 void blendCellsByRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
-                     const SolidColor* colors) {
+                     const std::uint32_t* colors) {
   paintCells(rgba, rowBytes, rows, byRow<Blender>(colors));
 }
 

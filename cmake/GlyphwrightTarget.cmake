@@ -22,6 +22,14 @@ function(glyphwright_target target)
   endif()
 endfunction()
 
+# Reading the standard library's headers takes most of the time of most sources. As a part of another
+# project, which may have its own ideas, and in the debug preset, every source stands on its own.
+function(glyphwright_precompile target)
+  if(PROJECT_IS_TOP_LEVEL)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+endfunction()
+
 # One program for each source file given, named after it.
 function(glyphwright_programs)
   cmake_parse_arguments(arg "" "PREFIX" "SOURCES;LIBRARIES" ${ARGN})

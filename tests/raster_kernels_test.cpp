@@ -22,20 +22,26 @@ namespace {
 TEST_F(RasterKernels, RowsOfCellsPaintTheSame) {
   for (const std::size_t width : kCounts) {
     for (int round = 0; round < 40; ++round) {
-      const std::size_t stride = cellStride(static_cast<int>(width));
+      const std::size_t before = round % 3 == 0 ? kBlock : 0;
+      const std::size_t stride = before + cellStride(static_cast<int>(width));
       constexpr std::size_t kRows = 7;
-      const auto start = cells(stride, kRows);
-      std::vector<std::uint8_t> touched(stride / kBlock * kRows + kTouchedMargin);
-      std::vector<std::int16_t> fastCells = start;
-      for (std::size_t b = 0; b < stride / kBlock * kRows; ++b) {
-        touched[b] = static_cast<std::uint8_t>(upTo(1));
-        if (round % 2 == 0 && touched[b] == 0) {
-          std::fill_n(fastCells.begin() + static_cast<std::ptrdiff_t>(b * kBlock), kBlock, 0);
+      // Cells, and marks of blocks, of which those without one are empty in half of the rounds.
+      const auto marked = [&](std::vector<std::uint8_t>& touched) {
+        auto values = cells(stride, kRows);
+        touched.resize(stride / kBlock * kRows + kTouchedMargin);
+        for (std::size_t b = 0; b < stride / kBlock * kRows; ++b) {
+          touched[b] = static_cast<std::uint8_t>(upTo(1));
+          if (round % 2 == 0 && touched[b] == 0) {
+            std::fill_n(values.begin() + static_cast<std::ptrdiff_t>(b * kBlock), kBlock, 0);
+          }
         }
-      }
+        return values;
+      };
+      std::vector<std::uint8_t> touched;
+      std::vector<std::int16_t> fastCells = marked(touched);
       std::vector<std::int16_t> plainCells = fastCells;
       const FillRule rule = upTo(1) == 0 ? FillRule::nonZero : FillRule::evenOdd;
-      const std::uint8_t* mask = round % 2 == 0 ? touched.data() : nullptr;
+      const std::uint8_t* mask = round % 2 == 0 ? &touched[before / kBlock] : nullptr;
       const std::size_t rowBytes = width * 4 + 12;
       const auto below = premultiplied(rowBytes / 4 * kRows + kBlock);
       for (const auto kernel : {&Kernels::writeCells, &Kernels::blendCells}) {
@@ -44,10 +50,10 @@ TEST_F(RasterKernels, RowsOfCellsPaintTheSame) {
         auto plainPixels = below;
         auto a = fastCells;
         auto b = plainCells;
-        (fast_.*kernel)(fastPixels.data(), rowBytes, {a.data(), stride, mask, kRows, width, rule},
-                        ink);
-        (plain_.*kernel)(plainPixels.data(), rowBytes, {b.data(), stride, mask, kRows, width, rule},
-                         ink);
+        (fast_.*kernel)(fastPixels.data(), rowBytes,
+                        {&a[before], stride, mask, kRows, width, rule, before}, ink);
+        (plain_.*kernel)(plainPixels.data(), rowBytes,
+                         {&b[before], stride, mask, kRows, width, rule, before}, ink);
         // Past the ends of rows anything goes if more rows come; nothing is touched past the last.
         for (std::size_t row = 0; row + 1 < kRows; ++row) {
           const auto padding = static_cast<std::ptrdiff_t>(row * rowBytes + width * 4);
@@ -64,16 +70,37 @@ TEST_F(RasterKernels, RowsOfCellsPaintTheSame) {
         auto plainPixels = below;
         auto a = fastCells;
         auto b = plainCells;
-        (fast_.*kernel)(fastPixels.data(), rowBytes, {a.data(), stride, mask, kRows, width, rule},
-                        inks);
-        (plain_.*kernel)(plainPixels.data(), rowBytes, {b.data(), stride, mask, kRows, width, rule},
-                         inks);
+        (fast_.*kernel)(fastPixels.data(), rowBytes,
+                        {&a[before], stride, mask, kRows, width, rule, before}, inks);
+        (plain_.*kernel)(plainPixels.data(), rowBytes,
+                         {&b[before], stride, mask, kRows, width, rule, before}, inks);
         for (std::size_t row = 0; row + 1 < kRows; ++row) {
           const auto padding = static_cast<std::ptrdiff_t>(row * rowBytes + width * 4);
           std::copy_n(plainPixels.begin() + padding, 12, fastPixels.begin() + padding);
         }
         ASSERT_EQ(fastPixels, plainPixels) << "width " << width;
       }
+      std::vector<std::uint8_t> touchedAbove;
+      const auto cellsAbove = marked(touchedAbove);
+      const std::uint8_t* maskAbove = mask == nullptr ? nullptr : &touchedAbove[before / kBlock];
+      const SolidColor inks[2] = {color(), color()};
+      const auto paintTwo = [&](const Kernels& table) {
+        auto pixels = below;
+        auto a = fastCells;
+        auto b = cellsAbove;
+        table.writeTwoCells(
+            pixels.data(), rowBytes, {&a[before], stride, mask, kRows, width, rule, before},
+            {&b[before], stride, maskAbove, kRows, width, FillRule::nonZero, before}, inks[0],
+            inks[1]);
+        EXPECT_EQ(a, std::vector<std::int16_t>(a.size(), 0));
+        EXPECT_EQ(b, a);
+        for (std::size_t row = 0; row + 1 < kRows; ++row) {
+          std::fill_n(pixels.begin() + static_cast<std::ptrdiff_t>(row * rowBytes + width * 4), 12,
+                      0);
+        }
+        return pixels;
+      };
+      ASSERT_EQ(paintTwo(fast_), paintTwo(plain_)) << "width " << width;
       auto insetCells = fastCells;
       std::vector<std::uint16_t> fastInset(2 * stride);
       std::vector<std::uint16_t> plainInset(2 * stride);
@@ -305,11 +332,12 @@ TEST_F(RasterKernels, EdgesChangeTheSameCells) {
       // Also a band in the middle, which edges enter and leave.
       const int top = round % 2 == 0 ? 0 : height / 3;
       const int rows = round % 2 == 0 ? height : height / 3 + 1;
+      const int left = round % 3;
       const auto cellsOf = [&](const Kernels& table, auto cell) {
         using Cell = decltype(cell);
         std::vector<Cell> cells(416 * static_cast<std::size_t>(rows));
         std::vector<std::uint8_t> touched(cells.size() / kBlock);
-        accumulate<Cell>(edges, {cells.data(), 416, touched.data(), top, rows}, table);
+        accumulate<Cell>(edges, {cells.data(), 416, touched.data(), top, rows, left}, table);
         std::vector<int> all(cells.begin(), cells.end());
         all.insert(all.end(), touched.begin(), touched.end());
         return all;

@@ -1,11 +1,10 @@
-// The outlines of strokes: the loops of this machine against the scalar ones, bit for bit, and the
-// pictures against exact ones where the pen is thin, bends are tight, or the image cuts the stroke.
+// Pictures of strokes against exact ones, where the pen is thin, bends are tight, or the image cuts
+// the stroke.
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
-#include <random>
 #include <string_view>
 #include <vector>
 
@@ -15,198 +14,11 @@
 #include <glyphwright/paths/registry.h>
 #include <glyphwright/platform/context.h>
 #include <glyphwright/platform/image.h>
-#include <glyphwright/platform/raster/kernels.h>
 
 #include "reference/plane.h"
 
 namespace glyphwright::raster {
 namespace {
-
-TEST(RasterStroke, CurvesSampleTheSameOnEveryMachine) {
-  std::mt19937 random(20240608);
-  const auto real = [&](float low, float high) {
-    return std::uniform_real_distribution<float>(low, high)(random);
-  };
-  int followed = 0;
-  for (const float size : {0.0F, 1.0F, 40.0F, 9000.0F}) {
-    for (int round = 0; round < 100; ++round) {
-      StrokeCurve curve{};
-      for (float* v : {&curve.startX, &curve.startY, &curve.legX, &curve.legY}) {
-        *v = real(-size, size);
-      }
-      for (float* v : {&curve.bendX, &curve.bendY, &curve.changeX, &curve.changeY}) {
-        *v = real(-size, size) * 0.3F;
-      }
-      curve.half = real(0.01F, 3);
-      curve.count = static_cast<int>(real(1, 41));
-      std::vector<float> fast[4];
-      for (auto& side : fast) side.assign(48, -1);
-      std::vector<float> plain[4] = {fast[0], fast[1], fast[2], fast[3]};
-      const auto corners = [](std::vector<float>* v) {
-        return StrokeCorners{v[0].data(), v[1].data(), v[2].data(), v[3].data()};
-      };
-      const bool follows = scalarKernels().strokeCurve(curve, corners(plain));
-      ASSERT_EQ(kernels().strokeCurve(curve, corners(fast)), follows);
-      followed += follows ? 1 : 0;
-      // A curve without a direction somewhere has no sides there.
-      if (!follows) continue;
-      for (std::size_t i = 0; i < static_cast<std::size_t>(curve.count); ++i) {
-        for (std::size_t side = 0; side < 4; ++side) ASSERT_EQ(fast[side][i], plain[side][i]);
-      }
-    }
-  }
-  EXPECT_GT(followed, 40);
-  EXPECT_LT(followed, 360);
-}
-
-// Cubics of all kinds: gentle ones, tight ones, cusps, and ends without a direction.
-std::vector<std::vector<double>> someCubics(std::size_t count, std::mt19937& random) {
-  const auto real = [&](double low, double high) {
-    return std::uniform_real_distribution<double>(low, high)(random);
-  };
-  std::vector<std::vector<double>> cubics;
-  for (std::size_t i = 0; i < count; ++i) {
-    const double size = std::vector{1e-9, 0.5, 4.0, 40.0, 9000.0}[i % 5];
-    std::vector<double> p(8);
-    for (double& v : p) v = real(-size, size);
-    const double turn = real(-1, 1) * size;
-    if (i % 3 != 0) p = {0, 0, size, 0, 2 * size, turn, 3 * size, 3 * turn};
-    if (i % 11 == 0) p[2] = p[0], p[3] = p[1];
-    if (i % 13 == 0) std::fill(p.begin(), p.end(), 3.0);
-    cubics.push_back(p);
-  }
-  return cubics;
-}
-
-TEST(RasterStroke, CurvesArePreparedAndBentTheSameOnEveryMachine) {
-  std::mt19937 random(20240610);
-  int gentle = 0;
-  int tight = 0;
-  int without = 0;
-  for (const float half : {0.5F, 1.0F, 30.0F}) {
-    for (std::size_t count = 1; count < 60; ++count) {
-      const auto cubics = someCubics(count, random);
-      std::vector<const double*> points;
-      for (const auto& cubic : cubics) points.push_back(cubic.data());
-      const CurvePen pen{12, -7, half, 25, half * 4};
-      std::vector<PreparedCurve> fast(count + 8);
-      std::vector<PreparedCurve> plain(count);
-      kernels().prepareCurves(points.data(), count, pen, fast.data());
-      scalarKernels().prepareCurves(points.data(), count, pen, plain.data());
-      for (std::size_t i = 0; i < count; ++i) {
-        const PreparedCurve& a = fast[i];
-        const PreparedCurve& b = plain[i];
-        ASSERT_EQ(a.count, b.count);
-        ASSERT_EQ(a.tightCount, b.tightCount);
-        (b.tightCount == 0 ? without : (b.count == 0 ? tight : gentle)) += 1;
-        if (b.tightCount == 0) continue;
-        ASSERT_GE(b.tightCount, b.count);
-        for (const auto member :
-             {&PreparedCurve::startAlongX, &PreparedCurve::startAlongY, &PreparedCurve::endAlongX,
-              &PreparedCurve::endAlongY, &PreparedCurve::startLength, &PreparedCurve::endLength}) {
-          ASSERT_EQ(a.*member, b.*member);
-        }
-        for (const auto member : {&StrokeCubic::startX, &StrokeCubic::startY, &StrokeCubic::legX,
-                                  &StrokeCubic::legY, &StrokeCubic::bendX, &StrokeCubic::bendY,
-                                  &StrokeCubic::changeX, &StrokeCubic::changeY}) {
-          ASSERT_EQ(a.*member, b.*member);
-        }
-        const auto chords = static_cast<std::size_t>(b.tightCount);
-        std::vector<float> to[2][8];
-        BentCurve bent[2];
-        for (const int k : {0, 1}) {
-          for (auto& values : to[k]) values.assign(3 * chords + 16, -1);
-          auto& v = to[k];
-          bent[k] = {v[0].data(), v[1].data(), v[2].data(), v[3].data(),
-                     v[4].data(), v[5].data(), v[6].data(), v[7].data()};
-          (k == 0 ? kernels() : scalarKernels())
-              .bendCurve({b.cubic(), half, b.tightCount}, bent[k]);
-        }
-        ASSERT_EQ(bent[0].leftCount, bent[1].leftCount);
-        ASSERT_EQ(bent[0].rightCount, bent[1].rightCount);
-        const std::size_t counts[] = {chords + 1,         chords + 1,        chords + 1,
-                                      chords + 1,         bent[0].leftCount, bent[0].leftCount,
-                                      bent[0].rightCount, bent[0].rightCount};
-        for (int k = 0; k < 8; ++k) {
-          for (auto* values : {&to[0][k], &to[1][k]}) values->resize(counts[k]);
-          ASSERT_EQ(to[0][k], to[1][k]) << k;
-        }
-      }
-    }
-  }
-  EXPECT_GT(gentle, 300);
-  EXPECT_GT(tight, 300);
-  EXPECT_GT(without, 300);
-}
-
-TEST(RasterStroke, CornersArePlacedTheSameOnEveryMachine) {
-  std::mt19937 random(20240609);
-  std::uniform_real_distribution<float> real(-40, 140);
-  constexpr std::size_t kMargin = 8;
-  for (std::size_t count = 1; count < 40; ++count) {
-    std::vector<float> x(count + 2 * kMargin, 1e30F);
-    std::vector<float> y = x;
-    for (std::size_t i = kMargin; i < kMargin + count; ++i) {
-      x[i] = real(random);
-      y[i] = count % 3 == 0 ? std::clamp(real(random), 0.0F, 90.0F) : real(random);
-    }
-    if (count == 17) y[kMargin + 9] = NAN;
-    const float* fromX = x.data() + kMargin;
-    const float* fromY = y.data() + kMargin;
-    const CornerBox a = kernels().boxCorners(fromX, fromY, count);
-    const CornerBox b = scalarKernels().boxCorners(fromX, fromY, count);
-    ASSERT_EQ(a.hasNaN, b.hasNaN);
-    ASSERT_EQ(a.hasNaN, count == 17);
-    if (!a.hasNaN) {
-      ASSERT_EQ(a.minX, b.minX);
-      ASSERT_EQ(a.minY, b.minY);
-      ASSERT_EQ(a.maxX, b.maxX);
-      ASSERT_EQ(a.maxY, b.maxY);
-    }
-    for (const bool backwards : {false, true}) {
-      std::vector<float> placedX[2];
-      std::vector<std::int32_t> placedY[2];
-      std::vector<std::uint8_t> outside[2];
-      for (const int k : {0, 1}) {
-        placedX[k].resize(count + kMargin);
-        placedY[k].resize(count + kMargin);
-        outside[k].resize((count + 7) / 8);
-        (k == 0 ? kernels() : scalarKernels())
-            .placeCorners(fromX, fromY, count, backwards, {2.5F, -3, 100, 90},
-                          {placedX[k].data(), placedY[k].data(), outside[k].data()});
-        placedX[k].resize(count);
-        placedY[k].resize(count);
-      }
-      ASSERT_EQ(placedX[0], placedX[1]);
-      ASSERT_EQ(placedY[0], placedY[1]);
-      ASSERT_EQ(outside[0], outside[1]);
-    }
-  }
-}
-
-TEST(RasterStroke, RunsAreCountedTheSameOnEveryMachine) {
-  constexpr int kRows = 20;
-  std::mt19937 random(20240611);
-  std::uniform_int_distribution<std::int32_t> height(-4 * kUnitsPerPixel, 25 * kUnitsPerPixel);
-  for (std::size_t lines = 1; lines < 40; ++lines) {
-    std::vector<std::int32_t> y(lines + 1);
-    for (std::int32_t& v : y) v = lines % 4 == 0 ? height(random) / 5 : height(random);
-    std::vector<int> fast(kRows + 1, 3);
-    std::vector<int> plain(kRows + 1, 3);
-    kernels().countRuns(y.data(), lines, kRows, fast.data());
-    scalarKernels().countRuns(y.data(), lines, kRows, plain.data());
-    ASSERT_EQ(fast, plain) << lines;
-  }
-  // Down, up a little, down, and up again; then a line down of the next eight, from above.
-  const std::int32_t y[] = {1024, 3000, 2500, 5000, 1500, 1400, 1300, 1200, -1024, 2047};
-  std::vector<int> changes(kRows + 1, 0);
-  kernels().countRuns(y, 9, kRows, changes.data());
-  std::vector<int> expected(kRows + 1, 0);
-  expected[0] = 2 + 1;
-  expected[5] = -2;
-  expected[2] = -1;
-  EXPECT_EQ(changes, expected);
-}
 
 UIImage stroked(const UIBezierPath& path, std::size_t side) {
   const auto points = static_cast<CGFloat>(side);

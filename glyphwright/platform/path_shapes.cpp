@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include <glyphwright/platform/raster/coverage.h>
+#include <glyphwright/platform/raster/two_shapes.h>
 
 namespace glyphwright {
 
@@ -100,6 +101,12 @@ void fillAndStroke(CGContext& context, const CGPath& path, bool evenOdd, const S
   const PixelRect strokedRegion = pixelsTouched(stroked.box, state.clip.bounds);
   if (!strokedRegion.isEmpty()) stroked.edges(strokedRegion, above);
 
+  if (!filledRegion.isEmpty() && !strokedRegion.isEmpty() &&
+      raster::paintTogether(context.canvas(),
+                            {scratch.edges, filled.box, filled.rule, fill.color, scratch},
+                            {above.edges, stroked.box, stroked.rule, stroke.color, above})) {
+    return;
+  }
   std::optional<raster::Canvas::Painter> below;
   if (!filledRegion.isEmpty()) {
     below.emplace(context.canvas(), filledRegion, fill, nullptr, scratch);

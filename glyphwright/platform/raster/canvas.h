@@ -117,8 +117,9 @@ class Canvas {
   class FreshRows {
    public:
     FreshRows(Canvas& canvas, const PixelRect& region);
-    /// The pixel at (region.x0, y).
-    std::uint8_t* at(int y);
+    /// The pixel at (region.x0, y), after which `rows` rows may be written.
+    std::uint8_t* at(int y, int rows = 1);
+    std::size_t rowBytes() const { return canvas_.rowBytes_; }
     /// Lays the ground in the rows below the region.
     void finish();
 

@@ -9,9 +9,11 @@ Canvas::FreshRows::FreshRows(Canvas& canvas, const PixelRect& region)
   canvas.pristine_ = false;
 }
 
-std::uint8_t* Canvas::FreshRows::at(int y) {
+std::uint8_t* Canvas::FreshRows::at(int y, int rows) {
   std::uint8_t* line = canvas_.rowAt(y);
-  canvas_.layBeside(line, region_);
+  if (region_.width() < canvas_.bounds_.width()) {
+    for (int row = 0; row < rows; ++row) canvas_.layBeside(canvas_.rowAt(y + row), region_);
+  }
   return line + static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0) * 4;
 }
 

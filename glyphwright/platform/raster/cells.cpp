@@ -91,7 +91,7 @@ template <typename Cell>
 void accumulate(std::span<const Edge> edges, const CellBand<Cell>& band, const Kernels& kernels) {
   Accumulator<Cell> accumulator(band, kernels);
   EdgeRows rows(edges, band.firstRow * kUnitsPerPixel, band.rows,
-                static_cast<std::int32_t>(band.stride));
+                static_cast<std::int32_t>(band.stride), band.left);
   Pieces pieces;
   while (kernels.cutEdges(rows, pieces), pieces.count > 0) {
     kernels.cellAmounts(pieces);

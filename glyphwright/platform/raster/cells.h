@@ -28,8 +28,9 @@ struct CellBand {
   /// One byte a block, row after row, set to 1 where an edge wrote; null when the rows are read
   /// whole.
   std::uint8_t* touched = nullptr;
-  int firstRow = 0;  // of the region
+  int firstRow = 0;  // in rows of the region; negative where the band begins above it
   int rows = 0;
+  int left = 0;  // cells from a row's start to where x counts from
 };
 
 /// Adds the parts of the edges that lie inside the band's rows.

@@ -125,14 +125,20 @@ struct EdgesAtHand {
 /// Rows of a region, and the edges that are to be cut into them.
 struct EdgeRows {
   EdgeRows(std::span<const Edge> list, std::int32_t topUnits, std::int32_t rowCount,
-           std::int32_t cellStride)
-      : edges(list.data()), count(list.size()), top(topUnits), rows(rowCount), stride(cellStride) {}
+           std::int32_t cellStride, std::int32_t firstCell)
+      : edges(list.data()),
+        count(list.size()),
+        top(topUnits),
+        rows(rowCount),
+        stride(cellStride),
+        left(firstCell) {}
 
   const Edge* edges;
   std::size_t count;
   std::int32_t top;  // of the first row, in units
   std::int32_t rows;
   std::int32_t stride;  // cells from row to row
+  std::int32_t left;    // where x counts from, in cells from a row's start
   // Where to go on, for whoever cuts them.
   std::size_t next = 0;
   std::int32_t nextRow = 0;
@@ -149,7 +155,7 @@ struct Pieces {
   float xa[kCapacity];  // in pixels from the row's start, never below 0 by more than a hair
   float xb[kCapacity];
   std::int32_t cover[kCapacity];  // height in units, negative for pieces running up
-  /// The row's first cell; becomes the first of the cells that the piece changes.
+  /// Where x counts from; becomes the first of the cells that the piece changes.
   std::int32_t cell[kCapacity];
   /// What the cells change by: nothing for pieces that are too wide.
   std::int16_t amounts[kCapacity][kPieceCells];
@@ -200,6 +206,9 @@ struct CellRows {
   std::size_t rows;
   std::size_t width;  // pixels a row, at most the stride
   FillRule rule;
+  /// Cells left of each row's first one, which count for all pixels of the row: whole blocks. They
+  /// are part of the stride.
+  std::size_t before = 0;
 };
 
 /// The loops that touch pixels. One table for each instruction set, all equal to the scalar one
@@ -255,6 +264,10 @@ struct Kernels {
                           const std::uint32_t* colors);
   void (*blendCellsByRow)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                           const std::uint32_t* colors);
+  /// Two shapes in the same pixels, one painted over the other over nothing.
+  void (*writeTwoCells)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& below,
+                        const CellRows& above, const SolidColor& belowColor,
+                        const SolidColor& aboveColor);
   /// Pixels := colour × coverage, whatever was there.
   void (*writeSolid)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                      const SolidColor& color);
@@ -299,22 +312,33 @@ struct Kernels {
   void (*filterAlong)(const FilterRows& rows, const std::uint16_t* in, std::size_t inStride,
                       const std::int16_t* taps, std::size_t reach);
   /// Prepares cubics, given as x and y of their four points in device pixels. Writes whole eights.
-  void (*prepareCurves)(const double* const* curves, std::size_t count, const CurvePen& pen,
-                        PreparedCurve* out);
-  /// Samples a cubic that may bend more tightly than the pen and puts down the corners of both
-  /// sides, without those of its ends. It must have a direction everywhere.
-  void (*bendCurve)(const StrokeCurve& curve, BentCurve& out);
+  void (*prepareSegments)(const double* const* curves, std::size_t count, const SegmentPen& pen,
+                          const StrokeSegments& out);
+  /// The corners between each of `count` segments and the one listed after it. Reads one segment
+  /// more than whole eights, and writes whole eights.
+  void (*joinSegments)(const StrokeSegments& segments, std::size_t count, const NodePen& pen,
+                       StrokeNode* out);
+  /// Samples a cubic that may bend more tightly than the pen, `half` of whose width is given, and
+  /// puts down the corners of both sides, without those of its ends. It must have a direction
+  /// everywhere.
+  void (*bendCurve)(const StrokeCubic& curve, float half, int chords, BentCurve& out);
   /// Samples both sides of a cubic under a pen at its chords' ends but the first; the last one is
   /// not exact. Inner samples are moved out of each side's hollow so that its chords keep the area.
-  /// False when the curve bends more tightly than the pen, where the sides would run backwards.
-  /// Writes whole eights.
-  bool (*strokeCurve)(const StrokeCurve& curve, const StrokeCorners& out);
+  /// Where the curve does not follow the pen, a side means something only if it is the one that
+  /// does not fold. Writes whole eights.
+  PenBend (*strokeCurve)(const StrokeCubic& curve, float half, int chords,
+                         const StrokeCorners& out);
   /// The box around corners.
   CornerBox (*boxCorners)(const float* x, const float* y, std::size_t count);
-  /// Takes lines from corner to corner, eight at a time, and counts each run downwards in all rows
-  /// that its eight reach: `changes`, of which there are rows + 1, gain what begins in a row and
-  /// lose what ended in the one before. Heights are in units and clamped to the rows.
-  void (*countRuns)(const std::int32_t* y, std::size_t lines, int rows, int* changes);
+  /// Makes edges of one corner to the next, moved by `shift` pixels, or of each corner to the one
+  /// before when `backwards`: count − 1 in number. Gives the number of runs downwards, like
+  /// joinCorners. Reads and writes whole eights.
+  int (*joinRing)(const float* x, const float* y, std::size_t count, const RingShift& shift,
+                  bool backwards, Edge* edges);
+  /// Takes edges in order, eight at a time, and counts each run downwards in all rows that its
+  /// eight reach: `changes`, of which there are rows + 1, gain what begins in a row and lose what
+  /// ended in the one before. Heights are clamped to the rows.
+  void (*countRuns)(const Edge* edges, std::size_t count, int rows, int* changes);
   /// Places corners in a frame, the last one first when `backwards`. Reads up to eight corners
   /// beyond them, or ahead of them when backwards, and writes whole eights.
   void (*placeCorners)(const float* x, const float* y, std::size_t count, bool backwards,

@@ -20,14 +20,14 @@ std::size_t Scratch::keptBytes() const {
   return bytes(devicePoints) + bytes(edges.storage) + bytes(edges.segments) + bytes(edges.curves) +
          bytes(edges.cornerX) + bytes(edges.cornerY) + bytes(edges.contourEnds) +
          bytes(outline.left.x) + bytes(outline.left.y) + bytes(outline.right.x) +
-         bytes(outline.right.y) + bytes(outline.contours) + bytes(outline.curves) +
-         bytes(outline.raised) + bytes(outline.prepared) + bytes(outline.bent) +
-         bytes(outline.nodes) + bytes(outline.outside) + bytes(outline.rowUnits) +
-         bytes(sortedEdges) + bytes(activeEdges) + bytes(bandStarts) + bytes(narrowCells) +
-         bytes(wideCells) + bytes(touched) + bytes(coverage) + bytes(clippedCoverage) +
-         bytes(sourceRow) + bytes(casterMask) + bytes(insideMask) + bytes(filterRows) +
-         bytes(filterSources) + bytes(taps.taps) + bytes(ramp) + bytes(rowColors) +
-         (upper == nullptr ? 0 : upper->keptBytes());
+         bytes(outline.right.y) + bytes(outline.contours) + bytes(outline.listed) +
+         bytes(outline.curves) + bytes(outline.raised) + outline.segments.keptBytes() +
+         bytes(outline.bent) + bytes(outline.nodes) + bytes(outline.outside) +
+         bytes(outline.rowUnits) + bytes(sortedEdges) + bytes(activeEdges) + bytes(bandStarts) +
+         bytes(narrowCells) + bytes(wideCells) + bytes(touched) + bytes(coverage) +
+         bytes(clippedCoverage) + bytes(sourceRow) + bytes(casterMask) + bytes(insideMask) +
+         bytes(filterRows) + bytes(filterSources) + bytes(taps.taps) + bytes(ramp) +
+         bytes(rowColors) + (upper == nullptr ? 0 : upper->keptBytes());
 }
 
 void Scratch::trim() {

@@ -16,30 +16,72 @@ constexpr int kBeyond = kBlock;
 // Beyond this many pixels only the direction counts.
 constexpr float kFarthest = 1e9F;
 
-// Runs round the rings of an outline, eight corners at a time. Where the region cuts a ring, the
-// lines that leave the region are cut one by one.
-class RingWriter : public CuttingWriter {
+bool isNear(const DeviceBox& box, const PixelRect& region) {
+  return box.minX >= region.x0 - kBeyond && box.minY >= region.y0 - kBeyond &&
+         box.maxX <= region.x1 + kBeyond && box.maxY <= region.y1 + kBeyond;
+}
+
+// Runs round the rings of an outline that is not cut, eight corners at a time.
+class WholeRings : public EdgeWriter {
  public:
-  RingWriter(EdgeList& out, const PixelRect& region, const DeviceBox& box, StrokeOutline& outline,
-             const Kernels& kernels)
+  WholeRings(EdgeList& out, const PixelRect& region, const DeviceBox& box,
+             const StrokeOutline& outline, const Kernels& kernels)
+      : EdgeWriter(out, region), outline_(outline), kernels_(kernels) {
+    out.beyondLeft = box.minX < region.x0 ? kBeyond : 0;
+    out.beyondRight = box.maxX > region.x1 ? kBeyond : 0;
+    shift_ = {static_cast<float>(outline.originX - region.x0 + out.beyondLeft),
+              static_cast<float>(outline.originY - region.y0)};
+  }
+
+  void contour(const StrokeOutline::Contour& c) {
+    const OutlineSide& left = outline_.left;
+    const OutlineSide& right = outline_.right;
+    if (c.isClosed) {
+      // With the corner that stands once more at the end.
+      if (c.leftBegin < c.leftEnd) join(left, c.leftBegin, c.leftEnd + 1, false);
+      if (c.rightBegin < c.rightEnd) join(right, c.rightBegin, c.rightEnd + 1, true);
+      return;
+    }
+    join(left, c.leftBegin, c.leftEnd, false);
+    join(right, c.rightBegin, c.rightEnd, true);
+    cross(left, right, c.leftEnd - 1, c.rightEnd - 1);
+    cross(right, left, c.rightBegin, c.leftBegin);
+  }
+
+ private:
+  static constexpr std::size_t kEight = 8;
+
+  void join(const OutlineSide& side, std::size_t begin, std::size_t end, bool backwards) {
+    makeRoom(end - begin + kEight);
+    runs_ += 2 * kernels_.joinRing(side.x.data() + begin, side.y.data() + begin, end - begin,
+                                   shift_, backwards, out_.storage.data() + count_);
+    count_ += end - begin - 1;
+  }
+
+  // From side to side at the end of an open contour.
+  void cross(const OutlineSide& from, const OutlineSide& to, std::size_t i, std::size_t j) {
+    const float x[] = {from.x[i], to.x[j]};
+    const float y[] = {from.y[i], to.y[j]};
+    makeRoom(1);
+    runs_ += 2 * scalarKernels().joinRing(x, y, 2, shift_, false, out_.storage.data() + count_);
+    ++count_;
+  }
+
+  const StrokeOutline& outline_;
+  const Kernels& kernels_;
+  RingShift shift_;
+};
+
+// The same where the region cuts the outline: lines that leave it are cut one by one.
+class CutRings : public CuttingWriter {
+ public:
+  CutRings(EdgeList& out, const PixelRect& region, StrokeOutline& outline, const Kernels& kernels)
       : CuttingWriter(out, region),
         kernels_(kernels),
         outline_(outline),
-        isWhole_(box.minX >= region.x0 - kBeyond && box.minY >= region.y0 - kBeyond &&
-                 box.maxX <= region.x1 + kBeyond && box.maxY <= region.y1 + kBeyond) {
-    if (isWhole_) {
-      out.beyondLeft = box.minX < region.x0 ? kBeyond : 0;
-      out.beyondRight = box.maxX > region.x1 ? kBeyond : 0;
-    }
-    const int beyond = isWhole_ ? kBeyond : 0;
-    frame_ = {static_cast<float>(outline.originX - region.x0 + out.beyondLeft),
-              static_cast<float>(outline.originY - region.y0),
-              static_cast<float>(region.width() + out.beyondLeft + out.beyondRight),
-              static_cast<float>(region.height() + beyond), static_cast<float>(-beyond)};
-  }
-
-  /// How many corners stand one ring after another, where nothing was cut.
-  std::size_t keptCorners() const { return corners_; }
+        frame_{static_cast<float>(outline.originX - region.x0),
+               static_cast<float>(outline.originY - region.y0), static_cast<float>(region.width()),
+               static_cast<float>(region.height())} {}
 
   void contour(const StrokeOutline::Contour& c) {
     const Stretch left{&outline_.left, c.leftBegin, c.leftEnd, false};
@@ -71,23 +113,21 @@ class RingWriter : public CuttingWriter {
     const std::size_t masks = (first.size() + kEight - 1) / kEight;
     const bool firstLeaves = place(first, 0, 0);
     const bool secondLeaves = second.size() > 0 && place(second, first.size(), masks);
-    out_.cornerX[corners_ + corners] = out_.cornerX[corners_];
-    out_.cornerY[corners_ + corners] = out_.cornerY[corners_];
+    out_.cornerX[corners] = out_.cornerX[0];
+    out_.cornerY[corners] = out_.cornerY[0];
     if (firstLeaves || secondLeaves) {
       cutRing(first, second);
     } else {
       join(0, corners);
     }
-    if (isWhole_) corners_ += corners + 1;
   }
 
-  // True when a corner lies too far outside the region.
+  // True when a corner lies outside the region.
   bool place(const Stretch& s, std::size_t to, std::size_t mask) {
     std::uint8_t* outside = outline_.outside.data() + mask;
-    kernels_.placeCorners(
-        s.side->x.data() + s.begin, s.side->y.data() + s.begin, s.size(), s.backwards, frame_,
-        {out_.cornerX.data() + corners_ + to, out_.cornerY.data() + corners_ + to, outside});
-    if (isWhole_) return false;
+    kernels_.placeCorners(s.side->x.data() + s.begin, s.side->y.data() + s.begin, s.size(),
+                          s.backwards, frame_,
+                          {out_.cornerX.data() + to, out_.cornerY.data() + to, outside});
     unsigned any = 0;
     for (std::size_t i = 0; i < (s.size() + kEight - 1) / kEight; ++i) any |= outside[i];
     return any != 0;
@@ -96,9 +136,8 @@ class RingWriter : public CuttingWriter {
   // Edges of the placed corners `first` to `last`.
   void join(std::size_t first, std::size_t last) {
     makeRoom(last - first + kEight);
-    runs_ += 2 * kernels_.joinCorners(out_.cornerX.data() + corners_ + first,
-                                      out_.cornerY.data() + corners_ + first, last - first + 1,
-                                      out_.storage.data() + count_);
+    runs_ += 2 * kernels_.joinCorners(out_.cornerX.data() + first, out_.cornerY.data() + first,
+                                      last - first + 1, out_.storage.data() + count_);
     count_ += last - first;
   }
 
@@ -140,7 +179,7 @@ class RingWriter : public CuttingWriter {
 
   // Whole eights are written.
   void makeCornerRoom(std::size_t corners) {
-    const std::size_t wanted = corners_ + corners + 2 * kEight;
+    const std::size_t wanted = corners + 2 * kEight;
     if (out_.cornerX.size() < wanted) {
       out_.cornerX.resize(2 * wanted);
       out_.cornerY.resize(2 * wanted);
@@ -153,8 +192,6 @@ class RingWriter : public CuttingWriter {
 
   const Kernels& kernels_;
   StrokeOutline& outline_;
-  bool isWhole_;
-  std::size_t corners_ = 0;  // kept
   CornerFrame frame_;
 };
 
@@ -190,19 +227,47 @@ int windingOf(std::span<const Edge> edges, int rows, std::vector<int>& units) {
   return (most + kUnitsPerPixel - 1) >> kUnitShift;
 }
 
-// The same for rings of corners one after another, more than there is, but nearly always little
-// enough. Lines from ring to ring do no harm, since a run passes any height once at most.
-int roughWindingOf(const std::int32_t* y, std::size_t corners, int rows, const Kernels& kernels,
+// The same for the edges of whole rings: more than there is, but nearly always little enough.
+int roughWindingOf(std::span<const Edge> edges, int rings, int rows, const Kernels& kernels,
                    std::vector<int>& changes) {
   changes.assign(static_cast<std::size_t>(rows) + 1, 0);
-  kernels.countRuns(y, corners - 1, rows, changes.data());
+  kernels.countRuns(edges.data(), edges.size(), rows, changes.data());
   int most = 0;
   int now = 0;
   for (const int change : changes) most = std::max(most, now += change);
-  return most;
+  // The end of a ring and the start of the next one may have been taken for one run.
+  return most + rings;
 }
 
 }  // namespace
+
+const StrokeSegments& SegmentMemory::roomFor(std::size_t count) {
+  const std::size_t wanted = count + 16;
+  if (cubics_.size() >= wanted) return lists_;
+  const std::size_t room = 2 * wanted;
+  cubics_.resize(room);
+  values_.resize(8 * room);
+  counts_.resize(2 * room);
+  nodes_.resize(room);
+  float* v = values_.data();
+  lists_ = {cubics_.data(),
+            v,
+            v + room,
+            v + 2 * room,
+            v + 3 * room,
+            v + 4 * room,
+            v + 5 * room,
+            v + 6 * room,
+            v + 7 * room,
+            counts_.data(),
+            counts_.data() + room};
+  return lists_;
+}
+
+std::size_t SegmentMemory::keptBytes() const {
+  return cubics_.capacity() * sizeof(StrokeCubic) + values_.capacity() * sizeof(float) +
+         counts_.capacity() * sizeof(std::int32_t) + nodes_.capacity() * sizeof(StrokeNode);
+}
 
 void OutlineSide::grow(std::size_t corners) {
   room = 2 * (count + corners);
@@ -249,19 +314,22 @@ DeviceBox boxOf(StrokeOutline& outline, const Kernels& kernels) {
 
 void edgesOfOutline(StrokeOutline& outline, const DeviceBox& box, const PixelRect& region,
                     const Kernels& kernels, EdgeList& out) {
-  std::size_t placed = 0;
-  {
-    RingWriter writer(out, region, box, outline, kernels);
-    for (const StrokeOutline::Contour& c : outline.contours) writer.contour(c);
-    placed = writer.keptCorners();
+  int ringCount = 0;
+  if (isNear(box, region)) {
+    ringCount = static_cast<int>(2 * outline.contours.size());
+    WholeRings rings(out, region, box, outline, kernels);
+    for (const StrokeOutline::Contour& c : outline.contours) rings.contour(c);
+  } else {
+    CutRings rings(out, region, outline, kernels);
+    for (const StrokeOutline::Contour& c : outline.contours) rings.contour(c);
   }
   // A stroke has a run on either side of each of the path's, but they seldom lie abreast.
   const auto lower = [&](int winding) {
     out.verticalRuns = std::min(out.verticalRuns, 2 * winding);
   };
   const auto isHigh = [&] { return out.verticalRuns / 2 > kNarrowWindingLimit; };
-  if (isHigh() && placed > 0) {
-    lower(roughWindingOf(out.cornerY.data(), placed, region.height(), kernels, outline.rowUnits));
+  if (isHigh() && ringCount > 0) {
+    lower(roughWindingOf(out.edges(), ringCount, region.height(), kernels, outline.rowUnits));
   }
   if (isHigh()) lower(windingOf(out.edges(), region.height(), outline.rowUnits));
 }

@@ -75,7 +75,4 @@ struct SegmentEnd {
   bool isTight = false;
 };
 
-// Two directions closer than this (cosine of about 0.5°) meet without a join.
-inline constexpr double kSameDirection = 0.99996;
-
 }  // namespace glyphwright::raster::pen

@@ -17,35 +17,60 @@ struct StrokeCubic {
   float changeX, changeY;  // a
 };
 
-/// A cubic under a round pen.
-struct StrokeCurve : StrokeCubic {
-  float half;  // of the pen's width
-  int count;   // of chords
-};
-
-/// What cubics are prepared for.
-struct CurvePen {
+/// What segments are prepared for.
+struct SegmentPen {
   double originX, originY;  // of the outline
   float half;               // of the pen's width
-  // What the chords' number grows with: the roots of its bend in pixels and of the square of its
-  // turn in radians, times these.
+  // What the chords' number grows with: the roots of a curve's bend in pixels and of the square of
+  // its turn in radians, times these.
   float bendFactor;
   float turnFactor;
 };
 
-/// A cubic ready to be stroked.
-struct PreparedCurve : StrokeCubic {
-  const StrokeCubic& cubic() const { return *this; }
-
-  float startAlongX, startAlongY;  // unit vectors along the curve where it starts and ends
-  float endAlongX, endAlongY;
-  float startLength, endLength;  // of the first and the last of `count` chords, roughly
-  /// Of chords; 0 when the curve bends more tightly than the pen from its start on.
-  int count;
-  /// As many as it takes where it does; 0 when it has no direction at one of its ends, or turns by
-  /// more than a third: then nothing else is set.
-  int tightCount;
+/// Lists of what is known of segments, a value for each. Lines are cubics that do not bend.
+struct StrokeSegments {
+  StrokeCubic* cubics;
+  float* startX;  // from the outline's origin
+  float* startY;
+  float* startAlongX;  // unit vectors along the segment where it starts and ends
+  float* startAlongY;
+  float* endAlongX;
+  float* endAlongY;
+  float* startLength;  // of the first and the last of its chords, roughly
+  float* endLength;
+  /// How many chords it takes; less than 0, and as many, when it bends more tightly than the pen
+  /// where it starts.
+  std::int32_t* chords;
+  /// As many as it takes when it may bend more tightly than the pen anywhere; 0 when it has no
+  /// direction at one of its ends, or turns by more than a third: then nothing else is set.
+  std::int32_t* bentChords;
 };
+
+/// How the sides of neighbouring segments are joined.
+struct NodePen {
+  float half;  // of the pen's width
+  /// Directions whose sine has less than this square meet without a join.
+  float sameSquare;
+  /// Half the square of the miter limit; 0 for joins without miters.
+  float halfMiterSquare;
+};
+
+/// The corners of one side of a node between two segments: one to three.
+struct NodeSide {
+  float x[3];
+  std::int32_t count;
+  float y[3];
+  float unused;
+};
+struct StrokeNode {
+  NodeSide left;
+  NodeSide right;
+};
+
+/// How a curve bends under a pen: less tightly than that; so tightly everywhere that its left or
+/// its right side would run backwards all along; or now so and now so.
+inline constexpr float kFoldTurn = 0.8F;  // half the width times the curvature
+enum class PenBend : std::uint8_t { follows, foldsLeft, foldsRight, mixed };
 
 /// Where a tightly bent curve goes: its samples with both ends, one more than it has chords, and
 /// the corners of both sides, three for each inner sample at most. There is room for three corners
@@ -78,6 +103,11 @@ struct CornerBox {
   float maxX;
   float maxY;
   bool hasNaN;
+};
+
+/// From the outline's origin to a region's corner, in pixels.
+struct RingShift {
+  float x, y;
 };
 
 /// Where corners come to lie: moved by `shift`, inside a region or not.

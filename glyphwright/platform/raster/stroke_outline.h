@@ -30,6 +30,10 @@ struct OutlineSide {
     y[count] = py;
     ++count;
   }
+  /// Puts the first corner of a ring behind its last one.
+  void close(std::size_t begin) {
+    if (begin < count) put(x[begin], y[begin]);
+  }
   void put(const float* px, const float* py, std::size_t corners) {
     makeRoom(corners);
     std::copy_n(px, corners, x.data() + count);
@@ -41,17 +45,48 @@ struct OutlineSide {
   void grow(std::size_t corners);
 };
 
+/// Working memory for the segments of strokes; lists grow only.
+class SegmentMemory {
+ public:
+  /// Room for `count` segments and the eights that loops read and write beyond them.
+  const StrokeSegments& roomFor(std::size_t count);
+  const StrokeSegments& lists() const { return lists_; }
+  const std::vector<StrokeNode>& nodes() const { return nodes_; }
+  StrokeNode* nodeData() { return nodes_.data(); }
+  std::size_t keptBytes() const;
+
+ private:
+  std::vector<StrokeCubic> cubics_;
+  std::vector<float> values_;
+  std::vector<std::int32_t> counts_;
+  std::vector<StrokeNode> nodes_;
+  StrokeSegments lists_{};
+};
+
 /// The outline of a stroke. Where a contour is closed, its left side is one ring of corners and its
 /// right side, run backwards, another. Where it is open, the left side, the right side run
 /// backwards and the two straight ends between them are one ring. All rings wind the stroke's area
 /// the same way, so that the non-zero rule gives their union.
 struct StrokeOutline {
-  /// Corners `begin` to `end` of both sides. Discs and caps have nothing on the right.
+  /// Corners `begin` to `end` of both sides; the first one stands once more behind the last one of
+  /// a closed side. Discs and caps have nothing on the right.
   struct Contour {
     std::size_t leftBegin;
     std::size_t leftEnd;
     std::size_t rightBegin;
     std::size_t rightEnd;
+    bool isClosed;
+  };
+
+  /// A contour of the path: verbs from `verb` to `verbEnd`, points from `point` on, and the
+  /// segments that it has a place for in the lists. After those of a closed one its first segment
+  /// stands once more.
+  struct Listed {
+    std::size_t verb;
+    std::size_t verbEnd;
+    std::size_t point;
+    std::size_t segment;
+    std::size_t segmentCount;
     bool isClosed;
   };
 
@@ -62,12 +97,13 @@ struct StrokeOutline {
   OutlineSide left;
   OutlineSide right;
   std::vector<Contour> contours;
-  /// Working memory for curves: each one's four points as x and y, those of raised quadratics, and
-  /// what is known of them.
+  /// Working memory: the path's contours, each segment's four points as x and y, those of lines and
+  /// quadratics raised to cubics, and what is known of segments.
+  std::vector<Listed> listed;
   std::vector<const double*> curves;
   std::vector<CGPoint> raised;
-  std::vector<PreparedCurve> prepared;
-  /// For those that are bent more tightly than the pen.
+  SegmentMemory segments;
+  /// For curves that are bent more tightly than the pen.
   std::vector<float> bent;
   /// For those that are followed with care.
   std::vector<pen::Node> nodes;
@@ -80,6 +116,12 @@ struct StrokeOutline {
     left.clear();
     right.clear();
     contours.clear();
+  }
+  /// Ends a closed contour whose sides began here.
+  void closeRings(std::size_t leftBegin, std::size_t rightBegin) {
+    contours.push_back({leftBegin, left.count, rightBegin, right.count, true});
+    left.close(leftBegin);
+    right.close(rightBegin);
   }
 };
 

@@ -27,8 +27,16 @@ StrokePen::StrokePen(double width, const StrokeStyle& style, double tolerance,
   toOutline_.tx -= out.originX;
   toOutline_.ty -= out.originY;
   // The offsets of two directions are half·θ apart, and the cosine falls short of one by θ²/2.
-  const double angle = std::min(kSmoothPart * tolerance / half_, 0.1);
-  sameDirection_ = 1 - angle * angle * 0.5;
+  sameAngle_ = std::min(kSmoothPart * tolerance / half_, 0.1);
+  sameDirection_ = 1 - sameAngle_ * sameAngle_ * 0.5;
+}
+
+NodePen StrokePen::nodePen() const {
+  const bool hasMiters = style_.join == CGLineJoin::miter && style_.miterLimit >= 1;
+  // Miter length / width = 1 / cos(half the turn), and that cosine's square is (1 + cos turn)/2.
+  const double halfSquare = hasMiters ? style_.miterLimit * style_.miterLimit * 0.5 : 0;
+  return {static_cast<float>(half_), static_cast<float>(sameAngle_ * sameAngle_),
+          static_cast<float>(std::min(halfSquare, 1e30))};
 }
 
 CGLineCap StrokePen::foldStyle() const {
@@ -178,7 +186,7 @@ void StrokePen::halfDisc(OutlineSide& side, Vector center, Vector from, Vector f
 
 // A ring of its own, drawn on the left side's corners.
 void StrokePen::endRing(std::size_t begin) const {
-  out_.contours.push_back({begin, out_.left.count, 0, 0, true});
+  out_.closeRings(begin, out_.right.count);
 }
 
 void StrokePen::cap(Vector at, Vector forward, CGLineCap style) const {

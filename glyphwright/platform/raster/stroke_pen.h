@@ -18,6 +18,9 @@ class StrokePen {
   StrokeOutline& outline() const { return out_; }
   CGLineCap capStyle() const { return style_.cap; }
   CGLineCap foldStyle() const;
+  bool hasRoundJoins() const { return style_.join == CGLineJoin::round; }
+  /// The joins without their roundings, for the loop that works them out.
+  NodePen nodePen() const;
 
   /// Both sides of the line across the path at `at`, which runs in `direction`.
   void across(pen::Vector at, pen::Vector direction) const;
@@ -48,7 +51,8 @@ class StrokePen {
   bool onDevice_;
   StrokeOutline& out_;
   double arcStepCosine_;
-  double sameDirection_;  // directions with a cosine above this meet without a join
+  double sameAngle_;      // directions that are nearer than this meet without a join
+  double sameDirection_;  // and the cosine of that
 };
 
 }  // namespace glyphwright::raster

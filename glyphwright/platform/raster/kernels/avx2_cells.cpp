@@ -1,33 +1,15 @@
 #include <glyphwright/platform/raster/kernels/avx2.h>
 
-#include <algorithm>
-#include <bit>
-#include <cstring>
 #include <type_traits>
 
 #include <glyphwright/platform/raster/kernels/avx2_blend.h>
 #include <glyphwright/platform/raster/kernels/avx2_lanes.h>
-#include <glyphwright/platform/raster/kernels/avx2_rows.h>
+#include <glyphwright/platform/raster/kernels/avx2_row_painter.h>
 
 // Sixteen cells at a time become coverage or pixels; scalar_pixels.cpp says what each loop
 // computes.
 namespace glyphwright::raster::avx2 {
 namespace {
-
-template <FillRule rule>
-__m256i foldWinding(__m256i sums) {
-  const __m256i full = _mm256_set1_epi16(kUnitsPerPixel);
-  if constexpr (rule == FillRule::nonZero) {
-    return _mm256_min_epi16(_mm256_abs_epi16(sums), full);
-  } else {
-    const __m256i phase = _mm256_and_si256(sums, _mm256_set1_epi16(2 * kUnitsPerPixel - 1));
-    return _mm256_min_epi16(phase, _mm256_sub_epi16(_mm256_set1_epi16(2 * kUnitsPerPixel), phase));
-  }
-}
-
-__m256i fractions(__m256i units) {
-  return _mm256_sub_epi16(_mm256_slli_epi16(units, 5), _mm256_srli_epi16(units, 10));
-}
 
 template <FillRule rule>
 int sumNarrowBy(std::int16_t* cells, std::size_t count, int carry, std::uint16_t* coverage) {
@@ -53,136 +35,6 @@ void sumInsetBy(std::int16_t* cells, std::size_t count, std::uint16_t* around,
     const __m256i covered = foldWinding<FillRule::evenOdd>(sums);
     store(around + i, fractions(_mm256_sub_epi16(full, covered)));
     store(inside + i, fractions(rule == FillRule::evenOdd ? covered : foldWinding<rule>(sums)));
-  }
-}
-
-// A bit for each of up to 64 blocks, set where it was touched.
-std::uint64_t touchedBits(const std::uint8_t* touched, std::size_t count) {
-  const auto half = [&](std::size_t from) {
-    if (from >= count) return std::uint64_t{0};
-    const __m256i none = _mm256_cmpeq_epi8(load(touched + from), _mm256_setzero_si256());
-    return std::uint64_t{~static_cast<std::uint32_t>(_mm256_movemask_epi8(none))};
-  };
-  return half(0) | half(32) << 32;
-}
-
-std::uint64_t touchedBits(const TwoRows& rows, const std::uint8_t* touched, std::size_t count) {
-  return touchedBits(touched, count) | touchedBits(touched + rows.cellStride / kBlock, count);
-}
-std::uint64_t touchedBits(const OneRow& /*rows*/, const std::uint8_t* touched, std::size_t count) {
-  return touchedBits(touched, count);
-}
-
-// One row or two, from left to right.
-template <FillRule rule, typename Rows, typename Painter>
-class RowPainter {
- public:
-  RowPainter(const Rows& rows, std::int16_t* cells, const Painter& painter, std::uint8_t* rgba)
-      : rows_(rows), cells_(cells), rgba_(rgba), painter_(painter) {}
-
-  // Stretches of Rows::kPixels.
-  void sum(std::size_t stretches) {
-    for (; stretches > 0; --stretches) {
-      painter_.paint(rows_, rgba_, foldWinding<rule>(sums_.next(rows_.take(cells_))));
-      cells_ += Rows::kPixels;
-      rgba_ += Rows::kPixels * 4;
-    }
-  }
-  void sumWhereTouched(const std::uint8_t* touched, std::size_t blocks) {
-    for (std::size_t from = 0; from < blocks; from += 64) {
-      const std::size_t count = std::min(blocks - from, std::size_t{64});
-      std::uint64_t set = touchedBits(rows_, touched + from, count);
-      for (std::size_t at = 0; at < count;) {
-        const std::size_t gap =
-            std::min(static_cast<std::size_t>(std::countr_zero(set)), count - at);
-        if (gap > 0) {
-          painter_.goOn(rows_, rgba_, gap, from + at == 0, foldWinding<rule>(sums_.sum()));
-          cells_ += gap * kBlock;
-          rgba_ += gap * kBlock * 4;
-          at += gap;
-          if (at == count) break;
-          set >>= gap;
-        }
-        const std::size_t run =
-            std::min(static_cast<std::size_t>(std::countr_one(set)), count - at);
-        sumTouched(run * (kBlock / Rows::kPixels));
-        at += run;
-        set = run < 64 ? set >> run : 0;
-      }
-    }
-  }
-  template <typename End>
-  void finish(const End& end) {
-    painter_.paint(end, rgba_, end.cut(foldWinding<rule>(sums_.next(rows_.take(cells_)))));
-    cells_ += Rows::kPixels;
-  }
-  // Sets the cells that are left back to zero.
-  void clearUntil(const std::int16_t* end) {
-    for (; cells_ < end; cells_ += Rows::kPixels) rows_.take(cells_);
-  }
-
- private:
-  // Of these, few are empty: asking would cost more than painting them.
-  void sumTouched(std::size_t stretches) {
-    for (; stretches > 0; --stretches) {
-      painter_.paintAny(rows_, rgba_, foldWinding<rule>(sums_.next(rows_.take(cells_))));
-      cells_ += Rows::kPixels;
-      rgba_ += Rows::kPixels * 4;
-    }
-  }
-
-  const Rows rows_;
-  std::int16_t* cells_;
-  std::uint8_t* rgba_;
-  const Painter& painter_;
-  typename Rows::Sums sums_{};
-};
-
-// Rows from `from` up to but not including `until`, as many at a time as `layout` says.
-template <FillRule rule, typename Rows, typename End, typename PainterOf>
-void paintRows(std::uint8_t* rgba, const CellRows& rows, const Rows& layout, std::size_t from,
-               std::size_t until, const End& end, const PainterOf& painterOf) {
-  const std::size_t stride = rows.stride;
-  const std::size_t blocks = rows.width / kBlock;
-  const std::size_t cut = rows.width % Rows::kPixels;
-  for (std::size_t y = from; y < until; y += Rows::kRows) {
-    std::int16_t* const cells = rows.cells + y * stride;
-    const auto& painter = painterOf(layout, y);
-    RowPainter<rule, Rows, std::decay_t<decltype(painter)>> row(layout, cells, painter,
-                                                                rgba + y * layout.rowBytes);
-    if (rows.touched == nullptr) {
-      row.sum(rows.width / Rows::kPixels);
-    } else {
-      row.sumWhereTouched(rows.touched + y * (stride / kBlock), blocks);
-      row.sum(rows.width % kBlock / Rows::kPixels);
-    }
-    if (cut != 0) row.finish(end);
-    row.clearUntil(cells + stride);
-  }
-}
-
-// Two rows at a time, and the last ones, from which a whole stretch would reach too far, singly.
-template <FillRule rule, typename PainterOf>
-void paintCellsBy(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
-                  const PainterOf& painterOf) {
-  const std::size_t cut = rows.width % TwoRows::kPixels;
-  const std::size_t reach = cut == 0 ? 0 : (TwoRows::kPixels - cut) * 4;
-  const std::size_t last = std::min((reach + rowBytes - 1) / rowBytes, rows.rows);
-  const std::size_t paired = (rows.rows - last) / 2 * 2;
-  const TwoRows two{rowBytes, rows.stride};
-  paintRows<rule>(rgba, rows, two, 0, paired, TwoRowsEnd(two, cut), painterOf);
-  paintRows<rule>(rgba, rows, OneRow{rowBytes, rows.stride}, paired, rows.rows,
-                  OneRowEnd(rows.width % OneRow::kPixels), painterOf);
-}
-
-// `painterOf(rows, y)` gives what row `y`, or that and the next, are painted with.
-template <typename PainterOf>
-void paintCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
-                const PainterOf& painterOf) {
-  if (rows.rule == FillRule::nonZero) {
-    paintCellsBy<FillRule::nonZero>(rgba, rowBytes, rows, painterOf);
-  } else {
-    paintCellsBy<FillRule::evenOdd>(rgba, rowBytes, rows, painterOf);
   }
 }
 
@@ -224,16 +76,7 @@ class Writer {
   template <typename Rows>
   void goOn(const Rows& rows, std::uint8_t* rgba, std::size_t blocks, bool isStart,
             __m256i /*units*/) const {
-    for (std::size_t row = 0; row < Rows::kRows; ++row, rgba += rows.rowBytes) {
-      int pixel = 0;
-      if (!isStart) std::memcpy(&pixel, rgba - sizeof(pixel), sizeof(pixel));
-      const __m256i eight = _mm256_set1_epi32(pixel);
-      std::uint8_t* at = rgba;
-      for (std::size_t b = 0; b < blocks; ++b, at += std::size_t{kBlock} * 4) {
-        store(at, eight);
-        store(at + 32, eight);
-      }
-    }
+    repeatPixels(rows, rgba, blocks, isStart);
   }
 
  private:
@@ -286,12 +129,16 @@ class Blender {
   bool isOpaque_;
 };
 
-// One colour for all rows.
-template <typename Painter>
-auto evenly(const SolidColor& color) {
-  return [painter = Painter(color, color)](const auto& /*rows*/, std::size_t /*y*/) -> const auto& {
-    return painter;
-  };
+// `painterOf(layout, y)` gives what row `y`, or that and the next, are painted with.
+template <typename PainterOf>
+void paintCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                const PainterOf& painterOf) {
+  withRule(rows.rule, [&](auto rule) {
+    const auto shapeOf = [&](const auto& layout, std::size_t y) {
+      return ShapeUnits<rule(), std::decay_t<decltype(layout)>>(rows, y);
+    };
+    paintShape({rgba, rowBytes, rows.rows, rows.width}, shapeOf, painterOf);
+  });
 }
 
 template <typename Painter>
@@ -317,12 +164,12 @@ void sumInset(std::int16_t* cells, std::size_t count, FillRule rule, std::uint16
 
 void writeCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                 const SolidColor& color) {
-  paintCells(rgba, rowBytes, rows, evenly<Writer>(color));
+  paintCells(rgba, rowBytes, rows, evenly(Writer(color, color)));
 }
 
 void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                 const SolidColor& color) {
-  paintCells(rgba, rowBytes, rows, evenly<Blender>(color));
+  paintCells(rgba, rowBytes, rows, evenly(Blender(color, color)));
 }
 
 void writeCellsByRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,

@@ -1,6 +1,6 @@
 #include <glyphwright/platform/raster/kernels/avx2.h>
 
-#include <glyphwright/platform/raster/kernels/avx2_lanes.h>
+#include <glyphwright/platform/raster/kernels/avx2_edge_lanes.h>
 
 // From points to edges; scalar_edges.cpp says what each loop computes.
 namespace glyphwright::raster::avx2 {
@@ -111,28 +111,10 @@ int joinCorners(const float* x, const std::int32_t* y, std::size_t count, Edge* 
   int runs = 0;
   unsigned wasDown = 0;
   for (std::size_t i = 0; i + 1 < count; i += 8) {
-    const __m256 x0 = _mm256_loadu_ps(x + i);
-    const __m256 x1 = _mm256_loadu_ps(x + i + 1);
     const __m256i y0 = load(y + i);
     const __m256i y1 = load(y + i + 1);
-    // Edges i and i + 4 come to stand in one register.
-    const __m256d x01 = _mm256_castps_pd(_mm256_unpacklo_ps(x0, x1));
-    const __m256d x23 = _mm256_castps_pd(_mm256_unpackhi_ps(x0, x1));
-    const __m256d y01 = _mm256_castsi256_pd(_mm256_unpacklo_epi32(y0, y1));
-    const __m256d y23 = _mm256_castsi256_pd(_mm256_unpackhi_epi32(y0, y1));
-    const auto put = [&](std::size_t at, __m256d two) {
-      _mm256_storeu2_m128d(reinterpret_cast<double*>(edges + at + 4),
-                           reinterpret_cast<double*>(edges + at), two);
-    };
-    put(i, _mm256_unpacklo_pd(x01, y01));
-    put(i + 1, _mm256_unpackhi_pd(x01, y01));
-    put(i + 2, _mm256_unpacklo_pd(x23, y23));
-    put(i + 3, _mm256_unpackhi_pd(x23, y23));
-    unsigned isDown = bits(_mm256_cmpgt_epi32(y1, y0));
-    const std::size_t left = count - 1 - i;
-    if (left < 8) isDown &= (1U << left) - 1;
-    runs += __builtin_popcount(isDown & ~(isDown << 1 | wasDown));
-    wasDown = isDown >> 7;
+    storeEdges(edges + i, {_mm256_loadu_ps(x + i), _mm256_loadu_ps(x + i + 1), y0, y1});
+    runs += countDownRuns(_mm256_cmpgt_epi32(y1, y0), count - 1 - i, wasDown);
   }
   return runs;
 }

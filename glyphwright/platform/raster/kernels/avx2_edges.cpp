@@ -3,7 +3,7 @@
 #include <array>
 #include <cstring>
 
-#include <glyphwright/platform/raster/kernels/avx2_lanes.h>
+#include <glyphwright/platform/raster/kernels/avx2_edge_lanes.h>
 
 // Edges and pieces eight at a time; scalar_edges.cpp says what each loop computes.
 namespace glyphwright::raster::avx2 {
@@ -12,6 +12,20 @@ namespace {
 void storeHalves(std::int32_t* upper, std::int32_t* lower, __m256i value) {
   _mm256_storeu2_m128i(reinterpret_cast<__m128i*>(upper), reinterpret_cast<__m128i*>(lower), value);
 }
+
+// Finds where x counts from in each of eight rows.
+class FirstCells {
+ public:
+  explicit FirstCells(const EdgeRows& rows)
+      : stride_(_mm256_set1_epi32(rows.stride)), left_(_mm256_set1_epi32(rows.left)) {}
+  __m256i of(__m256i row) const {
+    return _mm256_add_epi32(_mm256_mullo_epi32(row, stride_), left_);
+  }
+
+ private:
+  __m256i stride_;
+  __m256i left_;
+};
 
 // Eight edges side by side, each running down.
 struct EdgeGroup {
@@ -24,18 +38,10 @@ struct EdgeGroup {
       for (std::size_t i = 0; i < 8; ++i) rest[i] = i < left ? edges[i] : Edge{};
       edges = rest;
     }
-    // Edges i and i + 4 in one register; then all x0, all x1, all y0, all y1.
-    const auto pair = [&](int i) { return _mm256_loadu2_m128(&edges[i + 4].x0, &edges[i].x0); };
-    const __m256 x01 = _mm256_unpacklo_ps(pair(0), pair(1));
-    const __m256 y01 = _mm256_unpackhi_ps(pair(0), pair(1));
-    const __m256 x23 = _mm256_unpacklo_ps(pair(2), pair(3));
-    const __m256 y23 = _mm256_unpackhi_ps(pair(2), pair(3));
-    const __m256 xFrom = _mm256_shuffle_ps(x01, x23, _MM_SHUFFLE(1, 0, 1, 0));
-    const __m256 xTo = _mm256_shuffle_ps(x01, x23, _MM_SHUFFLE(3, 2, 3, 2));
+    const EdgeEight e = loadEdges(edges);
     const __m256i top = _mm256_set1_epi32(rows.top);
-    const auto units = [&](__m256 v) { return _mm256_sub_epi32(_mm256_castps_si256(v), top); };
-    const __m256i yFrom = units(_mm256_shuffle_ps(y01, y23, _MM_SHUFFLE(1, 0, 1, 0)));
-    const __m256i yTo = units(_mm256_shuffle_ps(y01, y23, _MM_SHUFFLE(3, 2, 3, 2)));
+    const __m256 xFrom = e.x0, xTo = e.x1;
+    const __m256i yFrom = _mm256_sub_epi32(e.y0, top), yTo = _mm256_sub_epi32(e.y1, top);
     const __m256i rises = _mm256_cmpgt_epi32(yFrom, yTo);
     upperX = _mm256_blendv_ps(xFrom, xTo, _mm256_castsi256_ps(rises));
     lowerX = _mm256_blendv_ps(xTo, xFrom, _mm256_castsi256_ps(rises));
@@ -71,7 +77,7 @@ constexpr auto kChosenLanes = [] {
 // Writes the pieces of edges that lie inside one row.
 class SingleRows {
  public:
-  SingleRows(const EdgeRows& rows, const EdgeGroup& group) : stride_(rows.stride), group_(group) {
+  SingleRows(const EdgeRows& rows, const EdgeGroup& group) : group_(group) {
     const __m256i isLevel = _mm256_cmpeq_epi32(group.upperY, group.lowerY);
     const __m256i inOne = _mm256_cmpeq_epi32(group.firstRow, group.lastRow);
     // As unsigned numbers, rows above the first one lie far below the last.
@@ -81,13 +87,13 @@ class SingleRows {
     set_ = bits(_mm256_andnot_si256(isLevel, _mm256_and_si256(inOne, isInside)));
   }
 
-  std::size_t write(Pieces& p, std::size_t at) const {
+  std::size_t write(Pieces& p, std::size_t at, const FirstCells& firstCells) const {
     const __m256i lanes =
         _mm256_cvtepu8_epi32(_mm_cvtsi64_si128(static_cast<long long>(kChosenLanes[set_])));
     const auto chosen = [&](__m256i v) { return _mm256_permutevar8x32_epi32(v, lanes); };
     const auto chosenFloats = [&](__m256 v) { return _mm256_permutevar8x32_ps(v, lanes); };
     const __m256i height = _mm256_sub_epi32(group_.lowerY, group_.upperY);
-    const __m256i cell = _mm256_mullo_epi32(group_.firstRow, _mm256_set1_epi32(stride_));
+    const __m256i cell = firstCells.of(group_.firstRow);
     _mm256_storeu_ps(p.xa + at, chosenFloats(group_.upperX));
     _mm256_storeu_ps(p.xb + at, chosenFloats(group_.lowerX));
     store(p.cover + at, chosen(_mm256_sign_epi32(height, group_.sign)));
@@ -96,7 +102,6 @@ class SingleRows {
   }
 
  private:
-  std::int32_t stride_;
   const EdgeGroup& group_;
   unsigned set_;
 };
@@ -197,7 +202,7 @@ struct EdgeLanes {
 void cutEdges(EdgeRows& rows, Pieces& p) {
   const __m256i fours = _mm256_setr_epi32(0, 1, 2, 3, 0, 1, 2, 3);
   const __m256i eights = _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7);
-  const __m256i stride = _mm256_set1_epi32(rows.stride);
+  const FirstCells firstCells(rows);
   EdgesAtHand& at = rows.atHand;
   p.count = 0;
   for (;;) {
@@ -208,7 +213,7 @@ void cutEdges(EdgeRows& rows, Pieces& p) {
       const std::size_t j = isPair ? at.low[at.nextLow + 1] : i;
       const __m256i row = _mm256_add_epi32(EdgeLanes::halves(at.first, i, j), fours);
       const EdgeLanes::Cut cut = EdgeLanes(at, i, j).cut(row);
-      const __m256i cell = _mm256_mullo_epi32(row, stride);
+      const __m256i cell = firstCells.of(row);
       const std::size_t first = p.count;
       const std::size_t second = first + static_cast<std::size_t>(at.rows[i]);
       _mm256_storeu2_m128(p.xa + second, p.xa + first, cut.xa);
@@ -227,7 +232,7 @@ void cutEdges(EdgeRows& rows, Pieces& p) {
         _mm256_storeu_ps(p.xa + p.count, cut.xa);
         _mm256_storeu_ps(p.xb + p.count, cut.xb);
         store(p.cover + p.count, cut.cover);
-        store(p.cell + p.count, _mm256_mullo_epi32(row, stride));
+        store(p.cell + p.count, firstCells.of(row));
         const int left = at.rows[i] - rows.nextRow;
         p.count += static_cast<std::size_t>(left < 8 ? left : 8);
       }
@@ -236,7 +241,7 @@ void cutEdges(EdgeRows& rows, Pieces& p) {
     at.lowCount = at.tallCount = at.nextLow = at.nextTall = 0;
     for (std::size_t n = 0; n < EdgesAtHand::kCapacity && rows.next < rows.count; n += 8) {
       const EdgeGroup group(rows);
-      p.count += SingleRows(rows, group).write(p, p.count);
+      p.count += SingleRows(rows, group).write(p, p.count, firstCells);
       RowSpanners(rows, group, n, at);
       rows.next += 8;
     }

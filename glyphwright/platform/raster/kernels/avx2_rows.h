@@ -66,7 +66,7 @@ struct OneRow {
   using Sums = OneRowSums;
 
   /// Takes cells and leaves zeros.
-  static __m256i take(std::int16_t* cells) {
+  static __m256i take(std::int16_t* cells, std::size_t /*stride*/) {
     const __m256i taken = load(cells);
     store(cells, _mm256_setzero_si256());
     return taken;
@@ -82,7 +82,6 @@ struct OneRow {
   }
 
   std::size_t rowBytes;
-  std::size_t cellStride;
 };
 
 /// Less than sixteen pixels at the end of a row: nothing beyond them is read or written.
@@ -110,9 +109,9 @@ struct TwoRows {
   static constexpr std::size_t kPixels = 8;
   using Sums = TwoRowSums;
 
-  __m256i take(std::int16_t* cells) const {
+  static __m256i take(std::int16_t* cells, std::size_t stride) {
     auto* upper = reinterpret_cast<__m128i*>(cells);
-    auto* lower = reinterpret_cast<__m128i*>(cells + cellStride);
+    auto* lower = reinterpret_cast<__m128i*>(cells + stride);
     const __m256i taken = _mm256_loadu2_m128i(lower, upper);
     _mm_storeu_si128(upper, _mm_setzero_si128());
     _mm_storeu_si128(lower, _mm_setzero_si128());
@@ -132,7 +131,6 @@ struct TwoRows {
   }
 
   std::size_t rowBytes;
-  std::size_t cellStride;
 };
 
 /// Less than eight pixels at the end of two rows. What lies beyond the upper row's end, which may

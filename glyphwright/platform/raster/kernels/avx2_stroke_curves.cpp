@@ -80,9 +80,9 @@ __m256 turnBetween(Lanes a, Lanes b) {
 
 }  // namespace
 
-void prepareCurves(const double* const* curves, std::size_t count, const CurvePen& pen,
-                   PreparedCurve* out) {
-  static_assert(sizeof(PreparedCurve) == 16 * sizeof(float));
+void prepareSegments(const double* const* curves, std::size_t count, const SegmentPen& pen,
+                     const StrokeSegments& out) {
+  static_assert(sizeof(StrokeCubic) == 8 * sizeof(float));
   const __m128d origin = _mm_setr_pd(pen.originX, pen.originY);
   const __m256 zero = _mm256_setzero_ps(), one = every(1);
   const __m256 half = every(pen.half), bendFactor = every(pen.bendFactor);
@@ -130,19 +130,23 @@ void prepareCurves(const double* const* curves, std::size_t count, const CurvePe
     };
     const __m256i number = chords(together);
     const __m256 step = _mm256_div_ps(every(3), _mm256_cvtepi32_ps(number));
-    const __m256 looseNumber =
-        _mm256_andnot_ps(isTight, _mm256_and_ps(_mm256_castsi256_ps(number), keepsOn));
-    const __m256 tightNumber = _mm256_and_ps(_mm256_castsi256_ps(chords(oneByOne)), keepsOn);
-    __m256 first[8] = {r[0], r[1], l0.x, l0.y, u.x, u.y, a.x, a.y};
-    __m256 second[8] = {
-        e0.x,        e0.y,       e2.x, e2.y, times(length0, step), times(length2, step),
-        looseNumber, tightNumber};
-    transpose(first);
-    transpose(second);
+    const __m256i toStart = _mm256_sign_epi32(
+        number, _mm256_or_si256(_mm256_castps_si256(isTight), _mm256_set1_epi32(1)));
+    const __m256i bentNumber = _mm256_and_si256(chords(oneByOne), _mm256_castps_si256(keepsOn));
+    _mm256_storeu_ps(out.startX + i, r[0]);
+    _mm256_storeu_ps(out.startY + i, r[1]);
+    _mm256_storeu_ps(out.startAlongX + i, e0.x);
+    _mm256_storeu_ps(out.startAlongY + i, e0.y);
+    _mm256_storeu_ps(out.endAlongX + i, e2.x);
+    _mm256_storeu_ps(out.endAlongY + i, e2.y);
+    _mm256_storeu_ps(out.startLength + i, times(length0, step));
+    _mm256_storeu_ps(out.endLength + i, times(length2, step));
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(out.chords + i), toStart);
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(out.bentChords + i), bentNumber);
+    __m256 cubics[8] = {r[0], r[1], l0.x, l0.y, u.x, u.y, a.x, a.y};
+    transpose(cubics);
     for (std::size_t k = 0; k < 8; ++k) {
-      auto* to = reinterpret_cast<float*>(out + i + k);
-      _mm256_storeu_ps(to, first[k]);
-      _mm256_storeu_ps(to + 8, second[k]);
+      _mm256_storeu_ps(reinterpret_cast<float*>(out.cubics + i + k), cubics[k]);
     }
   }
 }
@@ -178,19 +182,19 @@ struct SideCorners {
 
 }  // namespace
 
-void bendCurve(const StrokeCurve& c, BentCurve& out) {
-  const float step = 1.0F / static_cast<float>(c.count);
+void bendCurve(const StrokeCubic& c, float halfWidth, int chords, BentCurve& out) {
+  const float step = 1.0F / static_cast<float>(chords);
   const __m256 h = every(step), lift = every(step * step * 0.5F);
   const Lanes start{every(c.startX), every(c.startY)}, leg{every(c.legX), every(c.legY)};
   const Lanes bend{every(c.bendX), every(c.bendY)}, change{every(c.changeX), every(c.changeY)};
   const Lanes leg3 = times(leg, every(3)), bend3 = times(bend, every(3));
   const Lanes bend2 = times(bend, every(2));
-  const __m256 half = every(c.half), zero = _mm256_setzero_ps(), one = every(1);
-  const __m256 last = every(static_cast<float>(c.count));
+  const __m256 half = every(halfWidth), zero = _mm256_setzero_ps(), one = every(1);
+  const __m256 last = every(static_cast<float>(chords));
   const auto length = [](Lanes v) { return _mm256_sqrt_ps(dot(v, v)); };
   const auto leftOf = [](Lanes v) { return Lanes{v.y, negative(v.x)}; };
   __m256 number = _mm256_setr_ps(0, 1, 2, 3, 4, 5, 6, 7);
-  for (int k = 0; k <= c.count; k += 8) {
+  for (int k = 0; k <= chords; k += 8) {
     const __m256 t = times(number, h);
     const __m256 isInner = _mm256_and_ps(_mm256_cmp_ps(number, zero, _CMP_GT_OQ),
                                          _mm256_cmp_ps(number, last, _CMP_LT_OQ));
@@ -210,7 +214,7 @@ void bendCurve(const StrokeCurve& c, BentCurve& out) {
   std::size_t right = 0;
   SideCorners leftSide;
   SideCorners rightSide;
-  for (int k = 1; k < c.count; k += 8) {
+  for (int k = 1; k < chords; k += 8) {
     const auto sample = [&](int i) {
       return Lanes{_mm256_loadu_ps(out.x + i), _mm256_loadu_ps(out.y + i)};
     };
@@ -235,7 +239,7 @@ void bendCurve(const StrokeCurve& c, BentCurve& out) {
     const Lanes before = times(leftOf(in), half), after = times(leftOf(on), half);
     leftSide.set(plus(at, offset), plus(at, before), plus(at, after), tightLeft);
     rightSide.set(minus(at, offset), minus(at, before), minus(at, after), tightRight);
-    const int count = c.count - k < 8 ? c.count - k : 8;
+    const int count = chords - k < 8 ? chords - k : 8;
     for (int i = 0; i < count; ++i) {
       const float x = out.x[k + i];
       const float y = out.y[k + i];

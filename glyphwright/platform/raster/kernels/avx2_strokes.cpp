@@ -6,22 +6,24 @@
 
 #include <limits>
 
+#include <glyphwright/platform/raster/kernels/avx2_edge_lanes.h>
+
 // Both sides of curves eight samples at a time; scalar_strokes.cpp says what is computed.
 namespace glyphwright::raster::avx2 {
 
-bool strokeCurve(const StrokeCurve& c, const StrokeCorners& out) {
+PenBend strokeCurve(const StrokeCubic& c, float halfWidth, int chords, const StrokeCorners& out) {
   const auto every = [](float v) { return _mm256_set1_ps(v); };
   const auto add = [](__m256 a, __m256 b) { return _mm256_add_ps(a, b); };
   const auto sub = [](__m256 a, __m256 b) { return _mm256_sub_ps(a, b); };
   const auto mul = [](__m256 a, __m256 b) { return _mm256_mul_ps(a, b); };
-  const float step = 1.0F / static_cast<float>(c.count);
+  const float step = 1.0F / static_cast<float>(chords);
   const __m256 h = every(step);
   const __m256 lift = every(step * step * 0.5F);
-  const __m256 pen = every(c.half * (2.0F / 3.0F));
-  const __m256 half = every(c.half);
+  const __m256 pen = every(halfWidth * (2.0F / 3.0F));
+  const __m256 half = every(halfWidth);
   const __m256 sign = every(-0.0F);
   const __m256 one = every(1);
-  const __m256 last = every(static_cast<float>(c.count));
+  const __m256 last = every(static_cast<float>(chords));
   const __m256 changeX = every(c.changeX), changeY = every(c.changeY);
   const __m256 bendX = every(c.bendX), bendY = every(c.bendY);
   const __m256 bend2X = every(2.0F * c.bendX), bend2Y = every(2.0F * c.bendY);
@@ -30,8 +32,11 @@ bool strokeCurve(const StrokeCurve& c, const StrokeCorners& out) {
   const __m256 leg3X = every(3.0F * c.legX), leg3Y = every(3.0F * c.legY);
   const __m256 startX = every(c.startX), startY = every(c.startY);
   __m256 number = _mm256_setr_ps(1, 2, 3, 4, 5, 6, 7, 8);
-  __m256 tight = _mm256_setzero_ps();
-  for (int k = 0; k < c.count; k += 8) {
+  const __m256 foldTurn = every(kFoldTurn);
+  unsigned tight = 0;
+  unsigned opensLeft = 0;
+  unsigned opensRight = 0;
+  for (int k = 0; k < chords; k += 8) {
     const __m256 t = mul(number, h);
     const __m256 atX = mul(changeX, t);
     const __m256 atY = mul(changeY, t);
@@ -45,9 +50,11 @@ bool strokeCurve(const StrokeCurve& c, const StrokeCorners& out) {
     const __m256 normalY = _mm256_xor_ps(mul(alongX, inverse), sign);
     const __m256 bend = add(mul(add(atX, bendX), normalX), mul(add(atY, bendY), normalY));
     const __m256 turn = mul(mul(pen, bend), mul(inverse, inverse));
-    const __m256 isTight = _mm256_cmp_ps(_mm256_andnot_ps(sign, turn), one, _CMP_NLE_UQ);
-    const __m256 isSample = _mm256_cmp_ps(number, last, _CMP_LE_OQ);
-    tight = _mm256_or_ps(tight, _mm256_and_ps(isTight, isSample));
+    const auto lanes = [](__m256 mask) { return static_cast<unsigned>(_mm256_movemask_ps(mask)); };
+    const unsigned samples = lanes(_mm256_cmp_ps(number, last, _CMP_LE_OQ));
+    tight |= samples & lanes(_mm256_cmp_ps(_mm256_andnot_ps(sign, turn), one, _CMP_NLE_UQ));
+    opensLeft |= samples & lanes(_mm256_cmp_ps(turn, foldTurn, _CMP_NGE_UQ));
+    opensRight |= samples & lanes(_mm256_cmp_ps(_mm256_xor_ps(turn, sign), foldTurn, _CMP_NGE_UQ));
     const __m256 out1 = mul(bend, lift);
     const __m256 out2 = mul(out1, turn);
     const __m256 left = add(sub(half, out1), out2);
@@ -58,7 +65,9 @@ bool strokeCurve(const StrokeCurve& c, const StrokeCorners& out) {
     _mm256_storeu_ps(out.rightY + k, sub(y, mul(normalY, right)));
     number = add(number, every(8));
   }
-  return _mm256_movemask_ps(tight) == 0;
+  if (tight == 0) return PenBend::follows;
+  if (opensLeft == 0) return PenBend::foldsLeft;
+  return opensRight == 0 ? PenBend::foldsRight : PenBend::mixed;
 }
 
 CornerBox boxCorners(const float* x, const float* y, std::size_t count) {
@@ -89,38 +98,57 @@ CornerBox boxCorners(const float* x, const float* y, std::size_t count) {
   return {least(minX), least(minY), most(maxX), most(maxY), _mm256_movemask_ps(nan) != 0};
 }
 
-void countRuns(const std::int32_t* y, std::size_t lines, int rows, int* changes) {
+int joinRing(const float* xs, const float* ys, std::size_t count, const RingShift& shift,
+             bool backwards, Edge* edges) {
+  const __m256 shiftX = _mm256_set1_ps(shift.x), shiftY = _mm256_set1_ps(shift.y);
+  const auto place = [&](std::size_t i) { return _mm256_add_ps(_mm256_loadu_ps(xs + i), shiftX); };
+  const auto units = [&](std::size_t i) {
+    const __m256 y = _mm256_add_ps(_mm256_loadu_ps(ys + i), shiftY);
+    return _mm256_cvttps_epi32(
+        _mm256_add_ps(_mm256_mul_ps(y, _mm256_set1_ps(kUnitsPerPixel)), _mm256_set1_ps(0.5F)));
+  };
+  // Where edges begin and end, counted from each corner.
+  const std::size_t begin = backwards ? 1 : 0;
+  const std::size_t end = backwards ? 0 : 1;
+  int runs = 0;
+  unsigned wasDown = 0;
+  for (std::size_t i = 0; i + 1 < count; i += 8) {
+    const __m256i y0 = units(i + begin);
+    const __m256i y1 = units(i + end);
+    storeEdges(edges + i, {place(i + begin), place(i + end), y0, y1});
+    runs += countDownRuns(_mm256_cmpgt_epi32(y1, y0), count - 1 - i, wasDown);
+  }
+  return runs;
+}
+
+void countRuns(const Edge* edges, std::size_t count, int rows, int* changes) {
   const __m256i zero = _mm256_setzero_si256();
   const __m256i bottom = _mm256_set1_epi32(rows * kUnitsPerPixel);
-  const auto heights = [&](const std::int32_t* from) {
-    const __m256i eight = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from));
-    return _mm256_min_epi32(_mm256_max_epi32(eight, zero), bottom);
-  };
+  const auto held = [&](__m256i y) { return _mm256_min_epi32(_mm256_max_epi32(y, zero), bottom); };
   const auto row = [](__m128i lanes) { return _mm_cvtsi128_si32(lanes) >> kUnitShift; };
-  const auto count = [&](const std::int32_t* at, __m256i from, __m256i to, unsigned valid) {
-    const __m256i highs = _mm256_max_epi32(from, to), lows = _mm256_min_epi32(from, to);
+  for (std::size_t i = 0; i < count; i += 8) {
+    const std::size_t left = count - i;
+    const Edge* eight = edges + i;
+    Edge rest[8];
+    if (left < 8) {
+      // The last edge stands for those that do not exist.
+      for (std::size_t k = 0; k < 8; ++k) rest[k] = eight[k < left ? k : left - 1];
+      eight = rest;
+    }
+    const auto [x0, x1, from, to] = loadEdges(eight);
+    const __m256i highs = held(_mm256_max_epi32(from, to));
+    const __m256i lows = held(_mm256_min_epi32(from, to));
     __m128i top = _mm_min_epi32(_mm256_castsi256_si128(lows), _mm256_extracti128_si256(lows, 1));
     __m128i foot = _mm_max_epi32(_mm256_castsi256_si128(highs), _mm256_extracti128_si256(highs, 1));
     top = _mm_min_epi32(top, _mm_shuffle_epi32(top, _MM_SHUFFLE(1, 0, 3, 2)));
     foot = _mm_max_epi32(foot, _mm_shuffle_epi32(foot, _MM_SHUFFLE(1, 0, 3, 2)));
     top = _mm_min_epi32(top, _mm_shuffle_epi32(top, _MM_SHUFFLE(2, 3, 0, 1)));
     foot = _mm_max_epi32(foot, _mm_shuffle_epi32(foot, _MM_SHUFFLE(2, 3, 0, 1)));
-    // Unclamped, as directions may show beyond the rows as well.
-    const __m256i first = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(at));
-    const __m256i second = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(at + 1));
-    const auto isDown = valid & static_cast<unsigned>(_mm256_movemask_ps(
-                                    _mm256_castsi256_ps(_mm256_cmpgt_epi32(second, first))));
-    const int runs = __builtin_popcount(isDown & ~(isDown << 1));
+    unsigned wasDown = 0;
+    const int runs = countDownRuns(_mm256_cmpgt_epi32(to, from), left, wasDown);
     changes[row(top)] += runs;
     if (row(foot) < rows) changes[row(foot) + 1] -= runs;
-  };
-  std::size_t i = 0;
-  for (; i + 8 <= lines; i += 8) count(y + i, heights(y + i), heights(y + i + 1), 0xFF);
-  if (i == lines) return;
-  // The last corner stands for those that do not exist.
-  std::int32_t rest[16];
-  for (std::size_t k = 0; k < 16; ++k) rest[k] = y[i + k < lines ? i + k : lines];
-  count(rest, heights(rest), heights(rest + 1), (1U << (lines - i)) - 1);
+  }
 }
 
 void placeCorners(const float* x, const float* y, std::size_t count, bool backwards,

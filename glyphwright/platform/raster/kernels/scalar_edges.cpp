@@ -176,7 +176,7 @@ void cutEdges(EdgeRows& rows, Pieces& p) {
       p.xa[p.count] = x0 + static_cast<float>(top - y0) * slope;
       p.xb[p.count] = bottom == y1 ? x1 : x0 + static_cast<float>(bottom - y0) * slope;
       p.cover[p.count] = down ? bottom - top : top - bottom;
-      p.cell[p.count] = row * rows.stride;
+      p.cell[p.count] = row * rows.stride + rows.left;
       ++p.count;
     }
   }

@@ -98,6 +98,20 @@ void blendPixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t 
   }
 }
 
+namespace {
+
+// Adds up what lies before a row.
+std::int16_t takeBefore(std::int16_t* cells, std::size_t count) {
+  std::int16_t sum = 0;
+  for (; count > 0; --count) {
+    sum = static_cast<std::int16_t>(sum + cells[-static_cast<std::ptrdiff_t>(count)]);
+    cells[-static_cast<std::ptrdiff_t>(count)] = 0;
+  }
+  return sum;
+}
+
+}  // namespace
+
 // Coverage in 1/1024 times a channel in 1/32 level is 2¹⁵ to a level: one product with one rounding
 // makes the byte.
 void writeCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
@@ -105,8 +119,8 @@ void writeCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
   for (std::size_t row = 0; row < rows.rows; ++row) {
     std::int16_t* cells = rows.cells + row * rows.stride;
     std::uint8_t* to = rgba + row * rowBytes;
-    std::int16_t sum = 0;
-    for (std::size_t x = 0; x < rows.stride; ++x) {
+    std::int16_t sum = takeBefore(cells, rows.before);
+    for (std::size_t x = 0; x < rows.stride - rows.before; ++x) {
       sum = static_cast<std::int16_t>(sum + cells[x]);
       cells[x] = 0;
       if (x >= rows.width) continue;
@@ -122,8 +136,8 @@ void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                 const SolidColor& color) {
   for (std::size_t row = 0; row < rows.rows; ++row) {
     std::int16_t* cells = rows.cells + row * rows.stride;
-    int carry = 0;
-    for (std::size_t x = 0; x < rows.stride; x += kBlock) {
+    int carry = takeBefore(cells, rows.before);
+    for (std::size_t x = 0; x < rows.stride - rows.before; x += kBlock) {
       std::uint16_t coverage[kBlock];
       carry = sum(cells + x, kBlock, carry, rows.rule, coverage);
       if (x >= rows.width) continue;
@@ -131,6 +145,13 @@ void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
       blendSolid(rgba + row * rowBytes + x * 4, coverage, count, color);
     }
   }
+}
+
+void writeTwoCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& below,
+                   const CellRows& above, const SolidColor& belowColor,
+                   const SolidColor& aboveColor) {
+  writeCells(rgba, rowBytes, below, belowColor);
+  blendCells(rgba, rowBytes, above, aboveColor);
 }
 
 void placeEntries(double origin, double step, int index, double size, std::size_t count,

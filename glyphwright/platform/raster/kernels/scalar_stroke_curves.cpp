@@ -50,11 +50,10 @@ constexpr float kLeastLeg = 1e-12F;
 // (|p''| + half·θ'²), where θ is the direction and |p''| is at most six times the bend. The legs'
 // turns stand for θ; the square of their sum is at most twice the sum of their squares. Where the
 // curve bends more tightly than the pen, what bends and what turns it are counted one by one.
-void prepareCurves(const double* const* curves, std::size_t curveCount, const CurvePen& pen,
-                   PreparedCurve* out) {
+void prepareSegments(const double* const* curves, std::size_t curveCount, const SegmentPen& pen,
+                     const StrokeSegments& out) {
   for (std::size_t i = 0; i < curveCount; ++i) {
     const double* p = curves[i];
-    PreparedCurve& to = out[i];
     const auto leg = [&](int k) {
       return Pair{static_cast<float>(p[k + 2] - p[k]), static_cast<float>(p[k + 3] - p[k + 1])};
     };
@@ -98,15 +97,17 @@ void prepareCurves(const double* const* curves, std::size_t curveCount, const Cu
     };
     const int count = chords(together);
     const float step = 3.0F / static_cast<float>(count);
-    static_cast<StrokeCubic&>(to) = {start.x, start.y, l0.x, l0.y, u.x, u.y, a.x, a.y};
-    to.count = keepsOn && !isTight ? count : 0;
-    to.tightCount = keepsOn ? chords(oneByOne) : 0;
-    to.startAlongX = e0.x;
-    to.startAlongY = e0.y;
-    to.endAlongX = e2.x;
-    to.endAlongY = e2.y;
-    to.startLength = length0 * step;
-    to.endLength = length2 * step;
+    out.cubics[i] = {start.x, start.y, l0.x, l0.y, u.x, u.y, a.x, a.y};
+    out.startX[i] = start.x;
+    out.startY[i] = start.y;
+    out.startAlongX[i] = e0.x;
+    out.startAlongY[i] = e0.y;
+    out.endAlongX[i] = e2.x;
+    out.endAlongY[i] = e2.y;
+    out.startLength[i] = length0 * step;
+    out.endLength[i] = length2 * step;
+    out.chords[i] = isTight ? -count : count;
+    out.bentChords[i] = keepsOn ? chords(oneByOne) : 0;
   }
 }
 
@@ -115,12 +116,12 @@ void prepareCurves(const double* const* curves, std::size_t curveCount, const Cu
 // the chord's normals, with the sample between them. Samples move out of the hollow by h²·p''/12,
 // as in filling, so that the area stays, and the corners likewise, by the square of the turn a
 // step.
-void bendCurve(const StrokeCurve& c, BentCurve& out) {
-  const float h = 1.0F / static_cast<float>(c.count);
+void bendCurve(const StrokeCubic& c, float half, int chords, BentCurve& out) {
+  const float h = 1.0F / static_cast<float>(chords);
   const float lift = h * h * 0.5F;
-  for (int k = 0; k <= c.count; ++k) {
+  for (int k = 0; k <= chords; ++k) {
     const float t = static_cast<float>(k) * h;
-    const float move = k > 0 && k < c.count ? lift : 0.0F;
+    const float move = k > 0 && k < chords ? lift : 0.0F;
     const CubicSample at(c, t);
     out.x[k] = at.x - at.bendX * move;
     out.y[k] = at.y - at.bendY * move;
@@ -129,7 +130,7 @@ void bendCurve(const StrokeCurve& c, BentCurve& out) {
   }
   std::size_t left = 0;
   std::size_t right = 0;
-  for (int k = 1; k < c.count; ++k) {
+  for (int k = 1; k < chords; ++k) {
     const Pair at{out.x[k], out.y[k]};
     const Pair chordIn = at - Pair{out.x[k - 1], out.y[k - 1]};
     const Pair chordOut = Pair{out.x[k + 1], out.y[k + 1]} - at;
@@ -142,14 +143,14 @@ void bendCurve(const StrokeCurve& c, BentCurve& out) {
     const Pair on = chordOut * (1.0F / lengthOut);
     const Pair turn = on - in;
     const float turnSquare = dot(turn, turn);
-    const bool isTight = turns && turnSquare * (c.half * c.half) > shorter * shorter;
+    const bool isTight = turns && turnSquare * (half * half) > shorter * shorter;
     const float side = in.x * on.y - in.y * on.x;
     const bool tightLeft = isTight && side < 0;
     const bool tightRight = isTight && side > 0;
     const float raised = turns ? smaller(turnSquare * (1.0F / 12.0F), 0.05F) : 0.0F;
-    const Pair offset = Pair{out.normalX[k], out.normalY[k]} * (c.half + c.half * raised);
-    const Pair before = Pair{in.y, -in.x} * c.half;
-    const Pair after = Pair{on.y, -on.x} * c.half;
+    const Pair offset = Pair{out.normalX[k], out.normalY[k]} * (half + half * raised);
+    const Pair before = Pair{in.y, -in.x} * half;
+    const Pair after = Pair{on.y, -on.x} * half;
     const auto put = [&](float* toX, float* toY, std::size_t& count, bool tight, Pair one,
                          Pair first, Pair last) {
       toX[count] = tight ? first.x : one.x;

@@ -14,28 +14,34 @@ namespace glyphwright::raster::scalar {
 //
 // Chords of a curve lose area to its hollow side; as in filling, samples move out of the hollow by
 // h²·q''/12, so that the area is kept. Along the curve that makes no difference, so only s changes.
-bool strokeCurve(const StrokeCurve& c, const StrokeCorners& out) {
-  const float h = 1.0F / static_cast<float>(c.count);
-  const float lift = h * h * 0.5F;           // of a·t + u, which is a sixth of p''
-  const float pen = c.half * (2.0F / 3.0F);  // likewise, over the square of a third of p'
+PenBend strokeCurve(const StrokeCubic& c, float half, int chords, const StrokeCorners& out) {
+  const float h = 1.0F / static_cast<float>(chords);
+  const float lift = h * h * 0.5F;         // of a·t + u, which is a sixth of p''
+  const float pen = half * (2.0F / 3.0F);  // likewise, over the square of a third of p'
   bool follows = true;
-  for (int k = 0; k < c.count; ++k) {
+  bool foldsLeft = true;
+  bool foldsRight = true;
+  for (int k = 0; k < chords; ++k) {
     const float number = static_cast<float>(k + 1);
     const CubicSample at(c, number * h);
     const float bend = at.bendX * at.normalX + at.bendY * at.normalY;
     // Half the width times the curvature.
     const float turn = pen * bend * (at.inverse * at.inverse);
     follows = follows && (std::fabs(turn) <= 1.0F);
+    foldsLeft = foldsLeft && turn >= kFoldTurn;
+    foldsRight = foldsRight && turn <= -kFoldTurn;
     const float out1 = bend * lift;
     const float out2 = out1 * turn;
-    const float left = c.half - out1 + out2;
-    const float right = c.half + out1 + out2;
+    const float left = half - out1 + out2;
+    const float right = half + out1 + out2;
     out.leftX[k] = at.x + at.normalX * left;
     out.leftY[k] = at.y + at.normalY * left;
     out.rightX[k] = at.x - at.normalX * right;
     out.rightY[k] = at.y - at.normalY * right;
   }
-  return follows;
+  if (follows) return PenBend::follows;
+  if (foldsLeft) return PenBend::foldsLeft;
+  return foldsRight ? PenBend::foldsRight : PenBend::mixed;
 }
 
 CornerBox boxCorners(const float* x, const float* y, std::size_t count) {
@@ -51,19 +57,38 @@ CornerBox boxCorners(const float* x, const float* y, std::size_t count) {
   return box;
 }
 
-void countRuns(const std::int32_t* y, std::size_t lines, int rows, int* changes) {
+int joinRing(const float* x, const float* y, std::size_t count, const RingShift& shift,
+             bool backwards, Edge* edges) {
+  int runs = 0;
+  bool wasDown = false;
+  for (std::size_t i = 0; i + 1 < count; ++i) {
+    const std::size_t from = backwards ? i + 1 : i;
+    const std::size_t to = backwards ? i : i + 1;
+    const auto units = [&](std::size_t k) {
+      return static_cast<std::int32_t>((y[k] + shift.y) * kUnitsPerPixel + 0.5F);
+    };
+    edges[i] = {x[from] + shift.x, x[to] + shift.x, units(from), units(to)};
+    const bool isDown = edges[i].y1 > edges[i].y0;
+    runs += isDown && !wasDown ? 1 : 0;
+    wasDown = isDown;
+  }
+  return runs;
+}
+
+void countRuns(const Edge* edges, std::size_t count, int rows, int* changes) {
   const auto rowOf = [rows](int height) {
     return std::clamp(height, 0, rows * kUnitsPerPixel) >> kUnitShift;
   };
-  for (std::size_t i = 0; i < lines; i += 8) {
-    int top = y[i];
-    int foot = y[i];
+  for (std::size_t i = 0; i < count; i += 8) {
+    int top = edges[i].y0;
+    int foot = top;
     int runs = 0;
     bool wasDown = false;
-    for (std::size_t k = i; k < std::min(i + 8, lines); ++k) {
-      top = std::min(top, y[k + 1]);
-      foot = std::max(foot, y[k + 1]);
-      const bool isDown = y[k + 1] > y[k];
+    for (std::size_t k = i; k < std::min(i + 8, count); ++k) {
+      const auto [low, high] = std::minmax(edges[k].y0, edges[k].y1);
+      top = std::min(top, low);
+      foot = std::max(foot, high);
+      const bool isDown = edges[k].y1 > edges[k].y0;
       runs += isDown && !wasDown ? 1 : 0;
       wasDown = isDown;
     }

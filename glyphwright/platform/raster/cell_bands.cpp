@@ -1,0 +1,107 @@
+#include <glyphwright/platform/raster/cell_bands.h>
+
+#include <algorithm>
+#include <bit>
+
+namespace glyphwright::raster {
+namespace {
+
+// A region this small is kept in the nearest cache as a whole.
+constexpr std::size_t kDenseCells = 128 * 144;
+// Bands of rows are as high as the near caches take, so that few edges are met twice.
+constexpr std::size_t kBandCells = 64 * 1024;
+constexpr int kLeastBandRows = 32;
+
+// A power of two.
+int bandRowsFor(std::size_t stride) {
+  return std::max(static_cast<int>(std::bit_floor(kBandCells / stride)), kLeastBandRows);
+}
+
+template <typename Cell>
+LineVector<Cell>& memoryFor(Scratch& scratch) {
+  if constexpr (sizeof(Cell) == 2) {
+    return scratch.narrowCells;
+  } else {
+    return scratch.wideCells;
+  }
+}
+
+// Drops the edges that end above a height. Which do nobody can foretell, so all are written.
+void keepBelow(std::vector<Edge>& active, int units) {
+  std::size_t kept = 0;
+  for (const Edge& e : active) {
+    active[kept] = e;
+    kept += std::max(e.y0, e.y1) > units ? 1 : 0;
+  }
+  active.resize(kept);
+}
+
+}  // namespace
+
+template <typename Cell>
+CellBands<Cell>::CellBands(const EdgeList& edges, const PixelRect& area, Scratch& scratch)
+    : edges_(edges),
+      scratch_(scratch),
+      height_(area.height()),
+      top_(edges.region.y0 - area.y0),
+      before_(static_cast<std::size_t>(edges.beyondLeft)) {
+  const std::size_t stride = cellStride(edges.beyondLeft + area.width() + edges.beyondRight);
+  const bool isDense = stride * static_cast<std::size_t>(height_) <= kDenseCells;
+  bandRows_ = isDense ? height_ : std::min(height_, bandRowsFor(stride));
+  const std::size_t wanted = stride * static_cast<std::size_t>(bandRows_);
+  LineVector<Cell>& memory = memoryFor<Cell>(scratch);
+  if (memory.size() < wanted) memory.resize(wanted);
+  band_ = {memory.data(), stride, nullptr, 0, 0, edges.region.x0 - area.x0};
+  if (isDense) return;
+  scratch.touched.assign(wanted / kBlock + kTouchedMargin, 0);
+  band_.touched = scratch.touched.data();
+  if (bandRows_ < height_) sortByBand((height_ + bandRows_ - 1) / bandRows_);
+}
+
+// Orders the edges by the band in which they start; level ones come last.
+template <typename Cell>
+void CellBands<Cell>::sortByBand(int bands) {
+  auto& starts = scratch_.bandStarts;
+  starts.assign(static_cast<std::size_t>(bands) + 2, 0);
+  const int shift = std::countr_zero(static_cast<unsigned>(bandRows_)) + kUnitShift;
+  const int top = top_ * kUnitsPerPixel;
+  const auto bandOf = [shift, top, bands](const Edge& e) {
+    const int band = (std::max(std::min(e.y0, e.y1), 0) + top) >> shift;
+    return static_cast<std::size_t>(e.y0 == e.y1 ? bands : band);
+  };
+  for (const Edge& e : edges_.edges()) ++starts[bandOf(e) + 1];
+  for (std::size_t b = 1; b < starts.size(); ++b) starts[b] += starts[b - 1];
+  scratch_.sortedEdges.resize(edges_.count);
+  for (const Edge& e : edges_.edges()) scratch_.sortedEdges[starts[bandOf(e)]++] = e;
+  // Each start has moved to its band's end, which is the next band's start.
+  scratch_.activeEdges.clear();
+}
+
+template <typename Cell>
+void CellBands<Cell>::openNext() {
+  firstRow_ = end();
+  band_.firstRow = firstRow_ - top_;
+  band_.rows = std::min(bandRows_, height_ - firstRow_);
+  std::span<const Edge> inBand = edges_.edges();
+  if (bandRows_ < height_) {
+    auto& active = scratch_.activeEdges;
+    keepBelow(active, band_.firstRow * kUnitsPerPixel);
+    const std::size_t last = scratch_.bandStarts[static_cast<std::size_t>(firstRow_ / bandRows_)];
+    active.insert(active.end(), scratch_.sortedEdges.cbegin() + static_cast<std::ptrdiff_t>(next_),
+                  scratch_.sortedEdges.cbegin() + static_cast<std::ptrdiff_t>(last));
+    next_ = last;
+    inBand = active;
+  }
+  accumulate<Cell>(inBand, band_, *scratch_.kernels);
+}
+
+template <typename Cell>
+void CellBands<Cell>::clearTouched(int row, int rows) {
+  if (band_.touched == nullptr) return;
+  std::fill_n(marks(row), band_.stride / kBlock * static_cast<std::size_t>(rows), 0);
+}
+
+template class CellBands<std::int16_t>;
+template class CellBands<std::int32_t>;
+
+}  // namespace glyphwright::raster

@@ -1,0 +1,234 @@
+#pragma once
+
+#include <immintrin.h>
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <type_traits>
+
+#include <glyphwright/platform/raster/kernels/avx2_lanes.h>
+#include <glyphwright/platform/raster/kernels/avx2_rows.h>
+
+/// From rows of cells to whatever paints them, one row or two at a time from left to right.
+namespace glyphwright::raster::avx2 {
+
+/// From winding × coverage in 1/1024 to coverage in 1/1024.
+template <FillRule rule>
+__m256i foldWinding(__m256i sums) {
+  const __m256i full = _mm256_set1_epi16(kUnitsPerPixel);
+  if constexpr (rule == FillRule::nonZero) {
+    return _mm256_min_epi16(_mm256_abs_epi16(sums), full);
+  } else {
+    const __m256i phase = _mm256_and_si256(sums, _mm256_set1_epi16(2 * kUnitsPerPixel - 1));
+    return _mm256_min_epi16(phase, _mm256_sub_epi16(_mm256_set1_epi16(2 * kUnitsPerPixel), phase));
+  }
+}
+
+/// From 1/1024 to 15-bit fractions.
+inline __m256i fractions(__m256i units) {
+  return _mm256_sub_epi16(_mm256_slli_epi16(units, 5), _mm256_srli_epi16(units, 10));
+}
+
+/// A bit for each of up to 64 blocks, set where it was touched.
+inline std::uint64_t touchedBits(const std::uint8_t* touched, std::size_t count) {
+  const auto half = [&](std::size_t from) {
+    if (from >= count) return std::uint64_t{0};
+    const __m256i none = _mm256_cmpeq_epi8(load(touched + from), _mm256_setzero_si256());
+    return std::uint64_t{~static_cast<std::uint32_t>(_mm256_movemask_epi8(none))};
+  };
+  return half(0) | half(32) << 32;
+}
+
+/// The coverage of one shape in one row of pixels or two.
+template <FillRule rule, typename Rows>
+class ShapeUnits {
+ public:
+  using Units = __m256i;
+
+  ShapeUnits(const CellRows& rows, std::size_t y)
+      : stride_(rows.stride),
+        cells_(rows.cells + y * stride_),
+        end_(cells_ + stride_ - rows.before),
+        touched_(rows.touched == nullptr ? nullptr : rows.touched + y * (stride_ / kBlock)) {
+    if (rows.before == 0) return;
+    isCarriedInto_ = true;
+    for (std::int16_t* from = cells_ - rows.before; from < cells_; from += Rows::kPixels) {
+      sums_.next(Rows::take(from, stride_));
+    }
+  }
+
+  Units next() {
+    const __m256i sums = sums_.next(Rows::take(cells_, stride_));
+    cells_ += Rows::kPixels;
+    return foldWinding<rule>(sums);
+  }
+  /// The same at the end of a row.
+  template <typename End>
+  Units next(const End& end) {
+    return end.cut(next());
+  }
+  /// What goes on from the last pixel.
+  Units last() const { return foldWinding<rule>(sums_.sum()); }
+  void skip(std::size_t blocks) { cells_ += blocks * kBlock; }
+  /// Sets the cells that are left back to zero.
+  void clearRest() {
+    for (; cells_ < end_; cells_ += Rows::kPixels) Rows::take(cells_, stride_);
+  }
+
+  bool isMarked() const { return touched_ != nullptr; }
+  /// A bit for each of up to 64 blocks, set where it was touched or something is carried into it.
+  std::uint64_t touched(std::size_t from, std::size_t count) const {
+    std::uint64_t set = from == 0 && isCarriedInto_ ? 1 : 0;
+    for (std::size_t row = 0; row < Rows::kRows; ++row) {
+      set |= touchedBits(touched_ + row * (stride_ / kBlock) + from, count);
+    }
+    return set;
+  }
+
+ private:
+  std::size_t stride_;
+  std::int16_t* cells_;
+  std::int16_t* end_;
+  const std::uint8_t* touched_;
+  bool isCarriedInto_ = false;
+  typename Rows::Sums sums_{};
+};
+
+/// One row or two, from left to right.
+template <typename Shape, typename Rows, typename Painter>
+class RowPainter {
+ public:
+  RowPainter(const Rows& rows, const Shape& shape, const Painter& painter, std::uint8_t* rgba)
+      : rows_(rows), shape_(shape), painter_(painter), rgba_(rgba) {}
+
+  // Stretches of Rows::kPixels.
+  void sum(std::size_t stretches) {
+    for (; stretches > 0; --stretches) {
+      painter_.paint(rows_, rgba_, shape_.next());
+      rgba_ += Rows::kPixels * 4;
+    }
+  }
+  void sumWhereTouched(std::size_t blocks) {
+    for (std::size_t from = 0; from < blocks; from += 64) {
+      const std::size_t count = std::min(blocks - from, std::size_t{64});
+      std::uint64_t set = shape_.touched(from, count);
+      for (std::size_t at = 0; at < count;) {
+        const std::size_t gap =
+            std::min(static_cast<std::size_t>(std::countr_zero(set)), count - at);
+        if (gap > 0) {
+          painter_.goOn(rows_, rgba_, gap, from + at == 0, shape_.last());
+          shape_.skip(gap);
+          rgba_ += gap * kBlock * 4;
+          at += gap;
+          if (at == count) break;
+          set >>= gap;
+        }
+        const std::size_t run =
+            std::min(static_cast<std::size_t>(std::countr_one(set)), count - at);
+        sumTouched(run * (kBlock / Rows::kPixels));
+        at += run;
+        set = run < 64 ? set >> run : 0;
+      }
+    }
+  }
+  template <typename End>
+  void finish(const End& end) {
+    painter_.paint(end, rgba_, shape_.next(end));
+  }
+  void clearRest() { shape_.clearRest(); }
+
+ private:
+  // Of these, few are empty: asking would cost more than painting them.
+  void sumTouched(std::size_t stretches) {
+    for (; stretches > 0; --stretches) {
+      painter_.paintAny(rows_, rgba_, shape_.next());
+      rgba_ += Rows::kPixels * 4;
+    }
+  }
+
+  const Rows rows_;
+  Shape shape_;
+  const Painter& painter_;
+  std::uint8_t* rgba_;
+};
+
+/// Goes on with the pixel to the left for whole blocks, with nothing at a row's start.
+template <typename Rows>
+void repeatPixels(const Rows& rows, std::uint8_t* rgba, std::size_t blocks, bool isStart) {
+  for (std::size_t row = 0; row < Rows::kRows; ++row, rgba += rows.rowBytes) {
+    int pixel = 0;
+    if (!isStart) std::memcpy(&pixel, rgba - sizeof(pixel), sizeof(pixel));
+    const __m256i eight = _mm256_set1_epi32(pixel);
+    std::uint8_t* at = rgba;
+    for (std::size_t b = 0; b < blocks; ++b, at += std::size_t{kBlock} * 4) {
+      store(at, eight);
+      store(at + 32, eight);
+    }
+  }
+}
+
+/// Where pixels go.
+struct PixelRows {
+  std::uint8_t* rgba;
+  std::size_t rowBytes;
+  std::size_t rows;
+  std::size_t width;
+};
+
+// Rows from `from` up to but not including `until`, as many at a time as `layout` says.
+template <typename Rows, typename End, typename ShapeOf, typename PainterOf>
+void paintRows(const PixelRows& pixels, const Rows& layout, std::size_t from, std::size_t until,
+               const End& end, const ShapeOf& shapeOf, const PainterOf& painterOf) {
+  const std::size_t width = pixels.width;
+  for (std::size_t y = from; y < until; y += Rows::kRows) {
+    const auto shape = shapeOf(layout, y);
+    const auto& painter = painterOf(layout, y);
+    RowPainter row(layout, shape, painter, pixels.rgba + y * pixels.rowBytes);
+    if (!shape.isMarked()) {
+      row.sum(width / Rows::kPixels);
+    } else {
+      row.sumWhereTouched(width / kBlock);
+      row.sum(width % kBlock / Rows::kPixels);
+    }
+    if (width % Rows::kPixels != 0) row.finish(end);
+    row.clearRest();
+  }
+}
+
+/// `shapeOf(layout, y)` gives the coverage of row `y`, or of that and the next, and
+/// `painterOf(layout, y)` what they are painted with. Two rows at a time, and the last ones, from
+/// which a whole stretch would reach too far, singly.
+template <typename ShapeOf, typename PainterOf>
+void paintShape(const PixelRows& pixels, const ShapeOf& shapeOf, const PainterOf& painterOf) {
+  const std::size_t cut = pixels.width % TwoRows::kPixels;
+  const std::size_t reach = cut == 0 ? 0 : (TwoRows::kPixels - cut) * 4;
+  const std::size_t last = std::min((reach + pixels.rowBytes - 1) / pixels.rowBytes, pixels.rows);
+  const std::size_t paired = (pixels.rows - last) / 2 * 2;
+  const TwoRows two{pixels.rowBytes};
+  paintRows(pixels, two, 0, paired, TwoRowsEnd(two, cut), shapeOf, painterOf);
+  paintRows(pixels, OneRow{pixels.rowBytes}, paired, pixels.rows,
+            OneRowEnd(pixels.width % OneRow::kPixels), shapeOf, painterOf);
+}
+
+/// Runs `step` with a rule that is known when compiling.
+template <typename Step>
+void withRule(FillRule rule, const Step& step) {
+  if (rule == FillRule::nonZero) {
+    step(std::integral_constant<FillRule, FillRule::nonZero>{});
+  } else {
+    step(std::integral_constant<FillRule, FillRule::evenOdd>{});
+  }
+}
+
+/// One colour for all rows.
+template <typename Painter>
+auto evenly(const Painter& painter) {
+  return [painter](const auto& /*layout*/, std::size_t /*y*/) -> const auto& {
+    return painter;
+  };
+}
+
+}  // namespace glyphwright::raster::avx2

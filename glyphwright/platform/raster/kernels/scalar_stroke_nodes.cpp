@@ -1,0 +1,80 @@
+#include <cmath>
+
+#include <glyphwright/platform/raster/kernels.h>
+#include <glyphwright/platform/raster/kernels/scalar.h>
+
+// Where the sides of neighbouring segments meet.
+namespace glyphwright::raster::scalar {
+namespace {
+
+// Segments that turn back by less than this hide the crossing of their inner sides far away.
+constexpr float kLeastCosine = -0.99F;
+
+// Up to three corners in a row.
+struct Corners {
+  bool hasFirst;
+  bool hasMiddle;
+  bool hasLast;
+  float first, middle, last;
+};
+
+int putCorners(const Corners& c, float* to) {
+  to[0] = c.hasFirst ? c.first : c.middle;
+  to[1] = c.hasFirst && c.hasMiddle ? c.middle : c.last;
+  to[2] = c.last;
+  return (c.hasFirst ? 1 : 0) + (c.hasMiddle ? 1 : 0) + (c.hasLast ? 1 : 0);
+}
+
+}  // namespace
+
+// With unit normals n0 and n1 and half the width h, the lines at a distance of h to both segments
+// meet at v = h·(n0 + n1)/(1 + n0·n1) from the node: the tip of a miter on the outer side, and at
+// −v where the inner sides cross. Where the segments run on nearly straight, this is all there is
+// to both sides. A miter's tip lies on the sides of both neighbours, so that what leads to a
+// neighbour of one chord needs no corner of its own. Without a tip the outer side goes from side to
+// side. The inner sides cross when both neighbours are long enough; if not, they are led through
+// the node, which keeps every piece wound the same way.
+void joinSegments(const StrokeSegments& s, std::size_t count, const NodePen& pen, StrokeNode* out) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t next = i + 1;
+    const float inX = s.endAlongX[i];
+    const float inY = s.endAlongY[i];
+    const float onX = s.startAlongX[next];
+    const float onY = s.startAlongY[next];
+    const float cosine = inX * onX + inY * onY;
+    const float sine = inX * onY - inY * onX;
+    const bool runsOn = cosine > 0 && sine * sine < pen.sameSquare;
+    const float factor = pen.half / (1.0F + cosine);
+    const float shorter =
+        s.endLength[i] < s.startLength[next] ? s.endLength[i] : s.startLength[next];
+    const bool crosses = runsOn || (cosine > kLeastCosine && factor * std::fabs(sine) <= shorter);
+    const bool hasTip = runsOn || (1.0F + cosine) * pen.halfMiterSquare >= 1.0F;
+    const bool outerFirst = !runsOn && (!hasTip || s.chords[i] != 1);
+    const bool outerLast = !runsOn && (!hasTip || s.chords[next] != 1);
+    // To the left, in halves of the width.
+    const float fromX = inY * pen.half;
+    const float fromY = -inX * pen.half;
+    const float toX = onY * pen.half;
+    const float toY = -onX * pen.half;
+    const float tipX = (inY + onY) * factor;
+    const float tipY = -(inX + onX) * factor;
+    const auto put = [&](bool isOuter, float sign, NodeSide& side) {
+      const bool hasFirst = isOuter ? outerFirst : !crosses;
+      const bool hasMiddle = !isOuter || hasTip;
+      const bool hasLast = isOuter ? outerLast : !crosses;
+      const bool isTip = isOuter ? hasTip : crosses;
+      const auto corners = [&](float at, float from, float tip, float to) {
+        return Corners{
+            hasFirst,      hasMiddle, hasLast, at + sign * from, at + sign * (isTip ? tip : 0.0F),
+            at + sign * to};
+      };
+      side.count = putCorners(corners(s.startX[next], fromX, tipX, toX), side.x);
+      putCorners(corners(s.startY[next], fromY, tipY, toY), side.y);
+      side.unused = 0;
+    };
+    put(sine >= 0, 1.0F, out[i].left);
+    put(!(sine >= 0), -1.0F, out[i].right);
+  }
+}
+
+}  // namespace glyphwright::raster::scalar

@@ -1,0 +1,282 @@
+// The loops that outline strokes: this machine's against the scalar ones, bit for bit.
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <random>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <glyphwright/platform/raster/kernels.h>
+#include <glyphwright/platform/raster/stroke_outline.h>
+
+namespace glyphwright::raster {
+namespace {
+
+TEST(StrokeLoops, CurvesSampleTheSameOnEveryMachine) {
+  std::mt19937 random(20240608);
+  const auto real = [&](float low, float high) {
+    return std::uniform_real_distribution<float>(low, high)(random);
+  };
+  int results[4] = {};
+  for (const float size : {0.0F, 1.0F, 40.0F, 9000.0F}) {
+    for (int round = 0; round < 100; ++round) {
+      StrokeCubic curve{};
+      for (float* v : {&curve.startX, &curve.startY, &curve.legX, &curve.legY}) {
+        *v = real(-size, size);
+      }
+      for (float* v : {&curve.bendX, &curve.bendY, &curve.changeX, &curve.changeY}) {
+        *v = real(-size, size) * 0.3F;
+      }
+      const float half = real(0.01F, 3);
+      // A quarter of a circle that folds, or nearly does.
+      if (round % 4 == 0) {
+        const float radius = half * real(0.1F, 1.6F);
+        const float mirror = round % 8 == 0 ? radius : -radius;
+        curve = {1,
+                 2,
+                 0,
+                 0.5523F * radius,
+                 -0.4477F * mirror,
+                 -0.1046F * radius,
+                 0.3431F * mirror,
+                 -0.3431F * radius};
+      }
+      const int chords = static_cast<int>(real(1, round % 3 == 0 ? 4 : 41));
+      std::vector<float> fast[4];
+      for (auto& side : fast) side.assign(48, -1);
+      std::vector<float> plain[4] = {fast[0], fast[1], fast[2], fast[3]};
+      const auto corners = [](std::vector<float>* v) {
+        return StrokeCorners{v[0].data(), v[1].data(), v[2].data(), v[3].data()};
+      };
+      const PenBend result = scalarKernels().strokeCurve(curve, half, chords, corners(plain));
+      ASSERT_EQ(kernels().strokeCurve(curve, half, chords, corners(fast)), result);
+      ++results[static_cast<std::size_t>(result)];
+      // A curve without a direction somewhere has no sides there.
+      if (result == PenBend::mixed) continue;
+      for (std::size_t i = 0; i < static_cast<std::size_t>(chords); ++i) {
+        for (std::size_t side = 0; side < 4; ++side) ASSERT_EQ(fast[side][i], plain[side][i]);
+      }
+    }
+  }
+  for (const int times : results) EXPECT_GT(times, 10);
+}
+
+// Cubics of all kinds: gentle ones, tight ones, cusps, and ends without a direction.
+std::vector<std::vector<double>> someCubics(std::size_t count, std::mt19937& random) {
+  const auto real = [&](double low, double high) {
+    return std::uniform_real_distribution<double>(low, high)(random);
+  };
+  std::vector<std::vector<double>> cubics;
+  for (std::size_t i = 0; i < count; ++i) {
+    const double size = std::vector{1e-9, 0.5, 4.0, 40.0, 9000.0}[i % 5];
+    std::vector<double> p(8);
+    for (double& v : p) v = real(-size, size);
+    const double turn = real(-1, 1) * size;
+    if (i % 3 != 0) p = {0, 0, size, 0, 2 * size, turn, 3 * size, 3 * turn};
+    if (i % 11 == 0) p[2] = p[0], p[3] = p[1];
+    if (i % 13 == 0) std::fill(p.begin(), p.end(), 3.0);
+    cubics.push_back(p);
+  }
+  return cubics;
+}
+
+TEST(StrokeLoops, CurvesArePreparedAndBentTheSameOnEveryMachine) {
+  std::mt19937 random(20240610);
+  int gentle = 0;
+  int tight = 0;
+  int without = 0;
+  for (const float half : {0.5F, 1.0F, 30.0F}) {
+    for (std::size_t count = 1; count < 60; ++count) {
+      const auto cubics = someCubics(count, random);
+      std::vector<const double*> points;
+      for (const auto& cubic : cubics) points.push_back(cubic.data());
+      const SegmentPen pen{12, -7, half, 25, half * 4};
+      SegmentMemory memory[2];
+      const StrokeSegments& fast = memory[0].roomFor(count);
+      const StrokeSegments& plain = memory[1].roomFor(count);
+      kernels().prepareSegments(points.data(), count, pen, fast);
+      scalarKernels().prepareSegments(points.data(), count, pen, plain);
+      for (std::size_t i = 0; i < count; ++i) {
+        ASSERT_EQ(fast.bentChords[i], plain.bentChords[i]);
+        const int bentChords = plain.bentChords[i];
+        (bentChords == 0 ? without : (plain.chords[i] < 0 ? tight : gentle)) += 1;
+        if (bentChords == 0) continue;
+        ASSERT_EQ(fast.chords[i], plain.chords[i]);
+        ASSERT_GE(bentChords, std::abs(plain.chords[i]));
+        for (const auto list :
+             {&StrokeSegments::startX, &StrokeSegments::startY, &StrokeSegments::startAlongX,
+              &StrokeSegments::startAlongY, &StrokeSegments::endAlongX, &StrokeSegments::endAlongY,
+              &StrokeSegments::startLength, &StrokeSegments::endLength}) {
+          ASSERT_EQ((fast.*list)[i], (plain.*list)[i]);
+        }
+        for (const auto member : {&StrokeCubic::startX, &StrokeCubic::startY, &StrokeCubic::legX,
+                                  &StrokeCubic::legY, &StrokeCubic::bendX, &StrokeCubic::bendY,
+                                  &StrokeCubic::changeX, &StrokeCubic::changeY}) {
+          ASSERT_EQ(fast.cubics[i].*member, plain.cubics[i].*member);
+        }
+        const auto chords = static_cast<std::size_t>(bentChords);
+        std::vector<float> to[2][8];
+        BentCurve bent[2];
+        for (const int k : {0, 1}) {
+          for (auto& values : to[k]) values.assign(3 * chords + 16, -1);
+          auto& v = to[k];
+          bent[k] = {v[0].data(), v[1].data(), v[2].data(), v[3].data(),
+                     v[4].data(), v[5].data(), v[6].data(), v[7].data()};
+          (k == 0 ? kernels() : scalarKernels())
+              .bendCurve(plain.cubics[i], half, bentChords, bent[k]);
+        }
+        ASSERT_EQ(bent[0].leftCount, bent[1].leftCount);
+        ASSERT_EQ(bent[0].rightCount, bent[1].rightCount);
+        const std::size_t counts[] = {chords + 1,         chords + 1,        chords + 1,
+                                      chords + 1,         bent[0].leftCount, bent[0].leftCount,
+                                      bent[0].rightCount, bent[0].rightCount};
+        for (int k = 0; k < 8; ++k) {
+          for (auto* values : {&to[0][k], &to[1][k]}) values->resize(counts[k]);
+          ASSERT_EQ(to[0][k], to[1][k]) << k;
+        }
+      }
+    }
+  }
+  EXPECT_GT(gentle, 300);
+  EXPECT_GT(tight, 300);
+  EXPECT_GT(without, 300);
+}
+
+TEST(StrokeLoops, CornersArePlacedTheSameOnEveryMachine) {
+  std::mt19937 random(20240609);
+  std::uniform_real_distribution<float> real(-40, 140);
+  constexpr std::size_t kMargin = 8;
+  for (std::size_t count = 1; count < 40; ++count) {
+    std::vector<float> x(count + 2 * kMargin, 1e30F);
+    std::vector<float> y = x;
+    for (std::size_t i = kMargin; i < kMargin + count; ++i) {
+      x[i] = real(random);
+      y[i] = count % 3 == 0 ? std::clamp(real(random), 0.0F, 90.0F) : real(random);
+    }
+    if (count == 17) y[kMargin + 9] = NAN;
+    const float* fromX = x.data() + kMargin;
+    const float* fromY = y.data() + kMargin;
+    const CornerBox a = kernels().boxCorners(fromX, fromY, count);
+    const CornerBox b = scalarKernels().boxCorners(fromX, fromY, count);
+    ASSERT_EQ(a.hasNaN, b.hasNaN);
+    ASSERT_EQ(a.hasNaN, count == 17);
+    if (!a.hasNaN) {
+      ASSERT_EQ(a.minX, b.minX);
+      ASSERT_EQ(a.minY, b.minY);
+      ASSERT_EQ(a.maxX, b.maxX);
+      ASSERT_EQ(a.maxY, b.maxY);
+    }
+    for (const bool backwards : {false, true}) {
+      std::vector<float> placedX[2];
+      std::vector<std::int32_t> placedY[2];
+      std::vector<std::uint8_t> outside[2];
+      for (const int k : {0, 1}) {
+        placedX[k].resize(count + kMargin);
+        placedY[k].resize(count + kMargin);
+        outside[k].resize((count + 7) / 8);
+        (k == 0 ? kernels() : scalarKernels())
+            .placeCorners(fromX, fromY, count, backwards, {2.5F, -3, 100, 90},
+                          {placedX[k].data(), placedY[k].data(), outside[k].data()});
+        placedX[k].resize(count);
+        placedY[k].resize(count);
+      }
+      ASSERT_EQ(placedX[0], placedX[1]);
+      ASSERT_EQ(placedY[0], placedY[1]);
+      ASSERT_EQ(outside[0], outside[1]);
+    }
+  }
+}
+
+TEST(StrokeLoops, NodesJoinTheSameOnEveryMachine) {
+  std::mt19937 random(20240612);
+  int straightOn = 0;
+  int corners[4] = {};
+  for (const NodePen& pen :
+       {NodePen{0.5F, 9e-4F, 50}, NodePen{3, 1e-4F, 2}, NodePen{1, 1e-4F, 0}}) {
+    for (std::size_t count = 1; count < 40; ++count) {
+      const auto cubics = someCubics(count + 1, random);
+      std::vector<const double*> points;
+      for (const auto& cubic : cubics) points.push_back(cubic.data());
+      // Some neighbours run on, and some turn back.
+      SegmentMemory memory;
+      const StrokeSegments& s = memory.roomFor(count + 1);
+      kernels().prepareSegments(points.data(), count + 1, {0, 0, pen.half, 25, 4}, s);
+      for (std::size_t i = 1; i < count; i += 5) {
+        const float sign = i % 2 == 0 ? 1 : -1;
+        s.startAlongX[i + 1] = sign * s.endAlongX[i];
+        s.startAlongY[i + 1] = sign * s.endAlongY[i];
+      }
+      std::vector<StrokeNode> nodes[2];
+      for (auto& list : nodes) list.resize(count + 8);
+      kernels().joinSegments(s, count, pen, nodes[0].data());
+      scalarKernels().joinSegments(s, count, pen, nodes[1].data());
+      for (std::size_t i = 0; i < count; ++i) {
+        if (s.bentChords[i] == 0 || s.bentChords[i + 1] == 0) continue;
+        straightOn += nodes[0][i].left.count + nodes[0][i].right.count == 2 ? 1 : 0;
+        for (const auto side : {&StrokeNode::left, &StrokeNode::right}) {
+          const NodeSide& fast = nodes[0][i].*side;
+          const NodeSide& plain = nodes[1][i].*side;
+          ASSERT_EQ(fast.count, plain.count);
+          ++corners[plain.count];
+          for (int k = 0; k < plain.count; ++k) {
+            ASSERT_EQ(fast.x[k], plain.x[k]);
+            ASSERT_EQ(fast.y[k], plain.y[k]);
+          }
+        }
+      }
+    }
+  }
+  for (const int times : {straightOn, corners[1], corners[2], corners[3]}) EXPECT_GT(times, 40);
+}
+
+TEST(StrokeLoops, RingsJoinAndRunsAreCountedTheSameOnEveryMachine) {
+  constexpr int kRows = 20;
+  std::mt19937 random(20240611);
+  std::uniform_real_distribution<float> height(-4, 25);
+  for (std::size_t lines = 1; lines < 40; ++lines) {
+    std::vector<float> x(lines + 9);
+    std::vector<float> y(lines + 9);
+    for (std::size_t i = 0; i <= lines; ++i) {
+      x[i] = height(random);
+      y[i] = lines % 4 == 0 ? height(random) / 5 : height(random);
+    }
+    for (const bool backwards : {false, true}) {
+      std::vector<Edge> edges[2];
+      std::vector<int> changes[2];
+      int runs[2];
+      for (const int k : {0, 1}) {
+        const Kernels& loops = k == 0 ? kernels() : scalarKernels();
+        edges[k].resize(lines + 8);
+        runs[k] =
+            loops.joinRing(x.data(), y.data(), lines + 1, {2, -3}, backwards, edges[k].data());
+        changes[k].assign(kRows + 1, 3);
+        loops.countRuns(edges[k].data(), lines, kRows, changes[k].data());
+      }
+      EXPECT_EQ(runs[0], runs[1]);
+      EXPECT_EQ(changes[0], changes[1]) << lines;
+      for (std::size_t i = 0; i < lines; ++i) {
+        const auto isSame = [&](auto member) { return edges[0][i].*member == edges[1][i].*member; };
+        ASSERT_TRUE(isSame(&Edge::x0) && isSame(&Edge::x1) && isSame(&Edge::y0) &&
+                    isSame(&Edge::y1));
+      }
+      EXPECT_EQ(edges[0][0].x0, x[backwards ? 1 : 0] + 2);
+    }
+  }
+  // Down, up a little, down, and up again; then a line down of the next eight, from above.
+  const std::int32_t y[] = {1024, 3000, 2500, 5000, 1500, 1400, 1300, 1200, -1024, 2047};
+  Edge edges[9];
+  for (int i = 0; i < 9; ++i) edges[i] = {0, 0, y[i], y[i + 1]};
+  std::vector<int> changes(kRows + 1, 0);
+  kernels().countRuns(edges, 9, kRows, changes.data());
+  std::vector<int> expected(kRows + 1, 0);
+  expected[0] = 2 + 1;
+  expected[5] = -2;
+  expected[2] = -1;
+  EXPECT_EQ(changes, expected);
+}
+
+}  // namespace
+}  // namespace glyphwright::raster

@@ -41,6 +41,7 @@ void sumInsetBy(std::int16_t* cells, std::size_t count, std::uint16_t* around,
 // One channel of sixteen pixels a register, woven into pixels only when they are bytes.
 class Writer {
  public:
+  static constexpr bool kRepeats = true;  // pixels of untouched cells are like those before them
   // The lower eight lanes have the first colour.
   Writer(const SolidColor& first, const SolidColor& second) {
     const auto channelsOf = [](const SolidColor& color) {
@@ -72,6 +73,9 @@ class Writer {
   void paintAny(const Rows& rows, std::uint8_t* rgba, __m256i units) const {
     paint(rows, rgba, units);
   }
+  void paintBlock(const TwoRows& rows, std::uint8_t* rgba, const TwoRows::Block& units) const {
+    rows.writeBlock(rgba, pixels(units.first), pixels(units.second));
+  }
   // Whole blocks of one coverage, that of the pixel before them; none at a row's start.
   template <typename Rows>
   void goOn(const Rows& rows, std::uint8_t* rgba, std::size_t blocks, bool isStart,
@@ -92,6 +96,7 @@ class Writer {
 
 class Blender {
  public:
+  static constexpr bool kRepeats = false;
   Blender(const SolidColor& first, const SolidColor& second)
       : ink_(first, second),
         writer_(first, second),
@@ -137,7 +142,8 @@ void paintCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
     const auto shapeOf = [&](const auto& layout, std::size_t y) {
       return ShapeUnits<rule(), std::decay_t<decltype(layout)>>(rows, y);
     };
-    paintShape({rgba, rowBytes, rows.rows, rows.width}, shapeOf, painterOf);
+    paintShape({rgba, rowBytes, rows.rows, rows.width, rows.touched != nullptr}, shapeOf,
+               painterOf);
   });
 }
 

@@ -27,7 +27,10 @@ std::vector<std::uint8_t> painted(const CGPath& path, std::size_t side, bool eve
   CGContextSetStrokeColor(context, UIColor(0.9, 0.3, 0.1, 0.7));
   prepare(context);
   if (byTurns) {
-    contexts::fillAndStroke(*context, path, evenOdd, style);
+    // Halved and doubled again, which nothing is lost by.
+    CGPath half = path;
+    half.applyTransform(CGAffineTransformMakeScale(0.5, 0.5));
+    contexts::fillAndStroke(*context, half, CGAffineTransformMakeScale(2, 2), evenOdd, style);
   } else {
     CGContextFillPath(context, path, evenOdd);
     CGContextStrokePath(context, path, style);

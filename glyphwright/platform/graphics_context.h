@@ -82,8 +82,10 @@ void fillWithLinearGradient(CGContext& context, const CGPath& path,
                             const CGGradient& gradient, CGPoint start, CGPoint end,
                             CGGradientDrawingOptions options);
 
-/// The same as filling the path with the fill colour and then stroking it with the stroke colour.
-void fillAndStroke(CGContext& context, const CGPath& path, bool evenOdd, const StrokeStyle& style);
+/// The same as filling the path, mapped through `placing`, with the fill colour and then stroking
+/// it with the stroke colour. The pen is not mapped.
+void fillAndStroke(CGContext& context, const CGPath& path, const CGAffineTransform& placing,
+                   bool evenOdd, const StrokeStyle& style);
 
 /// The shadow that what surrounds a path casts into it. It needs a device whose axes are those of
 /// the path's space.

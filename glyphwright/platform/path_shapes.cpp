@@ -42,6 +42,15 @@ DeviceBox boxUnder(const DeviceBox& box, const CGAffineTransform& ctm) {
   return {CGRectGetMinX(to), CGRectGetMinY(to), CGRectGetMaxX(to), CGRectGetMaxY(to)};
 }
 
+// Under a turn, a mirror or one scale for both axes the pen stays a circle on the device.
+bool staysRound(const StrokeStyle& style, const CGAffineTransform& ctm) {
+  const double scaleSquare = ctm.a * ctm.a + ctm.b * ctm.b;
+  const double skew = ctm.a * ctm.c + ctm.b * ctm.d;
+  const double other = ctm.c * ctm.c + ctm.d * ctm.d;
+  return style.width == 0 || (std::fabs(skew) <= 1e-9 * scaleSquare &&
+                              std::fabs(scaleSquare - other) <= 1e-9 * scaleSquare);
+}
+
 }  // namespace
 
 StrokedShape::StrokedShape(const CGPath& path, const StrokeStyle& style,
@@ -49,17 +58,13 @@ StrokedShape::StrokedShape(const CGPath& path, const StrokeStyle& style,
                            const DeviceBox* mapped) {
   box.minX = NAN;
   if (!(style.width >= 0) || !std::isfinite(style.width)) return;
-  // Under a turn, a mirror or one scale for both axes the pen stays a circle on the device.
-  const double scaleSquare = ctm.a * ctm.a + ctm.b * ctm.b;
-  const double skew = ctm.a * ctm.c + ctm.b * ctm.d;
-  const double other = ctm.c * ctm.c + ctm.d * ctm.d;
-  const bool isSimilar =
-      std::fabs(skew) <= 1e-9 * scaleSquare && std::fabs(scaleSquare - other) <= 1e-9 * scaleSquare;
-  const bool onDevice = isSimilar || style.width == 0;
+  const bool onDevice = staysRound(style, ctm);
   const DeviceBox points = onDevice && mapped != nullptr
                                ? *mapped
                                : raster::mapPoints(path, onDevice ? ctm : CGAffineTransformIdentity,
                                                    scratch.devicePoints);
+  const double scaleSquare = ctm.a * ctm.a + ctm.b * ctm.b;
+  const double other = ctm.c * ctm.c + ctm.d * ctm.d;
   const double width = style.width == 0 ? 1 : style.width * (onDevice ? std::sqrt(scaleSquare) : 1);
   if (!(points.maxX >= points.minX) || !(width > 0) || !std::isfinite(width)) return;
   const double stretch = onDevice ? 1 : std::sqrt(std::max(scaleSquare, other));
@@ -78,22 +83,26 @@ void StrokedShape::edges(const PixelRect& region, Scratch& scratch) const {
 
 namespace contexts {
 
-void fillAndStroke(CGContext& context, const CGPath& path, bool evenOdd, const StrokeStyle& style) {
+void fillAndStroke(CGContext& context, const CGPath& path, const CGAffineTransform& placing,
+                   bool evenOdd, const StrokeStyle& style) {
   const GraphicsState& state = context.state;
   const raster::Paint fill = solidPaint(state.fillColor, state.alpha);
   const raster::Paint stroke = solidPaint(state.strokeColor, state.alpha);
-  // Shadows and clips take each shape as a whole.
-  if (fill.isClear() || stroke.isClear() || path.isEmpty() || state.clip.bounds.isEmpty() ||
-      state.clip.node != nullptr || state.shadow) {
-    CGContextFillPath(&context, path, evenOdd);
-    CGContextStrokePath(&context, path, style);
+  // Shadows and clips take each shape as a whole, and other pens want the path in their own space.
+  if (!staysRound(style, state.ctm) || fill.isClear() || stroke.isClear() || path.isEmpty() ||
+      state.clip.bounds.isEmpty() || state.clip.node != nullptr || state.shadow) {
+    CGPath placed = path;
+    placed.applyTransform(placing);
+    CGContextFillPath(&context, placed, evenOdd);
+    CGContextStrokePath(&context, placed, style);
     return;
   }
   context.pendingPath = {};
   Scratch& scratch = raster::threadScratch();
   Scratch& above = scratch.above();
-  const FilledShape filled(
-      path, state.ctm, evenOdd ? raster::FillRule::evenOdd : raster::FillRule::nonZero, scratch);
+  const FilledShape filled(path, CGAffineTransformConcat(placing, state.ctm),
+                           evenOdd ? raster::FillRule::evenOdd : raster::FillRule::nonZero,
+                           scratch);
   const PixelRect filledRegion = pixelsTouched(filled.box, state.clip.bounds);
   if (!filledRegion.isEmpty()) filled.edges(filledRegion, scratch);
   above.devicePoints.swap(scratch.devicePoints);

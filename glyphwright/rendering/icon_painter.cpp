@@ -98,14 +98,15 @@ void outlineShape(CGContextRef context, const UIBezierPath& path, const IconPain
   CGContextStrokePath(context, path.cgPath(), outlineStyle(path, paint));
 }
 
-void fillAndOutlineShape(CGContextRef context, const UIBezierPath& path, const IconPaint& paint) {
+void fillAndOutlineShape(CGContextRef context, const UIBezierPath& path,
+                         const CGAffineTransform& fit, const IconPaint& paint) {
   if (paint.fill) CGContextSetFillColor(context, *paint.fill);
   if (paint.strokeColor) CGContextSetStrokeColor(context, *paint.strokeColor);
-  contexts::fillAndStroke(*context, path.cgPath(), true, outlineStyle(path, paint));
+  contexts::fillAndStroke(*context, path.cgPath(), fit, true, outlineStyle(path, paint));
 }
 
 // Fill, inset shadow, outline, and the drop shadow that they cast together. `fit` places a path
-// that is only filled; any other one comes placed.
+// that is only filled, or filled and outlined in one go; any other one comes placed.
 void paintShape(CGContextRef context, const UIBezierPath& path, const CGAffineTransform& fit,
                 const IconPaint& paint) {
   const bool fill = showsFill(paint);
@@ -131,7 +132,7 @@ void paintShape(CGContextRef context, const UIBezierPath& path, const CGAffineTr
     fillWithInsetShadow(context, path, *paint.insetShadow);
     if (outline) outlineShape(context, path, paint);
   } else if (flat && outline) {
-    fillAndOutlineShape(context, path, paint);
+    fillAndOutlineShape(context, path, fit, paint);
   } else {
     if (fill) fillShape(context, path, fit, paint);
     if (inset) drawInsetShadow(context, path, *paint.insetShadow);
@@ -149,7 +150,8 @@ void fitAndPaint(CGContextRef context, const UIBezierPath& path, Placement place
   const CGAffineTransform fit = placement == Placement::fromOrigin
                                     ? originFittingTransform(bounds, inner, paint.size)
                                     : fittingTransform(bounds, inner, paint.size);
-  if (!showsInsetShadow(paint) && !showsOutline(path, paint)) {
+  const bool isFlat = showsFill(paint) && !paint.gradient;
+  if (!showsInsetShadow(paint) && (isFlat || !showsOutline(path, paint))) {
     // Mapping the points once will do.
     paintShape(context, path, fit, paint);
     return;

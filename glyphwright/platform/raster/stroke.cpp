@@ -166,15 +166,14 @@ class ContourWriter {
                              {left.x.data() + left.count, left.y.data() + left.count,
                               right.x.data() + right.count, right.y.data() + right.count});
     const std::size_t inner = static_cast<std::size_t>(count) - 1;
-    if (bend == PenBend::follows && chords > 0) {
+    // What is known of the start is known long before what the samples tell.
+    if (chords > 0 && bend == PenBend::follows) {
       left.count += inner;
       right.count += inner;
-    } else if (bend == PenBend::foldsLeft) {
-      putFold(cubic, left);
-      right.count += inner;
-    } else if (bend == PenBend::foldsRight) {
-      left.count += inner;
-      putFold(cubic, right);
+    } else if (bend == PenBend::foldsLeft || bend == PenBend::foldsRight) {
+      const bool isLeft = bend == PenBend::foldsLeft;
+      putFold(cubic, isLeft ? left : right);
+      (isLeft ? right : left).count += inner;
     } else {
       putBent(i);
     }
@@ -182,8 +181,11 @@ class ContourWriter {
 
   // A side that would run backwards all along is led through the middle of its curve instead.
   static void putFold(const StrokeCubic& c, OutlineSide& side) {
-    side.put(((c.changeX * 0.5F + 3.0F * c.bendX) * 0.5F + 3.0F * c.legX) * 0.5F + c.startX,
-             ((c.changeY * 0.5F + 3.0F * c.bendY) * 0.5F + 3.0F * c.legY) * 0.5F + c.startY);
+    const auto middle = [](float start, float leg, float bend, float change) {
+      return ((change * 0.5F + 3.0F * bend) * 0.5F + 3.0F * leg) * 0.5F + start;
+    };
+    side.put(middle(c.startX, c.legX, c.bendX, c.changeX),
+             middle(c.startY, c.legY, c.bendY, c.changeY));
   }
 
   void putBent(std::size_t i) {

@@ -7,9 +7,9 @@ namespace glyphwright::raster {
 
 /// A cubic in pixels from the outline's origin. With the legs l0, l1, l2 between
 /// its four points, u = l1 − l0 and a = (l2 − l1) − u:
-///   p(t)   = ((a·t + 3u)·t + 3·l0)·t + p0
-///   p'(t)  = 3·((a·t + 2u)·t + l0)
-///   p''(t) = 6·(a·t + u)
+///   p''(t) = 6·b, b = a·t + u
+///   p'(t)  = 3·d, d = (b + u)·t + l0
+///   p(t)   = ((d + l0) + (u·t + l0))·t + p0
 struct StrokeCubic {
   float startX, startY;    // p0
   float legX, legY;        // l0

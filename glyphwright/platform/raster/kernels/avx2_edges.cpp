@@ -306,15 +306,17 @@ void cellAmounts(Pieces& p) {
 
 void addPieces(const Pieces& p, std::int16_t* cells, std::uint8_t* touched) {
   static_assert(kPieceCells == 4);  // one 64-bit word
+  const std::size_t count = p.count;
   // Neighbours often change the same cells, and would wait for one another: every eighth in turn.
   for (std::size_t j = 0; j < 8; ++j) {
-    for (std::size_t i = j; i < p.count; i += 8) {
-      auto* cell = reinterpret_cast<__m128i*>(cells + p.cell[i]);
+    for (std::size_t i = j; i < count; i += 8) {
+      const std::ptrdiff_t at = p.cell[i];
+      auto* cell = reinterpret_cast<__m128i*>(cells + at);
       const __m128i amounts = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p.amounts[i]));
       _mm_storel_epi64(cell, _mm_add_epi16(_mm_loadl_epi64(cell), amounts));
       if (touched == nullptr) continue;
-      touched[p.cell[i] >> kBlockShift] = 1;
-      touched[(p.cell[i] + kPieceCells - 1) >> kBlockShift] = 1;
+      touched[at >> kBlockShift] = 1;
+      touched[(at + kPieceCells - 1) >> kBlockShift] = 1;
     }
   }
 }

@@ -83,6 +83,11 @@ class ShapeUnits {
   void skip(std::size_t blocks) { cells_ += blocks * kBlock; }
   /// Sets the cells that are left back to zero.
   void clearRest() {
+    // There are few of them, so that these steps are faster than the call that a loop becomes.
+    for (int step = 0; step < 6; ++step, cells_ += Rows::kPixels) {
+      if (cells_ >= end_) return;
+      Rows::take(cells_, stride_);
+    }
     for (; cells_ < end_; cells_ += Rows::kPixels) Rows::take(cells_, stride_);
   }
 

@@ -93,7 +93,17 @@ void prepareSegments(const double* const* curves, std::size_t count, const Segme
       r[k] = startAndLegs(curves[i + k < count ? i + k : count - 1], origin);
     }
     transpose(r);
-    const Lanes l0{r[2], r[3]}, l1{r[4], r[5]}, l2{r[6], r[7]};
+    Lanes l0{r[2], r[3]}, l1{r[4], r[5]}, l2{r[6], r[7]};
+    const Lanes nudge = times(l1, every(1.0F / 1024));
+    const __m256 nudgeSquare = dot(nudge, nudge);
+    const auto isNear = [&](Lanes l) { return _mm256_cmp_ps(dot(l, l), nudgeSquare, _CMP_LT_OQ); };
+    const auto nudgeFor = [&](__m256 mask) {
+      return Lanes{_mm256_and_ps(nudge.x, mask), _mm256_and_ps(nudge.y, mask)};
+    };
+    const Lanes atStart = nudgeFor(isNear(l0)), atEnd = nudgeFor(isNear(l2));
+    l0 = plus(l0, atStart);
+    l2 = plus(l2, atEnd);
+    l1 = minus(minus(l1, atStart), atEnd);
     const __m256 dot01 = dot(l0, l1), dot12 = dot(l1, l2);
     const __m256 square0 = dot(l0, l0), square1 = dot(l1, l1), square2 = dot(l2, l2);
     const __m256 length0 = _mm256_sqrt_ps(square0);
@@ -187,8 +197,6 @@ void bendCurve(const StrokeCubic& c, float halfWidth, int chords, BentCurve& out
   const __m256 h = every(step), lift = every(step * step * 0.5F);
   const Lanes start{every(c.startX), every(c.startY)}, leg{every(c.legX), every(c.legY)};
   const Lanes bend{every(c.bendX), every(c.bendY)}, change{every(c.changeX), every(c.changeY)};
-  const Lanes leg3 = times(leg, every(3)), bend3 = times(bend, every(3));
-  const Lanes bend2 = times(bend, every(2));
   const __m256 half = every(halfWidth), zero = _mm256_setzero_ps(), one = every(1);
   const __m256 last = every(static_cast<float>(chords));
   const auto length = [](Lanes v) { return _mm256_sqrt_ps(dot(v, v)); };
@@ -199,11 +207,11 @@ void bendCurve(const StrokeCubic& c, float halfWidth, int chords, BentCurve& out
     const __m256 isInner = _mm256_and_ps(_mm256_cmp_ps(number, zero, _CMP_GT_OQ),
                                          _mm256_cmp_ps(number, last, _CMP_LT_OQ));
     const __m256 move = _mm256_and_ps(lift, isInner);
-    const Lanes at = times(change, t);
-    const Lanes p = plus(times(plus(times(plus(at, bend3), t), leg3), t), start);
-    const Lanes along = plus(times(plus(at, bend2), t), leg);
+    const Lanes at = plus(times(change, t), bend);
+    const Lanes along = plus(times(plus(at, bend), t), leg);
+    const Lanes p = plus(times(plus(plus(along, leg), plus(times(bend, t), leg)), t), start);
     const Lanes normal = leftOf(times(along, _mm256_div_ps(one, length(along))));
-    const Lanes moved = minus(p, times(plus(at, bend), move));
+    const Lanes moved = minus(p, times(at, move));
     _mm256_storeu_ps(out.x + k, moved.x);
     _mm256_storeu_ps(out.y + k, moved.y);
     _mm256_storeu_ps(out.normalX + k, normal.x);

@@ -84,8 +84,9 @@ void joinSegments(const StrokeSegments& s, std::size_t count, const NodePen& pen
     const __m256 runsOn = both(_mm256_cmp_ps(cosine, zero, _CMP_GT_OQ),
                                _mm256_cmp_ps(mul(sine, sine), every(pen.sameSquare), _CMP_LT_OQ));
     const __m256 factor = _mm256_div_ps(half, add(one, cosine));
-    const __m256 shorter =
-        _mm256_min_ps(_mm256_loadu_ps(s.endLength + i), _mm256_loadu_ps(s.startLength + i + 1));
+    const __m256 inLength = _mm256_loadu_ps(s.endLength + i);
+    const __m256 onLength = _mm256_loadu_ps(s.startLength + i + 1);
+    const __m256 shorter = _mm256_min_ps(inLength, onLength);
     const __m256 reach = mul(factor, notThis(sign, sine));
     const __m256 crosses = either(runsOn, both(_mm256_cmp_ps(cosine, every(-0.99F), _CMP_GT_OQ),
                                                _mm256_cmp_ps(reach, shorter, _CMP_LE_OQ)));

@@ -26,10 +26,7 @@ PenBend strokeCurve(const StrokeCubic& c, float halfWidth, int chords, const Str
   const __m256 last = every(static_cast<float>(chords));
   const __m256 changeX = every(c.changeX), changeY = every(c.changeY);
   const __m256 bendX = every(c.bendX), bendY = every(c.bendY);
-  const __m256 bend2X = every(2.0F * c.bendX), bend2Y = every(2.0F * c.bendY);
-  const __m256 bend3X = every(3.0F * c.bendX), bend3Y = every(3.0F * c.bendY);
   const __m256 legX = every(c.legX), legY = every(c.legY);
-  const __m256 leg3X = every(3.0F * c.legX), leg3Y = every(3.0F * c.legY);
   const __m256 startX = every(c.startX), startY = every(c.startY);
   __m256 number = _mm256_setr_ps(1, 2, 3, 4, 5, 6, 7, 8);
   const __m256 foldTurn = every(kFoldTurn);
@@ -38,17 +35,17 @@ PenBend strokeCurve(const StrokeCubic& c, float halfWidth, int chords, const Str
   unsigned opensRight = 0;
   for (int k = 0; k < chords; k += 8) {
     const __m256 t = mul(number, h);
-    const __m256 atX = mul(changeX, t);
-    const __m256 atY = mul(changeY, t);
-    const __m256 x = add(mul(add(mul(add(atX, bend3X), t), leg3X), t), startX);
-    const __m256 y = add(mul(add(mul(add(atY, bend3Y), t), leg3Y), t), startY);
-    const __m256 alongX = add(mul(add(atX, bend2X), t), legX);
-    const __m256 alongY = add(mul(add(atY, bend2Y), t), legY);
+    const __m256 atX = add(mul(changeX, t), bendX);
+    const __m256 atY = add(mul(changeY, t), bendY);
+    const __m256 alongX = add(mul(add(atX, bendX), t), legX);
+    const __m256 alongY = add(mul(add(atY, bendY), t), legY);
+    const __m256 x = add(mul(add(add(alongX, legX), add(mul(bendX, t), legX)), t), startX);
+    const __m256 y = add(mul(add(add(alongY, legY), add(mul(bendY, t), legY)), t), startY);
     const __m256 square = add(mul(alongX, alongX), mul(alongY, alongY));
     const __m256 inverse = _mm256_div_ps(one, _mm256_sqrt_ps(square));
     const __m256 normalX = mul(alongY, inverse);
     const __m256 normalY = _mm256_xor_ps(mul(alongX, inverse), sign);
-    const __m256 bend = add(mul(add(atX, bendX), normalX), mul(add(atY, bendY), normalY));
+    const __m256 bend = add(mul(atX, normalX), mul(atY, normalY));
     const __m256 turn = mul(mul(pen, bend), mul(inverse, inverse));
     const auto lanes = [](__m256 mask) { return static_cast<unsigned>(_mm256_movemask_ps(mask)); };
     const unsigned samples = lanes(_mm256_cmp_ps(number, last, _CMP_LE_OQ));

@@ -9,14 +9,12 @@ namespace glyphwright::raster::scalar {
 /// A cubic at a parameter.
 struct CubicSample {
   CubicSample(const StrokeCubic& c, float t) {
-    const float atX = c.changeX * t;
-    const float atY = c.changeY * t;
-    x = ((atX + 3.0F * c.bendX) * t + 3.0F * c.legX) * t + c.startX;
-    y = ((atY + 3.0F * c.bendY) * t + 3.0F * c.legY) * t + c.startY;
-    bendX = atX + c.bendX;
-    bendY = atY + c.bendY;
-    const float alongX = (atX + 2.0F * c.bendX) * t + c.legX;
-    const float alongY = (atY + 2.0F * c.bendY) * t + c.legY;
+    bendX = c.changeX * t + c.bendX;
+    bendY = c.changeY * t + c.bendY;
+    const float alongX = (bendX + c.bendX) * t + c.legX;
+    const float alongY = (bendY + c.bendY) * t + c.legY;
+    x = (alongX + c.legX + (c.bendX * t + c.legX)) * t + c.startX;
+    y = (alongY + c.legY + (c.bendY * t + c.legY)) * t + c.startY;
     inverse = 1.0F / std::sqrt(alongX * alongX + alongY * alongY);
     normalX = alongY * inverse;
     normalY = -(alongX * inverse);

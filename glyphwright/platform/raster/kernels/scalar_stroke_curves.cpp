@@ -41,6 +41,10 @@ float turnBetween(Pair a, Pair b) {
   return chord + chord * square * (1.0F / 24.0F);
 }
 
+// A control point that is nearer to its end than this part of the middle leg tells no direction: it
+// is moved by as much towards the other one.
+constexpr float kNudge = 1.0F / 1024;
+
 // Shorter legs, in pixels squared, are left to those who take care.
 constexpr float kLeastLeg = 1e-12F;
 
@@ -59,9 +63,17 @@ void prepareSegments(const double* const* curves, std::size_t curveCount, const 
     };
     const Pair start{static_cast<float>(p[0] - pen.originX),
                      static_cast<float>(p[1] - pen.originY)};
-    const Pair l0 = leg(0);
-    const Pair l1 = leg(2);
-    const Pair l2 = leg(4);
+    Pair l0 = leg(0);
+    Pair l1 = leg(2);
+    Pair l2 = leg(4);
+    const Pair nudge = l1 * kNudge;
+    const float nudgeSquare = dot(nudge, nudge);
+    const bool startsLate = dot(l0, l0) < nudgeSquare;
+    const bool endsEarly = dot(l2, l2) < nudgeSquare;
+    if (startsLate) l0 = l0 + nudge;
+    if (endsEarly) l2 = l2 + nudge;
+    if (startsLate) l1 = l1 - nudge;
+    if (endsEarly) l1 = l1 - nudge;
     const float dot01 = dot(l0, l1);
     const float dot12 = dot(l1, l2);
     const float square0 = dot(l0, l0);

@@ -97,7 +97,7 @@ class Canvas {
     void finish();
 
    private:
-    void layRowGround(std::uint8_t* line) const;
+    void layGround(int y, int rows) const;
     void span(std::uint8_t* rgba, const CoverageSpan& span, const std::uint16_t* coverage, int y);
     void solid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count);
 
@@ -141,8 +141,8 @@ class Canvas {
   void detach();
   void layGround(std::uint8_t* rgba, std::size_t count) const;
   void layRows(int from, int to);
-  // Left and right of a region, in one row.
-  void layBeside(std::uint8_t* line, const PixelRect& region) const;
+  // Left and right of a region, in rows from `y` on.
+  void layBeside(int y, int rows, const PixelRect& region);
 
   PixelRect bounds_;
   std::size_t rowBytes_;

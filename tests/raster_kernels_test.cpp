@@ -1,6 +1,7 @@
 // The loops of this machine against the scalar ones that explain them: equal bit for bit.
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -41,7 +42,8 @@ TEST_F(RasterKernels, RowsOfCellsPaintTheSame) {
       std::vector<std::int16_t> plainCells = fastCells;
       const FillRule rule = upTo(1) == 0 ? FillRule::nonZero : FillRule::evenOdd;
       const std::uint8_t* mask = round % 2 == 0 ? &touched[before / kBlock] : nullptr;
-      const std::size_t rowBytes = width * 4 + 12;
+      const std::size_t between = round % 4 == 0 ? 0 : 12;  // bytes, from row to row
+      const std::size_t rowBytes = width * 4 + between;
       const auto below = premultiplied(rowBytes / 4 * kRows + kBlock);
       for (const auto kernel : {&Kernels::writeCells, &Kernels::blendCells}) {
         const SolidColor ink = color();
@@ -56,15 +58,15 @@ TEST_F(RasterKernels, RowsOfCellsPaintTheSame) {
         // Past the ends of rows anything goes if more rows come; nothing is touched past the last.
         for (std::size_t row = 0; row + 1 < kRows; ++row) {
           const auto padding = static_cast<std::ptrdiff_t>(row * rowBytes + width * 4);
-          std::copy_n(plainPixels.begin() + padding, 12, fastPixels.begin() + padding);
+          std::copy_n(plainPixels.begin() + padding, between, fastPixels.begin() + padding);
         }
         ASSERT_EQ(fastPixels, plainPixels) << "width " << width;
         ASSERT_EQ(a, std::vector<std::int16_t>(a.size(), 0)) << "width " << width;
         ASSERT_EQ(b, a);
       }
       for (const auto kernel : {&Kernels::writeCellsByRow, &Kernels::blendCellsByRow}) {
-        SolidColor inks[kRows];
-        for (SolidColor& ink : inks) ink = color();
+        std::uint32_t inks[kRows];
+        std::memcpy(inks, premultiplied(kRows).data(), sizeof(inks));
         auto fastPixels = below;
         auto plainPixels = below;
         auto a = fastCells;
@@ -75,7 +77,7 @@ TEST_F(RasterKernels, RowsOfCellsPaintTheSame) {
                          {&b[before], stride, mask, kRows, width, rule, before}, inks);
         for (std::size_t row = 0; row + 1 < kRows; ++row) {
           const auto padding = static_cast<std::ptrdiff_t>(row * rowBytes + width * 4);
-          std::copy_n(plainPixels.begin() + padding, 12, fastPixels.begin() + padding);
+          std::copy_n(plainPixels.begin() + padding, between, fastPixels.begin() + padding);
         }
         ASSERT_EQ(fastPixels, plainPixels) << "width " << width;
       }
@@ -94,8 +96,8 @@ TEST_F(RasterKernels, RowsOfCellsPaintTheSame) {
         EXPECT_EQ(a, std::vector<std::int16_t>(a.size(), 0));
         EXPECT_EQ(b, a);
         for (std::size_t row = 0; row + 1 < kRows; ++row) {
-          std::fill_n(pixels.begin() + static_cast<std::ptrdiff_t>(row * rowBytes + width * 4), 12,
-                      0);
+          std::fill_n(pixels.begin() + static_cast<std::ptrdiff_t>(row * rowBytes + width * 4),
+                      between, 0);
         }
         return pixels;
       };
@@ -212,25 +214,24 @@ TEST_F(RasterKernels, PointsMapAndBoxTheSame) {
   EXPECT_TRUE(box.hasNaN);
 }
 
-// Places before, inside and beyond the ramp, standing still and far away.
 TEST_F(RasterKernels, ColoursMixTheSame) {
-  for (int round = 0; round < 2000; ++round) {
-    double start[4];
-    double change[4];
+  for (std::size_t round = 0; round < 2000; ++round) {
+    ColorStretch stretch{.from = upTo(1000) / 2000.0, .perUnit = 2};
     for (int c = 0; c < 4; ++c) {
-      start[c] = upTo(4) == 0 ? upTo(1) : upTo(1000) / 1000.0;
-      change[c] = (upTo(4) == 0 ? upTo(1) : upTo(1000) / 1000.0) - start[c];
+      stretch.start[c] = upTo(4) == 0 ? upTo(1) : upTo(1000) / 1000.0;
+      stretch.change[c] = (upTo(4) == 0 ? upTo(1) : upTo(1000) / 1000.0) - stretch.start[c];
     }
-    const double parts[2] = {upTo(1000) / 1000.0, upTo(1) == 0 ? 0.0 : 1.0};
-    std::uint32_t fast[2];
-    std::uint32_t plain[2];
-    fast_.mixColors(start, change, parts, 2, fast);
-    plain_.mixColors(start, change, parts, 2, plain);
-    ASSERT_EQ(fast[0], plain[0]);
-    ASSERT_EQ(fast[1], plain[1]);
+    double places[7];
+    for (double& place : places) place = stretch.from + upTo(1000) / 2000.0;
+    std::uint32_t fast[7] = {};
+    std::uint32_t plain[7] = {};
+    fast_.mixColors(stretch, places, round % 7 + 1, fast);
+    plain_.mixColors(stretch, places, round % 7 + 1, plain);
+    ASSERT_EQ(std::to_array(fast), std::to_array(plain));
   }
 }
 
+// Places before, inside and beyond the ramp, standing still and far away.
 TEST_F(RasterKernels, RampsAreReadTheSame) {
   std::vector<std::uint32_t> entries;
   for (std::uint32_t i = 0; i < 100; ++i) entries.push_back(i * 0x01030507U);
@@ -247,6 +248,13 @@ TEST_F(RasterKernels, RampsAreReadTheSame) {
         fast_.rampPixels(fast.data(), ramp, start, step, count);
         plain_.rampPixels(plain.data(), ramp, start, step, count);
         ASSERT_EQ(fast, plain) << start << " by " << step << ", " << count << " pixels";
+        std::vector<double> fastPlaces(count + 3);
+        std::vector<double> plainPlaces(count + 3);
+        fast_.placeEntries(start, step, 7, 60, count, fastPlaces.data());
+        plain_.placeEntries(start, step, 7, 60, count, plainPlaces.data());
+        fastPlaces.resize(count);
+        plainPlaces.resize(count);
+        ASSERT_EQ(fastPlaces, plainPlaces) << start << " by " << step;
       }
     }
   }

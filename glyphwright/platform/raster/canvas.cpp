@@ -67,11 +67,15 @@ void Canvas::layRows(int from, int to) {
   }
 }
 
-void Canvas::layBeside(std::uint8_t* line, const PixelRect& region) const {
+void Canvas::layBeside(int y, int rows, const PixelRect& region) {
   const auto left = static_cast<std::size_t>(region.x0 - bounds_.x0);
   const auto right = static_cast<std::size_t>(bounds_.x1 - region.x1);
-  if (left > 0) layGround(line, left);
-  if (right > 0) layGround(line + rowBytes_ - right * 4, right);
+  if (left + right == 0) return;
+  layGround(rowAt(y), left);
+  // What is right of a row goes on to the left of the next one.
+  std::uint8_t* beyond = rowAt(y + 1) - right * 4;
+  for (; rows > 1; --rows, beyond += rowBytes_) layGround(beyond, right + left);
+  layGround(beyond, right);
 }
 
 void Canvas::materialize() {
@@ -118,18 +122,18 @@ void Canvas::Painter::finish() {
   if (laysGround_) canvas_.layRows(region_.y1, canvas_.bounds_.y1);
 }
 
-// What of a row the shape's own pixels will not write.
-void Canvas::Painter::layRowGround(std::uint8_t* line) const {
+// What of some rows the shape's own pixels will not write.
+void Canvas::Painter::layGround(int y, int rows) const {
   if (!writes_) {
-    canvas_.layGround(line, canvas_.rowBytes_ / 4);
+    canvas_.layRows(y, y + rows);
     return;
   }
-  canvas_.layBeside(line, region_);
+  canvas_.layBeside(y, rows, region_);
 }
 
 void Canvas::Painter::row(const CoverageRow& row) {
   std::uint8_t* line = canvas_.rowAt(row.y);
-  if (laysGround_) layRowGround(line);
+  if (laysGround_) layGround(row.y, 1);
   std::uint8_t* rgba = line + static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0) * 4;
   const CoverageSpan& first = row.spans.front();
   if (row.spans.size() == 1 && first.constant == CoverageSpan::kVaries && clip_ == nullptr &&
@@ -144,11 +148,7 @@ bool Canvas::Painter::cells(int y, const CellRows& rows) {
   const bool byRow = rows_ == PixelSource::Rows::even && paint_.sourceAlpha == kOne;
   if (clip_ != nullptr || (paint_.source != nullptr && !byRow)) return false;
   std::uint8_t* line = canvas_.rowAt(y);
-  if (laysGround_ && !(writes_ && rows.width * 4 == canvas_.rowBytes_)) {
-    for (std::size_t row = 0; row < rows.rows; ++row) {
-      layRowGround(line + row * canvas_.rowBytes_);
-    }
-  }
+  if (laysGround_) layGround(y, static_cast<int>(rows.rows));
   std::uint8_t* rgba = line + static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0) * 4;
   const Kernels& kernels = *scratch_.kernels;
   if (byRow) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <cstring>
 #include <memory>
 #include <optional>
 #include <span>
@@ -54,10 +53,10 @@ class PixelSource {
   /// What is known of the rows: each of one colour, all alike, or nothing.
   enum class Rows : std::uint8_t { even, same, vary };
   virtual Rows rows() const { return Rows::vary; }
-  /// The colours of the rows from `y` on where each has one.
-  virtual void rowColors(int y, std::span<SolidColor> colors) const {
+  /// The premultiplied pixels of the rows from `y` on where each has one colour.
+  virtual void rowColors(int y, std::span<std::uint32_t> pixels) const {
     static_cast<void>(y);
-    static_cast<void>(colors);
+    static_cast<void>(pixels);
   }
 
  protected:
@@ -98,7 +97,7 @@ class Canvas {
     void finish();
 
    private:
-    void layRowGround(std::uint8_t* line) const;
+    void layGround(int y, int rows) const;
     void span(std::uint8_t* rgba, const CoverageSpan& span, const std::uint16_t* coverage, int y);
     void solid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count);
 
@@ -142,8 +141,8 @@ class Canvas {
   void detach();
   void layGround(std::uint8_t* rgba, std::size_t count) const;
   void layRows(int from, int to);
-  // Left and right of a region, in one row.
-  void layBeside(std::uint8_t* line, const PixelRect& region) const;
+  // Left and right of a region, in rows from `y` on.
+  void layBeside(int y, int rows, const PixelRect& region);
 
   PixelRect bounds_;
   std::size_t rowBytes_;
@@ -155,16 +154,6 @@ class Canvas {
 
 /// Sets `count` pixels to one premultiplied colour.
 void fillPixels(std::uint8_t* rgba, std::size_t count, const SolidColor& color);
-
-/// The colour of a premultiplied pixel, four bytes in memory order.
-inline SolidColor solidColor(std::uint32_t pixel) {
-  std::uint8_t bytes[4];
-  std::memcpy(bytes, &pixel, sizeof(bytes));
-  SolidColor color;
-  for (int c = 0; c < 4; ++c) color.channels[c] = static_cast<std::int16_t>(bytes[c] << 6);
-  color.alpha = static_cast<std::int16_t>((bytes[3] << 7) + (bytes[3] >> 1));
-  return color;
-}
 
 /// A premultiplied colour from components (clamped to 0…1) times an alpha.
 SolidColor solidColor(double red, double green, double blue, double alpha);

@@ -10,11 +10,8 @@ Canvas::FreshRows::FreshRows(Canvas& canvas, const PixelRect& region)
 }
 
 std::uint8_t* Canvas::FreshRows::at(int y, int rows) {
-  std::uint8_t* line = canvas_.rowAt(y);
-  if (region_.width() < canvas_.bounds_.width()) {
-    for (int row = 0; row < rows; ++row) canvas_.layBeside(canvas_.rowAt(y + row), region_);
-  }
-  return line + static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0) * 4;
+  canvas_.layBeside(y, rows, region_);
+  return canvas_.rowAt(y) + static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0) * 4;
 }
 
 void Canvas::FreshRows::finish() {

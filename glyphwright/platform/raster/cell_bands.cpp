@@ -11,6 +11,7 @@ constexpr std::size_t kDenseCells = 128 * 144;
 // Bands of rows are as high as the near caches take, so that few edges are met twice.
 constexpr std::size_t kBandCells = 64 * 1024;
 constexpr int kLeastBandRows = 32;
+constexpr std::uint32_t kNoEdge = ~std::uint32_t{0};
 
 // A power of two.
 int bandRowsFor(std::size_t stride) {
@@ -55,25 +56,25 @@ CellBands<Cell>::CellBands(const EdgeList& edges, const PixelRect& area, Scratch
   if (isDense) return;
   scratch.touched.assign(wanted / kBlock + kTouchedMargin, 0);
   band_.touched = scratch.touched.data();
-  if (bandRows_ < height_) sortByBand((height_ + bandRows_ - 1) / bandRows_);
+  if (bandRows_ < height_) listByBand((height_ + bandRows_ - 1) / bandRows_);
 }
 
-// Orders the edges by the band in which they start; level ones come last.
+// Lists the edges by the band in which they start; level ones come last.
 template <typename Cell>
-void CellBands<Cell>::sortByBand(int bands) {
-  auto& starts = scratch_.bandStarts;
-  starts.assign(static_cast<std::size_t>(bands) + 2, 0);
+void CellBands<Cell>::listByBand(int bands) {
+  auto& heads = scratch_.bandHeads;
+  auto& links = scratch_.edgeLinks;
+  heads.assign(static_cast<std::size_t>(bands) + 1, kNoEdge);
+  if (links.size() < edges_.count) links.resize(edges_.count);
   const int shift = std::countr_zero(static_cast<unsigned>(bandRows_)) + kUnitShift;
   const int top = top_ * kUnitsPerPixel;
-  const auto bandOf = [shift, top, bands](const Edge& e) {
-    const int band = (std::max(std::min(e.y0, e.y1), 0) + top) >> shift;
-    return static_cast<std::size_t>(e.y0 == e.y1 ? bands : band);
-  };
-  for (const Edge& e : edges_.edges()) ++starts[bandOf(e) + 1];
-  for (std::size_t b = 1; b < starts.size(); ++b) starts[b] += starts[b - 1];
-  scratch_.sortedEdges.resize(edges_.count);
-  for (const Edge& e : edges_.edges()) scratch_.sortedEdges[starts[bandOf(e)]++] = e;
-  // Each start has moved to its band's end, which is the next band's start.
+  std::uint32_t at = 0;
+  for (const Edge& e : edges_.edges()) {
+    const int start = (std::max(std::min(e.y0, e.y1), 0) + top) >> shift;
+    std::uint32_t& head = heads[static_cast<std::size_t>(e.y0 == e.y1 ? bands : start)];
+    links[at] = head;
+    head = at++;
+  }
   scratch_.activeEdges.clear();
 }
 
@@ -86,10 +87,10 @@ void CellBands<Cell>::openNext() {
   if (bandRows_ < height_) {
     auto& active = scratch_.activeEdges;
     keepBelow(active, band_.firstRow * kUnitsPerPixel);
-    const std::size_t last = scratch_.bandStarts[static_cast<std::size_t>(firstRow_ / bandRows_)];
-    active.insert(active.end(), scratch_.sortedEdges.cbegin() + static_cast<std::ptrdiff_t>(next_),
-                  scratch_.sortedEdges.cbegin() + static_cast<std::ptrdiff_t>(last));
-    next_ = last;
+    std::uint32_t next = scratch_.bandHeads[static_cast<std::size_t>(firstRow_ / bandRows_)];
+    for (; next != kNoEdge; next = scratch_.edgeLinks[next]) {
+      active.push_back(edges_.edges()[next]);
+    }
     inBand = active;
   }
   accumulate<Cell>(inBand, band_, *scratch_.kernels);

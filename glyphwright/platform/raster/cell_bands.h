@@ -41,7 +41,7 @@ class CellBands {
   std::uint8_t* marks(int row) const {
     return band_.touched + static_cast<std::size_t>(row - firstRow_) * (band_.stride / kBlock);
   }
-  void sortByBand(int bands);
+  void listByBand(int bands);
 
   const EdgeList& edges_;
   Scratch& scratch_;
@@ -50,8 +50,7 @@ class CellBands {
   std::size_t before_;
   int bandRows_ = 0;
   CellBand<Cell> band_;
-  int firstRow_ = 0;      // of the band
-  std::size_t next_ = 0;  // of the sorted edges
+  int firstRow_ = 0;  // of the band
 };
 
 extern template class CellBands<std::int16_t>;

@@ -15,11 +15,11 @@ void components(const CGColor& color, double to[4]) {
 }
 
 std::uint32_t pixelOf(const CGColor& color, const Kernels& kernels) {
-  double values[4];
-  components(color, values);
-  constexpr double none[4] = {};
+  ColorStretch even;
+  components(color, even.start);
+  constexpr double anywhere = 0;
   std::uint32_t pixel = 0;
-  kernels.mixColors(values, none, none, 1, &pixel);
+  kernels.mixColors(even, &anywhere, 1, &pixel);
   return pixel;
 }
 
@@ -58,32 +58,22 @@ void GradientRamp::enterAt(double place) {
 }
 
 void GradientRamp::read(double origin, double step, int index, std::span<std::uint32_t> pixels) {
-  // Stops lie within 0…1.
-  constexpr double before = -1;
-  constexpr double after = 2;
   constexpr std::size_t kAtOnce = 64;
-  const auto size = static_cast<double>(size_);
+  double places[kAtOnce];
   for (std::size_t from = 0; from < pixels.size(); from += kAtOnce) {
     const std::size_t count = std::min(pixels.size() - from, kAtOnce);
     std::uint32_t* const out = pixels.data() + from;
-    double places[kAtOnce];
-    for (std::size_t i = 0; i < count; ++i) {
-      const double location = origin + step * (index + static_cast<double>(from + i));
-      const double entry = static_cast<int>(std::clamp(location, 0.0, size));
-      const double within = location >= 0 ? (entry + 0.5) / size : before;
-      places[i] = location >= size ? after : within;
-    }
+    // Stops lie within 0…1: what is before or after the gradient is before or after all of them.
+    kernels_.placeEntries(origin, step, index + static_cast<int>(from), size_, count, places);
     for (std::size_t i = 0; i < count;) {
       if (!stretch_.holds(places[i])) enterAt(places[i]);
-      std::size_t end = i + 1;
-      while (end < count && stretch_.holds(places[end])) ++end;
+      // Places rise or fall: what holds the last one holds all between.
+      std::size_t end = count;
+      while (!stretch_.holds(places[end - 1])) --end;
       if (next_ == 0 || next_ == stops_.size()) {
         std::fill(out + i, out + end, next_ == 0 ? first_ : last_);
       } else {
-        for (std::size_t k = i; k < end; ++k) {
-          places[k] = (places[k] - stretch_.from) * stretch_.perUnit;
-        }
-        kernels_.mixColors(stretch_.start, stretch_.change, places + i, end - i, out + i);
+        kernels_.mixColors(stretch_, places + i, end - i, out + i);
       }
       i = end;
     }

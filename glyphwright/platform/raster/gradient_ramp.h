@@ -28,12 +28,8 @@ class GradientRamp {
 
  private:
   // The colours between two stops, or beyond the ends.
-  struct Stretch {
+  struct Stretch : ColorStretch {
     double until = 0;  // the location where the next one begins
-    double from = 0;
-    double perUnit = 0;  // 1 over its length
-    double start[4] = {};
-    double change[4] = {};  // over its length
 
     bool holds(double place) const { return place >= from && place < until; }
   };

@@ -57,25 +57,19 @@ PixelSource::Rows LinearGradientSource::rows() const {
   return perRow_ == 0 ? Rows::same : Rows::vary;
 }
 
-void LinearGradientSource::rowColors(int y, std::span<SolidColor> colors) const {
-  constexpr std::size_t kAtOnce = 64;
-  std::uint32_t pixels[kAtOnce];
-  for (; !colors.empty(); y += kAtOnce) {
-    const std::size_t count = std::min(colors.size(), kAtOnce);
-    ramp_.read(base_, perRow_, y, {pixels, count});
-    for (std::size_t i = 0; i < count; ++i) {
-      const double entry = base_ + perRow_ * (y + static_cast<double>(i));
-      colors[i] = isOutside(entry) ? SolidColor{} : solidColor(pixels[i]);
-    }
-    colors = colors.subspan(count);
+void LinearGradientSource::rowColors(int y, std::span<std::uint32_t> pixels) const {
+  ramp_.read(base_, perRow_, y, pixels);
+  if (before_ && after_) return;
+  for (std::size_t i = 0; i < pixels.size(); ++i) {
+    if (isOutside(base_ + perRow_ * (y + static_cast<double>(i)))) pixels[i] = 0;
   }
 }
 
 void LinearGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const {
   if (perColumn_ == 0) {
-    SolidColor color;
-    rowColors(y, {&color, 1});
-    return fillPixels(rgba, count, color);
+    std::uint32_t pixel = 0;
+    rowColors(y, {&pixel, 1});
+    return fillPixels(rgba, count, solidColor(pixel));
   }
   const double first = base_ + perColumn_ * x + perRow_ * y;
   // The table's second entry is the first one within the gradient.

@@ -23,7 +23,7 @@ class LinearGradientSource final : public PixelSource {
   /// A gradient that runs straight down has rows of one colour, one that runs straight across has
   /// the same row everywhere.
   Rows rows() const override;
-  void rowColors(int y, std::span<SolidColor> colors) const override;
+  void rowColors(int y, std::span<std::uint32_t> pixels) const override;
 
  private:
   bool isOutside(double entry) const {

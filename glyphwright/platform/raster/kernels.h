@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 
 #include <glyphwright/platform/raster/stroke_kernels.h>
@@ -33,6 +34,16 @@ struct SolidColor {
   bool isOpaque() const { return alpha == kOne; }
   bool isClear() const { return alpha == 0; }
 };
+
+/// The colour of a premultiplied pixel, four bytes in memory order.
+inline SolidColor solidColor(std::uint32_t pixel) {
+  std::uint8_t bytes[4];
+  std::memcpy(bytes, &pixel, sizeof(bytes));
+  SolidColor color;
+  for (int c = 0; c < 4; ++c) color.channels[c] = static_cast<std::int16_t>(bytes[c] << 6);
+  color.alpha = static_cast<std::int16_t>((bytes[3] << 7) + (bytes[3] >> 1));
+  return color;
+}
 
 /// Vertical positions count in 1/1024 pixel, and full coverage of a pixel is 1024 units, so that
 /// the height of an edge inside a row is its coverage and sums over a row come out exactly.
@@ -152,6 +163,15 @@ struct Pieces {
   std::uint8_t wide[kCapacity / 8];
 };
 
+/// Colours that change evenly from place to place: start + change × (place − from) × perUnit.
+/// Components lie within 0…1, alpha last.
+struct ColorStretch {
+  double from = 0;
+  double perUnit = 0;
+  double start[4] = {};
+  double change[4] = {};
+};
+
 /// The colours along a gradient, four bytes in memory order: what lies before it, its entries, and
 /// what lies after it, at index `last`.
 struct Ramp {
@@ -239,11 +259,11 @@ struct Kernels {
                      const SolidColor& color);
   void (*blendCells)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                      const SolidColor& color);
-  /// The same with a colour for each row.
+  /// The same with a premultiplied pixel for each row.
   void (*writeCellsByRow)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
-                          const SolidColor* colors);
+                          const std::uint32_t* colors);
   void (*blendCellsByRow)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
-                          const SolidColor* colors);
+                          const std::uint32_t* colors);
   /// Two shapes in the same pixels, one painted over the other over nothing.
   void (*writeTwoCells)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& below,
                         const CellRows& above, const SolidColor& belowColor,
@@ -267,11 +287,15 @@ struct Kernels {
                       const std::uint8_t* source);
   void (*blendPixels)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                       const std::uint8_t* source);
-  /// Pixels, four bytes in memory order, of the colours start + change × part for each part.
-  /// Components lie within 0…1, alpha last; they are premultiplied and rounded to 1/64 levels and
-  /// then to levels, like any other colour.
-  void (*mixColors)(const double* start, const double* change, const double* parts,
-                    std::size_t count, std::uint32_t* pixels);
+  /// The places, counted in a gradient's length, of the middles of the entries that the locations
+  /// origin + step × (index + i) lie in, where the gradient has `size` entries; −1 for those before
+  /// it and NaN, 2 for those after it. Writes whole fours.
+  void (*placeEntries)(double origin, double step, int index, double size, std::size_t count,
+                       double* places);
+  /// Pixels, four bytes in memory order, of the colours at places: premultiplied and rounded to
+  /// 1/64 levels and then to levels, like any other colour.
+  void (*mixColors)(const ColorStretch& stretch, const double* places, std::size_t count,
+                    std::uint32_t* pixels);
   /// Pixel i := the ramp's entry at `from` + i·`step`, rounded down and held within the ramp.
   void (*rampPixels)(std::uint8_t* rgba, const Ramp& ramp, double from, double step,
                      std::size_t count);

@@ -49,9 +49,9 @@ struct Scratch {
   std::vector<CGPoint> devicePoints;
   EdgeList edges;
   StrokeOutline outline;
-  std::vector<Edge> sortedEdges;
   std::vector<Edge> activeEdges;
-  std::vector<std::uint32_t> bandStarts;
+  std::vector<std::uint32_t> bandHeads;
+  std::vector<std::uint32_t> edgeLinks;
   LineVector<std::int16_t> narrowCells;
   LineVector<std::int32_t> wideCells;
   std::vector<std::uint8_t> touched;
@@ -64,7 +64,7 @@ struct Scratch {
   std::vector<const std::uint16_t*> filterSources;
   GaussianTaps taps;
   std::vector<std::uint32_t> ramp;
-  std::vector<SolidColor> rowColors;
+  std::vector<std::uint32_t> rowColors;
   std::unique_ptr<Scratch> upper;
 
   /// A second one with the same loops, for a shape that is painted over another by turns.

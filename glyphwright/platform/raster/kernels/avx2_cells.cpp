@@ -41,6 +41,7 @@ void sumInsetBy(std::int16_t* cells, std::size_t count, std::uint16_t* around,
 // One channel of sixteen pixels a register, woven into pixels only when they are bytes.
 class Writer {
  public:
+  static constexpr bool kRepeats = true;  // pixels of untouched cells are like those before them
   // The lower eight lanes have the first colour.
   Writer(const SolidColor& first, const SolidColor& second) {
     const auto channelsOf = [](const SolidColor& color) {
@@ -53,6 +54,17 @@ class Writer {
       channels_[c] = _mm256_shuffle_epi8(halved, _mm256_set1_epi16(bytes));
     }
   }
+  // The colours of premultiplied pixels: bytes become 1/32 levels.
+  Writer(std::uint32_t first, std::uint32_t second) {
+    const auto everywhere = [](std::uint32_t pixel) {
+      return _mm_set1_epi32(static_cast<int>(pixel));
+    };
+    const __m256i both = _mm256_set_m128i(everywhere(second), everywhere(first));
+    for (int c = 0; c < 4; ++c) {
+      const auto byte = static_cast<short>(c << 8 | 0x80);
+      channels_[c] = _mm256_srli_epi16(_mm256_shuffle_epi8(both, _mm256_set1_epi16(byte)), 3);
+    }
+  }
   template <typename Rows>
   void paint(const Rows& rows, std::uint8_t* rgba, __m256i units) const {
     rows.write(rgba, pixels(units));
@@ -60,6 +72,9 @@ class Writer {
   template <typename Rows>
   void paintAny(const Rows& rows, std::uint8_t* rgba, __m256i units) const {
     paint(rows, rgba, units);
+  }
+  void paintBlock(const TwoRows& rows, std::uint8_t* rgba, const TwoRows::Block& units) const {
+    rows.writeBlock(rgba, pixels(units.first), pixels(units.second));
   }
   // Whole blocks of one coverage, that of the pixel before them; none at a row's start.
   template <typename Rows>
@@ -81,10 +96,13 @@ class Writer {
 
 class Blender {
  public:
+  static constexpr bool kRepeats = false;
   Blender(const SolidColor& first, const SolidColor& second)
       : ink_(first, second),
         writer_(first, second),
         isOpaque_(first.isOpaque() && second.isOpaque()) {}
+  Blender(std::uint32_t first, std::uint32_t second)
+      : Blender(solidColor(first), solidColor(second)) {}
   template <typename Rows>
   void paint(const Rows& rows, std::uint8_t* rgba, __m256i units) const {
     if (!isZero(units)) paintAny(rows, rgba, units);
@@ -124,12 +142,13 @@ void paintCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
     const auto shapeOf = [&](const auto& layout, std::size_t y) {
       return ShapeUnits<rule(), std::decay_t<decltype(layout)>>(rows, y);
     };
-    paintShape({rgba, rowBytes, rows.rows, rows.width}, shapeOf, painterOf);
+    paintShape({rgba, rowBytes, rows.rows, rows.width, rows.touched != nullptr}, shapeOf,
+               painterOf);
   });
 }
 
 template <typename Painter>
-auto byRow(const SolidColor* colors) {
+auto byRow(const std::uint32_t* colors) {
   return [colors](const auto& rows, std::size_t y) {
     return Painter(colors[y], colors[y + rows.kRows - 1]);
   };
@@ -160,12 +179,12 @@ void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
 }
 
 void writeCellsByRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
-                     const SolidColor* colors) {
+                     const std::uint32_t* colors) {
   paintCells(rgba, rowBytes, rows, byRow<Writer>(colors));
 }
 
 void blendCellsByRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
-                     const SolidColor* colors) {
+                     const std::uint32_t* colors) {
   paintCells(rgba, rowBytes, rows, byRow<Blender>(colors));
 }
 

@@ -124,6 +124,23 @@ struct TwoRows {
     _mm256_storeu2_m128i(at(rgba + rowBytes + 16), at(rgba + 16), p.b);
     _mm256_storeu2_m128i(at(rgba + rowBytes), at(rgba), p.a);
   }
+  /// A block of both rows in two stretches, for half the loads and stores of one after the other.
+  struct Block {
+    __m256i first;
+    __m256i second;
+  };
+  static Block takeBlock(std::int16_t* cells, std::size_t stride) {
+    const __m256i upper = OneRow::take(cells, stride);
+    const __m256i lower = OneRow::take(cells + stride, stride);
+    return {_mm256_permute2x128_si256(upper, lower, 0x20),
+            _mm256_permute2x128_si256(upper, lower, 0x31)};
+  }
+  void writeBlock(std::uint8_t* rgba, const WovenPixels& first, const WovenPixels& second) const {
+    store(rgba, _mm256_permute2x128_si256(first.a, first.b, 0x20));
+    store(rgba + 32, _mm256_permute2x128_si256(second.a, second.b, 0x20));
+    store(rgba + rowBytes, _mm256_permute2x128_si256(first.a, first.b, 0x31));
+    store(rgba + rowBytes + 32, _mm256_permute2x128_si256(second.a, second.b, 0x31));
+  }
   WovenPixels read(const std::uint8_t* rgba) const {
     const auto at = [](const std::uint8_t* p) { return reinterpret_cast<const __m128i*>(p); };
     return {_mm256_loadu2_m128i(at(rgba + rowBytes), at(rgba)),
@@ -133,18 +150,16 @@ struct TwoRows {
   std::size_t rowBytes;
 };
 
-/// Less than eight pixels at the end of two rows. What lies beyond the upper row's end, which may
-/// be the start of the lower row, stays; what lies beyond the lower row's end is laid anew by the
-/// row that follows.
+/// Less than eight pixels at the end of two rows. What lies beyond a row's end, which may be the
+/// start of the row that follows, stays.
 class TwoRowsEnd : public TwoRows {
  public:
   TwoRowsEnd(const TwoRows& rows, std::size_t pixels) : TwoRows(rows) {
     const __m256i lanes = firstLanes(pixels);
     covered_ = _mm256_permute2x128_si256(lanes, lanes, 0x00);
     const __m256i inRow = firstPixels(pixels);
-    const __m256i all = _mm256_set1_epi32(-1);
-    written_ = {_mm256_permute2x128_si256(inRow, all, 0x20),
-                _mm256_permute2x128_si256(inRow, all, 0x21)};
+    written_ = {_mm256_permute2x128_si256(inRow, inRow, 0x00),
+                _mm256_permute2x128_si256(inRow, inRow, 0x11)};
   }
 
   __m256i cut(__m256i units) const { return _mm256_and_si256(units, covered_); }

@@ -154,11 +154,22 @@ void writeTwoCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& bel
   blendCells(rgba, rowBytes, above, aboveColor);
 }
 
-void mixColors(const double* start, const double* change, const double* parts, std::size_t count,
+void placeEntries(double origin, double step, int index, double size, std::size_t count,
+                  double* places) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const double location = origin + step * (index + static_cast<double>(i));
+    places[i] = -1;
+    if (location >= 0) places[i] = 2;
+    if (location >= 0 && location < size) places[i] = (static_cast<int>(location) + 0.5) / size;
+  }
+}
+
+void mixColors(const ColorStretch& stretch, const double* places, std::size_t count,
                std::uint32_t* pixels) {
   for (std::size_t i = 0; i < count; ++i) {
+    const double part = (places[i] - stretch.from) * stretch.perUnit;
     double color[4];
-    for (int c = 0; c < 4; ++c) color[c] = start[c] + change[c] * parts[i];
+    for (int c = 0; c < 4; ++c) color[c] = stretch.start[c] + stretch.change[c] * part;
     std::uint8_t bytes[4];
     for (int c = 0; c < 4; ++c) {
       const double value = c == 3 ? color[3] : color[c] * color[3];
@@ -229,11 +240,11 @@ namespace {
 
 template <auto paint>
 void byRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
-           const SolidColor* colors) {
+           const std::uint32_t* colors) {
   CellRows one = rows;
   one.rows = 1;
   for (std::size_t row = 0; row < rows.rows; ++row, one.cells += rows.stride, rgba += rowBytes) {
-    paint(rgba, rowBytes, one, colors[row]);
+    paint(rgba, rowBytes, one, solidColor(colors[row]));
   }
 }
 
@@ -261,12 +272,12 @@ int sumWide(std::int32_t* cells, std::size_t count, int carry, FillRule rule,
 }
 
 void writeCellsByRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
-                     const SolidColor* colors) {
+                     const std::uint32_t* colors) {
   byRow<writeCells>(rgba, rowBytes, rows, colors);
 }
 
 void blendCellsByRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
-                     const SolidColor* colors) {
+                     const std::uint32_t* colors) {
   byRow<blendCells>(rgba, rowBytes, rows, colors);
 }
 

@@ -20,92 +20,70 @@ using namespace pen;
 // A wider pen is beyond all pictures, and its corners would leave the floats' range.
 constexpr double kWidestHalf = 1e9;
 
-// Lists the segments of all contours with the points of each.
-class SegmentLister {
- public:
-  SegmentLister(const CGPath& path, const CGPoint* points, StrokeOutline& out)
-      : path_(path), points_(points), out_(out) {
-    // A contour may be as short as a move, and gets a segment more than it has; nothing may move
-    // once it is listed.
-    const std::size_t most = 2 * path.verbs().size() + 8;
-    if (out.curves.size() < most) out.curves.resize(2 * most);
-    if (out.raised.size() < 4 * most) out.raised.resize(8 * most);
-    out.listed.clear();
-  }
+// A line as a cubic.
+void raise(const CGPoint& from, const CGPoint& to, CGPoint* cubic) {
+  cubic[0] = from;
+  cubic[1] = {(2 * from.x + to.x) * (1.0 / 3), (2 * from.y + to.y) * (1.0 / 3)};
+  cubic[2] = {(from.x + 2 * to.x) * (1.0 / 3), (from.y + 2 * to.y) * (1.0 / 3)};
+  cubic[3] = to;
+}
 
-  /// Gives how many places in the lists are taken.
-  std::size_t run() {
-    const auto verbs = path_.verbs();
-    for (std::size_t i = 0; i < verbs.size(); ++i) {
-      const PathVerb verb = verbs[i];
-      if (verb == PathVerb::move) {
-        finish(i);
-        begin(i);
-        continue;
-      }
-      const CGPoint* const at = points_ + next_;
-      const std::size_t count = pointCount(verb);
-      if (verb == PathVerb::cubic) {
-        out_.curves[count_++] = &at[-1].x;
-      } else {
-        list(verb, at);
-      }
-      next_ += count;
-    }
-    finish(verbs.size());
-    // Loops read whole eights.
-    if (count_ > 0) std::fill_n(out_.curves.data() + count_, 7, out_.curves[count_ - 1]);
-    return count_;
-  }
-
- private:
-  // A segment that is no cubic yet.
-  void list(PathVerb verb, const CGPoint* at) {
-    CGPoint* const cubic = out_.raised.data() + raised_;
-    if (verb == PathVerb::quad) {
-      const auto points = cubicOfQuad(at[-1], at[0], at[1]);
-      std::copy_n(points.begin(), 4, cubic);
-    } else {
-      const CGPoint& end = verb == PathVerb::close ? start_ : at[0];
-      if (at[-1] == end) return;
-      raise(at[-1], end, cubic);
-    }
-    out_.curves[count_++] = &cubic->x;
-    raised_ += 4;
-  }
-
-  static void raise(const CGPoint& from, const CGPoint& to, CGPoint* cubic) {
-    cubic[0] = from;
-    cubic[1] = {(2 * from.x + to.x) * (1.0 / 3), (2 * from.y + to.y) * (1.0 / 3)};
-    cubic[2] = {(from.x + 2 * to.x) * (1.0 / 3), (from.y + 2 * to.y) * (1.0 / 3)};
-    cubic[3] = to;
-  }
-
-  void begin(std::size_t verb) {
-    start_ = points_[next_];
-    out_.listed.push_back({verb, verb, next_, count_, 0, false});
-    ++next_;
-  }
-
-  void finish(std::size_t verbEnd) {
-    if (out_.listed.empty()) return;
-    StrokeOutline::Listed& contour = out_.listed.back();
+// Lists the segments of all contours with the points of each; gives how many places are taken.
+std::size_t listSegments(const CGPath& path, const CGPoint* points, StrokeOutline& out) {
+  const auto verbs = path.verbs();
+  // A contour may be as short as a move, and gets a segment more than it has; nothing may move once
+  // it is listed.
+  const std::size_t most = 2 * verbs.size() + 8;
+  if (out.curves.size() < most) out.curves.resize(2 * most);
+  if (out.raised.size() < 4 * most) out.raised.resize(8 * most);
+  out.listed.clear();
+  const double** const curves = out.curves.data();
+  CGPoint* raised = out.raised.data();
+  const CGPoint* next = points;
+  CGPoint start{};
+  std::size_t count = 0;
+  StrokeOutline::Listed contour{};
+  const auto finish = [&](std::size_t verbEnd) {
+    if (verbEnd == 0) return;
     contour.verbEnd = verbEnd;
-    contour.segmentCount = count_ - contour.segment;
-    contour.isClosed = path_.verbs()[verbEnd - 1] == PathVerb::close;
-    if (contour.isClosed && contour.segmentCount > 0) {
-      out_.curves[count_++] = out_.curves[contour.segment];
+    contour.segmentCount = count - contour.segment;
+    contour.isClosed = verbs[verbEnd - 1] == PathVerb::close;
+    if (contour.isClosed && contour.segmentCount > 0) curves[count++] = curves[contour.segment];
+    out.listed.push_back(contour);
+  };
+  for (std::size_t i = 0; i < verbs.size(); ++i) {
+    switch (verbs[i]) {
+      case PathVerb::move:
+        finish(i);
+        start = *next;
+        contour = {i, i, static_cast<std::size_t>(next - points), count, 0, false};
+        break;
+      case PathVerb::cubic:
+        curves[count++] = &next[-1].x;
+        break;
+      case PathVerb::quad: {
+        const auto cubic = cubicOfQuad(next[-1], next[0], next[1]);
+        curves[count++] = &raised->x;
+        raised = std::copy_n(cubic.begin(), 4, raised);
+        break;
+      }
+      case PathVerb::line:
+      case PathVerb::close: {
+        const CGPoint& end = verbs[i] == PathVerb::close ? start : *next;
+        if (next[-1] == end) break;
+        raise(next[-1], end, raised);
+        curves[count++] = &raised->x;
+        raised += 4;
+        break;
+      }
     }
+    next += pointCount(verbs[i]);
   }
-
-  const CGPath& path_;
-  const CGPoint* points_;
-  StrokeOutline& out_;
-  CGPoint start_{};
-  std::size_t next_ = 0;  // point
-  std::size_t count_ = 0;
-  std::size_t raised_ = 0;
-};
+  finish(verbs.size());
+  // Loops read whole eights.
+  if (count > 0) std::fill_n(curves + count, 7, curves[count - 1]);
+  return count;
+}
 
 // Puts contours together from prepared segments.
 class ContourWriter {
@@ -226,7 +204,7 @@ class ContourWriter {
 void prepare(const StrokePen& pen, double tolerance, const CGPath& path, const CGPoint* points,
              const Kernels& kernels) {
   StrokeOutline& out = pen.outline();
-  const std::size_t count = SegmentLister(path, points, out).run();
+  const std::size_t count = listSegments(path, points, out);
   if (count == 0) return;
   const StrokeSegments& segments = out.segments.roomFor(count);
   kernels.prepareSegments(

@@ -52,32 +52,32 @@ std::size_t listSegments(const CGPath& path, const CGPoint* points, StrokeOutlin
     out.listed.push_back(contour);
   };
   for (std::size_t i = 0; i < verbs.size(); ++i) {
-    switch (verbs[i]) {
-      case PathVerb::move:
-        finish(i);
-        start = *next;
-        contour = {i, i, static_cast<std::size_t>(next - points), count, 0, false};
-        break;
-      case PathVerb::cubic:
-        curves[count++] = &next[-1].x;
-        break;
-      case PathVerb::quad: {
-        const auto cubic = cubicOfQuad(next[-1], next[0], next[1]);
-        curves[count++] = &raised->x;
-        raised = std::copy_n(cubic.begin(), 4, raised);
-        break;
-      }
-      case PathVerb::line:
-      case PathVerb::close: {
-        const CGPoint& end = verbs[i] == PathVerb::close ? start : *next;
-        if (next[-1] == end) break;
-        raise(next[-1], end, raised);
-        curves[count++] = &raised->x;
-        raised += 4;
-        break;
-      }
+    const PathVerb verb = verbs[i];
+    if (verb == PathVerb::move) {
+      finish(i);
+      start = *next;
+      contour = {i, i, static_cast<std::size_t>(next - points), count, 0, false};
+      ++next;
+      continue;
     }
-    next += pointCount(verbs[i]);
+    // Which of the others comes next nobody can foretell, so all but quadratics, of which there are
+    // few, are treated alike, and only what is kept differs.
+    const std::size_t pointTotal = pointCount(verb);
+    const bool isCubic = verb == PathVerb::cubic;
+    const CGPoint& from = next[-1];
+    const CGPoint& to = *(verb == PathVerb::close ? &start : next + pointTotal - 1);
+    raise(from, to, raised);
+    if (verb == PathVerb::quad) {
+      const auto cubic = cubicOfQuad(from, next[0], next[1]);
+      std::copy_n(cubic.begin(), 4, raised);
+    }
+    const auto leads = static_cast<unsigned>(from.x != to.x) |
+                       static_cast<unsigned>(from.y != to.y) |
+                       static_cast<unsigned>(pointTotal > 1);
+    curves[count] = isCubic ? &from.x : &raised->x;
+    count += leads;
+    raised += isCubic ? 0 : 4;
+    next += pointTotal;
   }
   finish(verbs.size());
   // Loops read whole eights.
@@ -88,12 +88,18 @@ std::size_t listSegments(const CGPath& path, const CGPoint* points, StrokeOutlin
 // Puts contours together from prepared segments.
 class ContourWriter {
  public:
-  ContourWriter(const StrokePen& pen, const Kernels& kernels)
+  ContourWriter(const StrokePen& pen, std::size_t segmentCount, const Kernels& kernels)
       : pen_(pen),
         kernels_(kernels),
         out_(pen.outline()),
         s_(out_.segments.lists()),
-        half_(static_cast<float>(pen.half())) {}
+        half_(static_cast<float>(pen.half())) {
+    const auto chords = std::accumulate(s_.chords, s_.chords + segmentCount, std::size_t{0},
+                                        [](std::size_t sum, int number) {
+                                          return sum + static_cast<std::size_t>(std::abs(number));
+                                        });
+    room_ = chords + 4 * segmentCount + 16;
+  }
 
   /// False, with nothing drawn, when the contour needs care.
   bool write(const StrokeOutline::Listed& contour) {
@@ -137,16 +143,13 @@ class ContourWriter {
 
   // Both sides of segments, each followed by its node or not.
   void putSegments(std::size_t first, std::size_t end, bool withNodes) {
-    const int chords = std::accumulate(s_.chords + first, s_.chords + end, 0,
-                                       [](int sum, int number) { return sum + std::abs(number); });
-    const std::size_t room = static_cast<std::size_t>(chords) + 4 * (end - first) + 16;
     OutlineSide& left = out_.left;
     OutlineSide& right = out_.right;
     const bool oneByOne = withNodes && pen_.hasRoundJoins();
     const StrokeNode* nodes = withNodes && !oneByOne ? out_.segments.nodes().data() : nullptr;
     while (first < end) {
-      left.makeRoom(room);
-      right.makeRoom(room);
+      left.makeRoom(room_);
+      right.makeRoom(room_);
       SideEnds sides{left.endX(), left.endY(), right.endX(), right.endY()};
       const std::size_t until = oneByOne ? first + 1 : end;
       const std::size_t reached = kernels_.putSides(s_, nodes, first, until, half_, sides);
@@ -198,14 +201,14 @@ class ContourWriter {
   StrokeOutline& out_;
   const StrokeSegments& s_;
   float half_;
+  std::size_t room_;  // enough for the corners of all contours on either side
 };
 
-// All segments and what lies between neighbours.
-void prepare(const StrokePen& pen, double tolerance, const CGPath& path, const CGPoint* points,
-             const Kernels& kernels) {
+// All segments and what lies between neighbours; gives how many places they take.
+std::size_t prepare(const StrokePen& pen, double tolerance, const CGPath& path,
+                    const CGPoint* points, const Kernels& kernels) {
   StrokeOutline& out = pen.outline();
   const std::size_t count = listSegments(path, points, out);
-  if (count == 0) return;
   const StrokeSegments& segments = out.segments.roomFor(count);
   kernels.prepareSegments(
       out.curves.data(), count,
@@ -213,6 +216,7 @@ void prepare(const StrokePen& pen, double tolerance, const CGPath& path, const C
        static_cast<float>(6.0 / 8.0 / tolerance), static_cast<float>(pen.half() / (8 * tolerance))},
       segments);
   kernels.joinSegments(segments, count, pen.nodePen(), out.segments.nodeData());
+  return count;
 }
 
 void drawCarefully(const CGPath& path, const CGPoint* points, const StrokePen& pen,
@@ -239,8 +243,8 @@ void strokeOutline(const CGPath& path, const std::vector<CGPoint>& points, const
   if (!onDevice || !(pen.half() < kWidestHalf)) {
     return drawCarefully(path, points.data(), pen, stroke.tolerance);
   }
-  prepare(pen, stroke.tolerance, path, points.data(), kernels);
-  ContourWriter writer(pen, kernels);
+  const std::size_t count = prepare(pen, stroke.tolerance, path, points.data(), kernels);
+  ContourWriter writer(pen, count, kernels);
   for (const StrokeOutline::Listed& contour : out.listed) {
     if (writer.write(contour)) continue;
     strokeCarefully(path.verbs().subspan(contour.verb, contour.verbEnd - contour.verb),

@@ -111,12 +111,11 @@ struct RingShift {
   float x, y;
 };
 
-/// Where corners come to lie: moved by `shift`, inside a region or not.
+/// Where corners come to lie: moved by `shift`, inside a region, which begins at 0, or not.
 struct CornerFrame {
   float shiftX, shiftY;
-  float width;  // of the region, which begins at 0
-  float bottom;
-  float top = 0;
+  float width;
+  float height;
 };
 
 /// Corners with x in pixels and y in units from the region's corner; both mean nothing outside.

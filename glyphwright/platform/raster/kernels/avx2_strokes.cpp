@@ -166,7 +166,7 @@ void placeCorners(const float* x, const float* y, std::size_t count, bool backwa
   const __m256i order = backwards ? reversed : forwards;
   const __m256 shiftX = _mm256_set1_ps(frame.shiftX), shiftY = _mm256_set1_ps(frame.shiftY);
   const __m256 width = _mm256_set1_ps(frame.width), zero = _mm256_setzero_ps();
-  const __m256 top = _mm256_set1_ps(frame.top), bottom = _mm256_set1_ps(frame.bottom);
+  const __m256 height = _mm256_set1_ps(frame.height);
   const auto within = [&](__m256 v, __m256 from, __m256 to) {
     return _mm256_and_ps(_mm256_cmp_ps(v, from, _CMP_GE_OQ), _mm256_cmp_ps(v, to, _CMP_LE_OQ));
   };
@@ -177,7 +177,7 @@ void placeCorners(const float* x, const float* y, std::size_t count, bool backwa
     };
     const __m256 atX = _mm256_add_ps(load(x), shiftX);
     const __m256 atY = _mm256_add_ps(load(y), shiftY);
-    const __m256 inside = _mm256_and_ps(within(atX, zero, width), within(atY, top, bottom));
+    const __m256 inside = _mm256_and_ps(within(atX, zero, width), within(atY, zero, height));
     const __m256 units =
         _mm256_add_ps(_mm256_mul_ps(atY, _mm256_set1_ps(kUnitsPerPixel)), _mm256_set1_ps(0.5F));
     _mm256_storeu_ps(out.x + i, _mm256_and_ps(atX, inside));

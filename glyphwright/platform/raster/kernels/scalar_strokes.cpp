@@ -114,7 +114,7 @@ void placeCorners(const float* x, const float* y, std::size_t count, bool backwa
     const std::size_t from = backwards ? count - 1 - i : i;
     const float atX = x[from] + frame.shiftX;
     const float atY = y[from] + frame.shiftY;
-    const bool isInside = atX >= 0 && atX <= frame.width && atY >= frame.top && atY <= frame.bottom;
+    const bool isInside = atX >= 0 && atX <= frame.width && atY >= 0 && atY <= frame.height;
     out.x[i] = isInside ? atX : 0;
     out.y[i] = isInside ? static_cast<std::int32_t>(atY * kUnitsPerPixel + 0.5F) : 0;
     if (i % 8 == 0) out.outside[i / 8] = 0;

@@ -32,9 +32,11 @@ TEST_F(RasterFilters, AreTheSame) {
       std::vector<const std::uint16_t*> rows;
       for (std::size_t k = 0; k < 2 * reach + kRows; ++k) rows.push_back(&values[k * stride]);
       std::shuffle(rows.begin(), rows.end(), random_);
-      fast_.filterDown(toFast, &rows[reach], taps.data(), reach);
-      plain_.filterDown(toPlain, &rows[reach], taps.data(), reach);
-      ASSERT_EQ(fast, plain) << "reach " << reach;
+      for (const std::size_t first : {std::size_t{0}, (reach + 1) / 2, reach, reach + 2}) {
+        fast_.filterDown(toFast, &rows[reach], taps.data(), first, reach);
+        plain_.filterDown(toPlain, &rows[reach], taps.data(), first, reach);
+        ASSERT_EQ(fast, plain) << "taps " << first << " to " << reach;
+      }
     }
   }
 }

@@ -141,9 +141,6 @@ TEST_F(RasterKernels, PixelsComposeTheSame) {
       });
       const SolidColor other = color();
       const auto above = coverage(count);
-      expectSame("writeTwoSolids", [&](const Kernels& k, std::uint8_t* to) {
-        k.writeTwoSolids(to, levels.data(), above.data(), count, ink, other);
-      });
       const auto cast = coverage(count);
       expectSame("writeInset", [&](const Kernels& k, std::uint8_t* to) {
         k.writeInset(to, {levels.data(), cast.data(), above.data()}, count, ink, other);
@@ -157,6 +154,35 @@ TEST_F(RasterKernels, PixelsComposeTheSame) {
       expectSame("blendPixels", [&](const Kernels& k, std::uint8_t* to) {
         k.blendPixels(to, levels.data(), count, source.data());
       });
+    }
+  }
+}
+
+TEST_F(RasterKernels, TwoColoursComposeTheSame) {
+  constexpr std::size_t kRows = 3;
+  for (const std::size_t count : kCounts) {
+    for (int round = 0; round < 40; ++round) {
+      // The upper colour's columns; what lies beside its rows is not to count.
+      const auto from = static_cast<std::size_t>(upTo(static_cast<int>(count) - 1));
+      const std::size_t width =
+          1 + static_cast<std::size_t>(upTo(static_cast<int>(count - from) - 1));
+      const std::size_t stride = width + 4;
+      const auto below = coverage(kRows * (count + 5));
+      const auto above = coverage(kRows * stride + 2 * kBlock);
+      const auto canvas = premultiplied(kRows * (count + 3));  // three of each row are not touched
+      const TwoCoverages coverages{below.data(), count + 5, above.data() + kBlock, stride, kRows,
+                                   count,        from,      from + width};
+      SolidColor ink = color();
+      // Often black, or but for one channel.
+      for (int c = 0; c < 3; ++c) {
+        if (upTo(1) == 0) ink.channels[c] = 0;
+      }
+      const SolidColor other = color();
+      auto fast = canvas;
+      auto plain = canvas;
+      fast_.writeTwoSolids(fast.data(), (count + 3) * 4, coverages, ink, other);
+      plain_.writeTwoSolids(plain.data(), (count + 3) * 4, coverages, ink, other);
+      ASSERT_EQ(fast, plain) << count << " pixels, " << width << " from " << from;
     }
   }
 }

@@ -60,6 +60,7 @@ class RowFilter {
   RowFilter(const Mask& mask, std::uint16_t around, double sigma, double support,
             const PixelRect& area, Scratch& scratch)
       : area_(area),
+        filtered_(around == 0 ? mask.bounds : area),
         kernels_(*scratch.kernels),
         width_(static_cast<std::size_t>(mask.bounds.width())),
         maskCount_(wholeBlocks(mask.bounds.width())),
@@ -87,26 +88,37 @@ class RowFilter {
     sources_ = scratch.filterSources.data() + reach_;
   }
 
-  /// Gives `take(y, row)` every row of the area, top to bottom.
+  /// Gives `take(rows)` every row of the area, top to bottom.
   template <typename Take>
   void run(Take take) const {
     for (int y = area_.y0; y < area_.y1; y += kRows) {
       const auto from = static_cast<std::size_t>(y - area_.y0);
       const auto rows = static_cast<std::size_t>(std::min(area_.y1 - y, kRows));
-      kernels_.filterDown({down_, stride_, rows, maskCount_}, sources_ + from, taps_, reach_);
+      filterDown(y, rows, sources_ + from);
       // What lies beyond the mask's width is room, not coverage.
       for (std::size_t i = 0; i < rows; ++i) {
         std::fill_n(down_ + i * stride_ + width_, kBlock, aside_);
       }
       kernels_.filterAlong({out_, outCount_, rows, outCount_}, along_, stride_, taps_, reach_);
-      for (std::size_t i = 0; i < rows; ++i) {
-        take(y + static_cast<int>(i), out_ + i * outCount_);
-      }
+      take(CoverageRows{y, static_cast<int>(rows), area_.width(), out_, outCount_});
     }
   }
 
  private:
   static constexpr int kRows = 4;
+
+  // Above and below a mask that has nothing around it, the taps that do not get there are left out.
+  void filterDown(int y, std::size_t rows, const std::uint16_t* const* sources) const {
+    if (y >= filtered_.y0 && y + static_cast<int>(rows) <= filtered_.y1) {
+      kernels_.filterDown({down_, stride_, rows, maskCount_}, sources, taps_, 0, reach_);
+      return;
+    }
+    for (std::size_t i = 0; i < rows; ++i, ++y) {
+      const int away = std::max({filtered_.y0 - y, y - (filtered_.y1 - 1), 0});
+      kernels_.filterDown({down_ + i * stride_, stride_, 1, maskCount_}, sources + i, taps_,
+                          static_cast<std::size_t>(away), reach_);
+    }
+  }
 
   static std::size_t wholeBlocks(int width) {
     return static_cast<std::size_t>((width + kBlock - 1) / kBlock) * kBlock;
@@ -125,6 +137,7 @@ class RowFilter {
   }
 
   PixelRect area_;
+  PixelRect filtered_;  // rows outside of it take no values from their own place
   const Kernels& kernels_;
   std::size_t reach_;
   std::size_t width_;
@@ -204,8 +217,11 @@ Mask blurredInPlace(const Mask& mask, std::uint16_t around, double sigma, double
                     const PixelRect& area, Scratch& scratch) {
   if (sigma >= kDirectSigma) return blurredByHalves(mask, around, sigma, support, area, scratch);
   Mask out(area);
-  RowFilter(mask, around, sigma, support, area, scratch).run([&](int y, const std::uint16_t* row) {
-    std::copy_n(row, area.width(), out.row(y));
+  RowFilter(mask, around, sigma, support, area, scratch).run([&](const CoverageRows& rows) {
+    for (int i = 0; i < rows.rows; ++i) {
+      std::copy_n(rows.coverage + static_cast<std::size_t>(i) * rows.stride, rows.width,
+                  out.row(rows.y + i));
+    }
   });
   return out;
 }
@@ -221,16 +237,15 @@ void blurRows(const Mask& mask, std::uint16_t around, double blurPixels, int dx,
   const PixelRect source{area.x0 - dx, area.y0 - dy, area.x1 - dx, area.y1 - dy};
   const double sigma = blurPixels * 0.5;
   const double support = std::floor(blurPixels) + 0.5;
-  const CoverageSpan span{0, area.width(), CoverageSpan::kVaries};
   if (filtersDirectly(blurPixels)) {
-    RowFilter(mask, around, sigma, support, source, scratch)
-        .run([&](int y, const std::uint16_t* row) {
-          sink.row({y + dy, {&span, 1}, row});
-        });
+    RowFilter(mask, around, sigma, support, source, scratch).run([&](CoverageRows rows) {
+      rows.y += dy;
+      sink.rows(rows);
+    });
     return;
   }
   const Mask result = blurredByHalves(mask, around, sigma, support, source, scratch);
-  for (int y = area.y0; y < area.y1; ++y) sink.row({y, {&span, 1}, result.row(y - dy)});
+  sink.rows({area.y0, area.height(), area.width(), result.values, result.stride});
 }
 
 }  // namespace glyphwright::raster

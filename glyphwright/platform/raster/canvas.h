@@ -25,11 +25,12 @@ struct Mask {
         stride(strideOf(area)),
         owned(std::make_unique_for_overwrite<std::uint16_t[]>(sizeOf(area))),
         values(owned.get()) {}
-  /// In memory that somebody keeps for it.
+  /// In memory that somebody keeps for it, with a block to spare on either side.
   Mask(const PixelRect& area, std::vector<std::uint16_t>& memory)
       : bounds(area), stride(strideOf(area)) {
-    if (memory.size() < sizeOf(area)) memory.resize(sizeOf(area));
-    values = memory.data();
+    const std::size_t size = sizeOf(area) + 2 * kBlock;
+    if (memory.size() < size) memory.resize(size);
+    values = memory.data() + kBlock;
   }
   std::uint16_t* row(int y) { return values + static_cast<std::size_t>(y - bounds.y0) * stride; }
   const std::uint16_t* row(int y) const {

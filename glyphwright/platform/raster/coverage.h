@@ -27,10 +27,30 @@ struct CoverageRow {
   const std::uint16_t* coverage;  // indexed by x relative to the region's left
 };
 
+/// Several whole rows of varying coverage, as long as their region is wide.
+struct CoverageRows {
+  int y;  // of the first one
+  int rows;
+  int width;
+  const std::uint16_t* coverage;
+  std::size_t stride;  // values from row to row
+
+  /// Gives each of them to `sink` by itself.
+  template <typename Sink>
+  void oneByOne(Sink& sink) const {
+    const CoverageSpan span{0, width, CoverageSpan::kVaries};
+    for (int i = 0; i < rows; ++i) {
+      sink.row({y + i, {&span, 1}, coverage + static_cast<std::size_t>(i) * stride});
+    }
+  }
+};
+
 /// Receives the rows of a shape from top to bottom, every row of the region once.
 class RowSink {
  public:
   virtual void row(const CoverageRow& row) = 0;
+  /// The same for several rows that are at hand together.
+  virtual void rows(const CoverageRows& rows) { rows.oneByOne(*this); }
   /// The short way: rows of the region from device row `y` on, as the edges left them. A sink that
   /// sums cells itself gives true and gets no other rows of this shape.
   virtual bool cells(int y, const CellRows& rows) {

@@ -187,6 +187,20 @@ struct FilterRows {
   std::size_t count;  // of values in each, a multiple of kBlock
 };
 
+/// Rows of two coverages for the same pixels, of which the upper one is nothing outside the columns
+/// from `from` up to but not including `until`, where its values begin. Up to a block before and
+/// after each of its rows is read, and counts for nothing.
+struct TwoCoverages {
+  const std::uint16_t* below;
+  std::size_t belowStride;
+  const std::uint16_t* above;
+  std::size_t aboveStride;
+  std::size_t rows;
+  std::size_t count;  // of pixels in each row
+  std::size_t from;
+  std::size_t until;
+};
+
 /// A row of an inset shadow: coverage by what surrounds a shape and casts the shadow, coverage by
 /// that shadow, and coverage by the shape, inside of which alone it shows.
 struct InsetRow {
@@ -272,9 +286,8 @@ struct Kernels {
   void (*writeSolid)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                      const SolidColor& color);
   /// Pixels := one colour × its coverage over another one × its own, whatever was there.
-  void (*writeTwoSolids)(std::uint8_t* rgba, const std::uint16_t* below, const std::uint16_t* above,
-                         std::size_t count, const SolidColor& belowColor,
-                         const SolidColor& aboveColor);
+  void (*writeTwoSolids)(std::uint8_t* rgba, std::size_t rowBytes, const TwoCoverages& coverages,
+                         const SolidColor& belowColor, const SolidColor& aboveColor);
   /// Pixels := a colour × what is not around, as writeCells has it, and over that a shade × how
   /// much is cast × what is inside.
   void (*writeInset)(std::uint8_t* rgba, const InsetRow& row, std::size_t count,
@@ -305,9 +318,9 @@ struct Kernels {
   /// A symmetric filter downwards: taps[0] weighs the middle, taps[k] the two values k away from it
   /// together. Taps are fractions that sum to at most one. `middle` points to the first row's
   /// middle one of the rows that it takes, `reach` more on either side, and those of the next rows
-  /// follow.
+  /// follow. Taps before `first`, which may be past the last one, are left out.
   void (*filterDown)(const FilterRows& rows, const std::uint16_t* const* middle,
-                     const std::int16_t* taps, std::size_t reach);
+                     const std::int16_t* taps, std::size_t first, std::size_t reach);
   /// The same along rows; `in` begins `reach` values before the first result's.
   void (*filterAlong)(const FilterRows& rows, const std::uint16_t* in, std::size_t inStride,
                       const std::int16_t* taps, std::size_t reach);

@@ -30,7 +30,10 @@ class MaskWriter final : public RowSink {
       const int at = y + static_cast<int>(row);
       std::uint16_t* to = mask_.row(at);
       std::int16_t* cells = rows.cells + row * rows.stride;
-      const int carry = kernels_.sumNarrow(cells - rows.before, rows.before, 0, rows.rule, to);
+      int carry = 0;
+      if (rows.before != 0) {
+        carry = kernels_.sumNarrow(cells - rows.before, rows.before, 0, rows.rule, to);
+      }
       kernels_.sumNarrow(cells, count, carry, rows.rule, to);
       std::fill(cells + count, cells + rows.stride - rows.before, std::int16_t{0});
       limit(to, at);

@@ -1,41 +1,48 @@
 #include <glyphwright/platform/raster/shadow_rows.h>
 
 #include <algorithm>
-#include <utility>
 
 namespace glyphwright::raster {
 
 ShadowAndCasterRows::ShadowAndCasterRows(Canvas& canvas, const PixelRect& region,
                                          const SolidColor& shadow, const Caster& caster,
-                                         Scratch& scratch)
+                                         const Scratch& scratch)
     : rows_(canvas, region),
       shadow_(shadow),
       caster_(caster),
       kernels_(*scratch.kernels),
-      width_(static_cast<std::size_t>(region.width())),
-      casterWidth_(static_cast<std::size_t>(caster.region.width())),
-      casterLeft_(static_cast<std::size_t>(caster.region.x0 - region.x0)) {
-  scratch.coverage.assign(2 * width_, 0);
-  coverage_ = scratch.coverage.data();
-  next_ = coverage_ + width_;
-  placeNext(caster.region.y0);
-}
-
-void ShadowAndCasterRows::placeNext(int y) {
-  if (y >= caster_.region.y1) return;
-  std::copy_n(caster_.mask.row(y) + (caster_.region.x0 - caster_.mask.bounds.x0), casterWidth_,
-              next_ + casterLeft_);
-}
+      from_(static_cast<std::size_t>(caster.region.x0 - region.x0)),
+      until_(static_cast<std::size_t>(caster.region.x1 - region.x0)) {}
 
 void ShadowAndCasterRows::row(const CoverageRow& row) {
-  std::uint8_t* rgba = rows_.at(row.y);
-  if (row.y < caster_.region.y0 || row.y >= caster_.region.y1) {
-    kernels_.writeSolid(rgba, row.coverage, width_, shadow_);
-    return;
+  rows({row.y, 1, row.spans.back().x1, row.coverage, 0});
+}
+
+void ShadowAndCasterRows::rows(const CoverageRows& rows) {
+  std::uint8_t* rgba = rows_.at(rows.y, rows.rows);
+  const std::uint16_t* coverage = rows.coverage;
+  const auto width = static_cast<std::size_t>(rows.width);
+  const int end = rows.y + rows.rows;
+  int y = rows.y;
+  const auto shadowUntil = [&](int until) {
+    for (; y < until; ++y, coverage += rows.stride, rgba += rows_.rowBytes()) {
+      kernels_.writeSolid(rgba, coverage, width, shadow_);
+    }
+  };
+  shadowUntil(std::min(caster_.region.y0, end));
+  if (const int both = std::min(caster_.region.y1, end) - y; both > 0) {
+    const auto count = static_cast<std::size_t>(both);
+    const Mask& mask = caster_.mask;
+    kernels_.writeTwoSolids(
+        rgba, rows_.rowBytes(),
+        {coverage, rows.stride, mask.row(y) + (caster_.region.x0 - mask.bounds.x0), mask.stride,
+         count, width, from_, until_},
+        shadow_, caster_.color);
+    y += both;
+    coverage += count * rows.stride;
+    rgba += count * rows_.rowBytes();
   }
-  std::swap(coverage_, next_);
-  placeNext(row.y + 1);
-  kernels_.writeTwoSolids(rgba, row.coverage, coverage_, width_, shadow_, caster_.color);
+  shadowUntil(end);
 }
 
 ShapeAndInsetRows::ShapeAndInsetRows(Canvas& canvas, const InsetMasks& masks,

@@ -14,14 +14,15 @@ struct Pair {
   const std::uint16_t* after;
 };
 
-// Filters the blocks of the sequence. `pairAt(k)` gives the values k away from the first block's.
+// Filters the blocks of the sequence with the taps from `first` on. `pairAt(k)` gives the values k
+// away from the first block's.
 template <typename PairAt, std::size_t... block>
 void filterBlocks(std::uint16_t* out, const std::uint16_t* middle, const PairAt& pairAt,
-                  const std::int16_t* taps, std::size_t reach,
+                  const std::int16_t* taps, std::size_t first, std::size_t reach,
                   std::index_sequence<block...> /*blocks*/) {
-  const __m256i first = _mm256_set1_epi16(taps[0]);
-  __m256i sums[] = {_mm256_mulhrs_epi16(load(middle + block * kBlock), first)...};
-  for (std::size_t k = 1; k <= reach; ++k) {
+  const __m256i most = _mm256_set1_epi16(first == 0 ? taps[0] : std::int16_t{0});
+  __m256i sums[] = {_mm256_mulhrs_epi16(load(middle + block * kBlock), most)...};
+  for (std::size_t k = first == 0 ? 1 : first; k <= reach; ++k) {
     const __m256i weight = _mm256_set1_epi16(taps[k]);
     const Pair pair = pairAt(k);
     const auto weighed = [&](std::size_t at) {
@@ -47,12 +48,12 @@ void inBlocks(std::size_t count, Step step) {
 }  // namespace
 
 void filterDown(const FilterRows& rows, const std::uint16_t* const* middle,
-                const std::int16_t* taps, std::size_t reach) {
+                const std::int16_t* taps, std::size_t first, std::size_t reach) {
   for (std::size_t row = 0; row < rows.rows; ++row, ++middle) {
     std::uint16_t* out = rows.out + row * rows.outStride;
     inBlocks(rows.count, [&](std::size_t at, auto blocks) {
       const auto pairAt = [&](std::size_t k) { return Pair{*(middle - k) + at, middle[k] + at}; };
-      filterBlocks(out + at, *middle + at, pairAt, taps, reach, blocks);
+      filterBlocks(out + at, *middle + at, pairAt, taps, first, reach, blocks);
     });
   }
 }
@@ -64,7 +65,7 @@ void filterAlong(const FilterRows& rows, const std::uint16_t* in, std::size_t in
     inBlocks(rows.count, [&](std::size_t at, auto blocks) {
       const std::uint16_t* middle = in + reach + at;
       const auto pairAt = [&](std::size_t k) { return Pair{middle - k, middle + k}; };
-      filterBlocks(out + at, middle, pairAt, taps, reach, blocks);
+      filterBlocks(out + at, middle, pairAt, taps, 0, reach, blocks);
     });
   }
 }

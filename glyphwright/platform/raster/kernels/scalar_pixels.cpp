@@ -60,10 +60,13 @@ void blendSolid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t c
   }
 }
 
-void writeTwoSolids(std::uint8_t* rgba, const std::uint16_t* below, const std::uint16_t* above,
-                    std::size_t count, const SolidColor& belowColor, const SolidColor& aboveColor) {
-  writeSolid(rgba, below, count, belowColor);
-  blendSolid(rgba, above, count, aboveColor);
+void writeTwoSolids(std::uint8_t* rgba, std::size_t rowBytes, const TwoCoverages& coverages,
+                    const SolidColor& belowColor, const SolidColor& aboveColor) {
+  const TwoCoverages& c = coverages;
+  for (std::size_t row = 0; row < c.rows; ++row, rgba += rowBytes) {
+    writeSolid(rgba, c.below + row * c.belowStride, c.count, belowColor);
+    blendSolid(rgba + c.from * 4, c.above + row * c.aboveStride, c.until - c.from, aboveColor);
+  }
 }
 
 void writeInset(std::uint8_t* rgba, const InsetRow& row, std::size_t count, const SolidColor& color,
@@ -210,11 +213,11 @@ int pairScaled(int a, int b, int tap) {
 }  // namespace
 
 void filterDown(const FilterRows& rows, const std::uint16_t* const* middle,
-                const std::int16_t* taps, std::size_t reach) {
+                const std::int16_t* taps, std::size_t first, std::size_t reach) {
   for (std::size_t row = 0; row < rows.rows; ++row, ++middle) {
     for (std::size_t i = 0; i < rows.count; ++i) {
-      int total = scaled((*middle)[i], taps[0]);
-      for (std::size_t k = 1; k <= reach; ++k) {
+      int total = first == 0 ? scaled((*middle)[i], taps[0]) : 0;
+      for (std::size_t k = std::max<std::size_t>(first, 1); k <= reach; ++k) {
         total += pairScaled((*(middle - k))[i], middle[k][i], taps[k]);
       }
       rows.out[row * rows.outStride + i] = static_cast<std::uint16_t>(std::min(total, kOne));

@@ -92,7 +92,12 @@ CornerBox boxCorners(const float* x, const float* y, std::size_t count) {
   };
   std::size_t i = 0;
   for (; i + 8 <= count; i += 8) add(_mm256_loadu_ps(x + i), _mm256_loadu_ps(y + i));
-  for (; i < count; ++i) add(_mm256_broadcast_ss(x + i), _mm256_broadcast_ss(y + i));
+  if (i < count && count >= 8) {
+    // Some of the last eight have been seen before, which does no harm.
+    add(_mm256_loadu_ps(x + count - 8), _mm256_loadu_ps(y + count - 8));
+  } else {
+    for (; i < count; ++i) add(_mm256_broadcast_ss(x + i), _mm256_broadcast_ss(y + i));
+  }
   const auto least = [](__m256 v) {
     __m128 four = _mm_min_ps(_mm256_castps256_ps128(v), _mm256_extractf128_ps(v, 1));
     four = _mm_min_ps(four, _mm_movehl_ps(four, four));

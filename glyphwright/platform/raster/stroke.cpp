@@ -60,23 +60,25 @@ std::size_t listSegments(const CGPath& path, const CGPoint* points, StrokeOutlin
       ++next;
       continue;
     }
-    // Which of the others comes next nobody can foretell, so all but quadratics, of which there are
-    // few, are treated alike, and only what is kept differs.
-    const std::size_t pointTotal = pointCount(verb);
-    const bool isCubic = verb == PathVerb::cubic;
+    if (verb == PathVerb::cubic) {
+      curves[count++] = &next[-1].x;
+      next += 3;
+      continue;
+    }
+    // A line, the way back to the start or a quadratic is raised, and kept if it leads anywhere.
     const CGPoint& from = next[-1];
-    const CGPoint& to = *(verb == PathVerb::close ? &start : next + pointTotal - 1);
-    raise(from, to, raised);
+    const std::size_t pointTotal = pointCount(verb);
     if (verb == PathVerb::quad) {
       const auto cubic = cubicOfQuad(from, next[0], next[1]);
       std::copy_n(cubic.begin(), 4, raised);
+    } else {
+      raise(from, *(verb == PathVerb::close ? &start : next), raised);
     }
-    const auto leads = static_cast<unsigned>(from.x != to.x) |
-                       static_cast<unsigned>(from.y != to.y) |
-                       static_cast<unsigned>(pointTotal > 1);
-    curves[count] = isCubic ? &from.x : &raised->x;
+    const auto leads = static_cast<unsigned>(!(raised[0] == raised[3])) |
+                       static_cast<unsigned>(verb == PathVerb::quad);
+    curves[count] = &raised->x;
     count += leads;
-    raised += isCubic ? 0 : 4;
+    raised += 4;
     next += pointTotal;
   }
   finish(verbs.size());

@@ -34,15 +34,6 @@ struct CoverageRows {
   int width;
   const std::uint16_t* coverage;
   std::size_t stride;  // values from row to row
-
-  /// Gives each of them to `sink` by itself.
-  template <typename Sink>
-  void oneByOne(Sink& sink) const {
-    const CoverageSpan span{0, width, CoverageSpan::kVaries};
-    for (int i = 0; i < rows; ++i) {
-      sink.row({y + i, {&span, 1}, coverage + static_cast<std::size_t>(i) * stride});
-    }
-  }
 };
 
 /// Receives the rows of a shape from top to bottom, every row of the region once.
@@ -50,7 +41,12 @@ class RowSink {
  public:
   virtual void row(const CoverageRow& row) = 0;
   /// The same for several rows that are at hand together.
-  virtual void rows(const CoverageRows& rows) { rows.oneByOne(*this); }
+  virtual void rows(const CoverageRows& rows) {
+    const CoverageSpan span{0, rows.width, CoverageSpan::kVaries};
+    for (int i = 0; i < rows.rows; ++i) {
+      row({rows.y + i, {&span, 1}, rows.coverage + static_cast<std::size_t>(i) * rows.stride});
+    }
+  }
   /// The short way: rows of the region from device row `y` on, as the edges left them. A sink that
   /// sums cells itself gives true and gets no other rows of this shape.
   virtual bool cells(int y, const CellRows& rows) {

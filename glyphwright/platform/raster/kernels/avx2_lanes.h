@@ -25,6 +25,11 @@ inline unsigned bits(__m256i lanes) {
   return static_cast<unsigned>(_mm256_movemask_ps(_mm256_castsi256_ps(lanes)));
 }
 
+// One value in every 16-bit lane.
+inline __m256i everyLane(int value) {
+  return _mm256_set1_epi16(static_cast<short>(value));
+}
+
 // One value in the lower eight lanes and another in the upper ones.
 inline __m256i inHalves(std::int16_t lower, std::int16_t upper) {
   return _mm256_set_m128i(_mm_set1_epi16(upper), _mm_set1_epi16(lower));

@@ -7,10 +7,6 @@
 namespace glyphwright::raster::avx2 {
 namespace {
 
-__m256i everyLane(int value) {
-  return _mm256_set1_epi16(static_cast<short>(value));
-}
-
 // 1/64 levels, rounded to whole ones as bytes are.
 __m256i wholeLevels(__m256i channels64) {
   return _mm256_and_si256(_mm256_add_epi16(channels64, everyLane(32)), everyLane(-64));

@@ -56,10 +56,6 @@ class TwoShapes {
   Above above_;
 };
 
-__m256i everyLane(int value) {
-  return _mm256_set1_epi16(static_cast<short>(value));
-}
-
 // One channel of sixteen pixels a register.
 class TwoInks {
  public:

@@ -350,10 +350,6 @@ struct Kernels {
   /// joinCorners. Reads and writes whole eights.
   int (*joinRing)(const float* x, const float* y, std::size_t count, const RingShift& shift,
                   bool backwards, Edge* edges);
-  /// Takes edges in order, eight at a time, and counts each run downwards in all rows that its
-  /// eight reach: `changes`, of which there are rows + 1, gain what begins in a row and lose what
-  /// ended in the one before. Heights are clamped to the rows.
-  void (*countRuns)(const Edge* edges, std::size_t count, int rows, int* changes);
   /// Places corners in a frame, the last one first when `backwards`. Reads up to eight corners
   /// beyond them, or ahead of them when backwards, and writes whole eights.
   void (*placeCorners)(const float* x, const float* y, std::size_t count, bool backwards,

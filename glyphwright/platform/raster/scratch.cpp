@@ -23,7 +23,7 @@ std::size_t Scratch::keptBytes() const {
          bytes(outline.right.y) + bytes(outline.contours) + bytes(outline.listed) +
          bytes(outline.curves) + bytes(outline.raised) + outline.segments.keptBytes() +
          bytes(outline.bent) + bytes(outline.nodes) + bytes(outline.outside) +
-         bytes(outline.rowUnits) + bytes(activeEdges) + bytes(bandHeads) + bytes(edgeLinks) +
+         bytes(outline.rowRuns) + bytes(activeEdges) + bytes(bandHeads) + bytes(edgeLinks) +
          bytes(narrowCells) + bytes(wideCells) + bytes(touched) + bytes(coverage) +
          bytes(clippedCoverage) + bytes(sourceRow) + bytes(casterMask) + bytes(insideMask) +
          bytes(filterRows) + bytes(filterSources) + bytes(taps.taps) + bytes(ramp) +

@@ -87,11 +87,35 @@ std::size_t listSegments(const CGPath& path, const CGPoint* points, StrokeOutlin
   return count;
 }
 
+// The angle between two directions from the chord of their unit vectors: exact at 0, 10 % low at a
+// right angle, where the joining steps are short anyway.
+double turnBetween(Vector a, Vector b) {
+  if (!normalize(a) || !normalize(b)) return 0;
+  const double chord = length(b - a);
+  return chord + chord * chord * chord * (1.0 / 24.0);
+}
+
+// How many chords a curve takes that may bend more tightly than the pen: more than others, as what
+// bends and what turns it are counted one by one.
+int chordsOfBent(const StrokeCubic& c, const SegmentPen& pen) {
+  const Vector first{c.legX, c.legY};
+  const Vector bend{c.bendX, c.bendY};
+  const Vector bendOn = bend + Vector{c.changeX, c.changeY};
+  const Vector middle = first + bend;
+  const double turn = turnBetween(first, middle) + turnBetween(middle, middle + bendOn);
+  const double mean = std::sqrt(0.5 * (dot(bend, bend) + dot(bendOn, bendOn)));
+  const double wanted = std::sqrt(mean * pen.bendFactor) + turn * std::sqrt(pen.turnFactor);
+  // In this order NaN gives the most, too.
+  return static_cast<int>(std::min(kMaxChords - 1.0, wanted)) + 1;
+}
+
 // Puts contours together from prepared segments.
 class ContourWriter {
  public:
-  ContourWriter(const StrokePen& pen, std::size_t segmentCount, const Kernels& kernels)
+  ContourWriter(const StrokePen& pen, const SegmentPen& segmentPen, std::size_t segmentCount,
+                const Kernels& kernels)
       : pen_(pen),
+        segmentPen_(segmentPen),
         kernels_(kernels),
         out_(pen.outline()),
         s_(out_.segments.lists()),
@@ -107,8 +131,8 @@ class ContourWriter {
   bool write(const StrokeOutline::Listed& contour) {
     const std::size_t first = contour.segment;
     const std::size_t last = first + contour.segmentCount;
-    const auto needsCare = [](std::int32_t bentChords) { return bentChords == 0; };
-    if (first == last || std::any_of(s_.bentChords + first, s_.bentChords + last, needsCare) ||
+    const auto needsCare = [](std::int32_t chords) { return chords == 0; };
+    if (first == last || std::any_of(s_.chords + first, s_.chords + last, needsCare) ||
         isThereAndBack(contour)) {
       return false;
     }
@@ -164,7 +188,7 @@ class ContourWriter {
   }
 
   void putBent(std::size_t i) {
-    const int chords = s_.bentChords[i];
+    const int chords = chordsOfBent(s_.cubics[i], segmentPen_);
     const std::size_t samples = static_cast<std::size_t>(chords) + 16;
     const std::size_t corners = 3 * static_cast<std::size_t>(chords) + 16;
     std::vector<float>& memory = out_.bent;
@@ -199,6 +223,7 @@ class ContourWriter {
   }
 
   const StrokePen& pen_;
+  const SegmentPen& segmentPen_;
   const Kernels& kernels_;
   StrokeOutline& out_;
   const StrokeSegments& s_;
@@ -207,16 +232,12 @@ class ContourWriter {
 };
 
 // All segments and what lies between neighbours; gives how many places they take.
-std::size_t prepare(const StrokePen& pen, double tolerance, const CGPath& path,
+std::size_t prepare(const StrokePen& pen, const SegmentPen& segmentPen, const CGPath& path,
                     const CGPoint* points, const Kernels& kernels) {
   StrokeOutline& out = pen.outline();
   const std::size_t count = listSegments(path, points, out);
   const StrokeSegments& segments = out.segments.roomFor(count);
-  kernels.prepareSegments(
-      out.curves.data(), count,
-      {out.originX, out.originY, static_cast<float>(pen.half()),
-       static_cast<float>(6.0 / 8.0 / tolerance), static_cast<float>(pen.half() / (8 * tolerance))},
-      segments);
+  kernels.prepareSegments(out.curves.data(), count, segmentPen, segments);
   kernels.joinSegments(segments, count, pen.nodePen(), out.segments.nodeData());
   return count;
 }
@@ -245,8 +266,11 @@ void strokeOutline(const CGPath& path, const std::vector<CGPoint>& points, const
   if (!onDevice || !(pen.half() < kWidestHalf)) {
     return drawCarefully(path, points.data(), pen, stroke.tolerance);
   }
-  const std::size_t count = prepare(pen, stroke.tolerance, path, points.data(), kernels);
-  ContourWriter writer(pen, count, kernels);
+  const SegmentPen segmentPen{out.originX, out.originY, static_cast<float>(pen.half()),
+                              static_cast<float>(6.0 / 8.0 / stroke.tolerance),
+                              static_cast<float>(pen.half() / (8 * stroke.tolerance))};
+  const std::size_t count = prepare(pen, segmentPen, path, points.data(), kernels);
+  ContourWriter writer(pen, segmentPen, count, kernels);
   for (const StrokeOutline::Listed& contour : out.listed) {
     if (writer.write(contour)) continue;
     strokeCarefully(path.verbs().subspan(contour.verb, contour.verbEnd - contour.verb),

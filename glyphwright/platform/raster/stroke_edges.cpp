@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <ranges>
 
 #include <glyphwright/platform/raster/cells.h>
 #include <glyphwright/platform/raster/edge_writer.h>
@@ -195,48 +196,69 @@ class CutRings : public CuttingWriter {
   CornerFrame frame_;
 };
 
-// How often a pixel is wound round at most, by what runs down or up through any one row of pixels.
-// `units` is working memory.
-int windingOf(std::span<const Edge> edges, int rows, std::vector<int>& units) {
-  // From row to row, by how much it changes what runs up and what runs down, in units. No edge
-  // needs a loop over its rows: it begins and ends with parts of a row, and adds whole ones in
-  // between.
-  units.assign(2 * static_cast<std::size_t>(rows) + 4, 0);
-  const int bottom = rows * kUnitsPerPixel;
-  for (const Edge& e : edges) {
-    const int from = std::clamp(std::min(e.y0, e.y1), 0, bottom);
-    const int to = std::clamp(std::max(e.y0, e.y1), 0, bottom);
-    const int inFirst = from & (kUnitsPerPixel - 1);
-    const int inLast = to & (kUnitsPerPixel - 1);
-    int* const way = units.data() + (e.y1 > e.y0 ? 1 : 0);
-    int* const first = way + 2 * (from >> kUnitShift);
-    int* const last = way + 2 * (to >> kUnitShift);
-    first[0] += kUnitsPerPixel - inFirst;
-    first[2] += inFirst;
-    last[0] -= kUnitsPerPixel - inLast;
-    last[2] -= inLast;
+// Counts what runs down and what runs up through the rows of pixels.
+class RowRuns {
+ public:
+  // `changes` is working memory: from row to row, by how much what runs up changes, and what runs
+  // down.
+  RowRuns(int rows, std::vector<int>& changes) : rows_(rows), changes_(changes) {
+    changes.assign(2 * (static_cast<std::size_t>(rows) + 2), 0);
   }
-  int up = 0;
-  int down = 0;
-  int most = 0;
-  for (int row = 0; row < rows; ++row) {
-    up += units[2 * static_cast<std::size_t>(row)];
-    down += units[2 * static_cast<std::size_t>(row) + 1];
-    most = std::max(most, std::max(up, down));
-  }
-  return (most + kUnitsPerPixel - 1) >> kUnitShift;
-}
 
-// The same for the edges of whole rings: more than there is, but nearly always little enough.
-int roughWindingOf(std::span<const Edge> edges, int rings, int rows, const Kernels& kernels,
-                   std::vector<int>& changes) {
-  changes.assign(static_cast<std::size_t>(rows) + 1, 0);
-  kernels.countRuns(edges.data(), edges.size(), rows, changes.data());
-  int most = 0;
-  int now = 0;
-  for (const int change : changes) most = std::max(most, now += change);
-  // The end of a ring and the start of the next one may have been taken for one run.
-  return most + rings;
+  // Edges come in the order in which they follow one another.
+  void add(const Edge& e) {
+    if (e.y0 == e.y1) return;
+    Run& run = runs_[e.y1 > e.y0 ? 1 : 0];
+    if (e.y0 != run.end) {
+      put(run);
+      run.start = e.y0;
+    }
+    run.end = e.y1;
+  }
+
+  // How often a pixel is wound round at most: more than there is by runs that only meet in its row.
+  int most() {
+    for (const Run& run : runs_) put(run);
+    int now[2] = {0, 0};
+    int most = 0;
+    for (std::size_t i = 0; i < changes_.size(); ++i) {
+      most = std::max(most, now[i % 2] += changes_[i]);
+    }
+    return most;
+  }
+
+ private:
+  struct Run {
+    int start = 0;
+    int end = 0;
+  };
+
+  void put(const Run& run) {
+    if (run.start == run.end) return;
+    const std::size_t isDown = run.end > run.start ? 1 : 0;
+    ++changes_[2 * rowOf(std::min(run.start, run.end)) + isDown];
+    --changes_[2 * (rowOf(std::max(run.start, run.end)) + 1) + isDown];
+  }
+  std::size_t rowOf(int y) const {
+    return static_cast<std::size_t>(std::clamp(y >> kUnitShift, 0, rows_));
+  }
+
+  int rows_;
+  std::vector<int>& changes_;
+  Run runs_[2];  // the last ones up and down
+};
+
+// The edges of an outline that was joined whole. Its right sides stand last edge first.
+void addWhole(const StrokeOutline& outline, std::span<const Edge> edges, RowRuns& runs) {
+  for (const StrokeOutline::Contour& c : outline.contours) {
+    const std::size_t open = c.isClosed ? 0 : 1;
+    const std::size_t left = c.leftEnd - c.leftBegin - open;
+    const std::size_t right = c.rightEnd - c.rightBegin - open;
+    for (const Edge& e : edges.first(left)) runs.add(e);
+    for (const Edge& e : std::views::reverse(edges.subspan(left, right))) runs.add(e);
+    for (const Edge& e : edges.subspan(left + right, 2 * open)) runs.add(e);
+    edges = edges.subspan(left + right + 2 * open);
+  }
 }
 
 }  // namespace
@@ -247,26 +269,20 @@ const StrokeSegments& SegmentMemory::roomFor(std::size_t count) {
   const std::size_t room = 2 * wanted;
   cubics_.resize(room);
   values_.resize(8 * room);
-  counts_.resize(2 * room);
+  chords_.resize(room);
   nodes_.resize(room);
   float* v = values_.data();
-  lists_ = {cubics_.data(),
-            v,
-            v + room,
-            v + 2 * room,
-            v + 3 * room,
-            v + 4 * room,
-            v + 5 * room,
-            v + 6 * room,
-            v + 7 * room,
-            counts_.data(),
-            counts_.data() + room};
+  lists_ = {cubics_.data(), v,
+            v + room,       v + 2 * room,
+            v + 3 * room,   v + 4 * room,
+            v + 5 * room,   v + 6 * room,
+            v + 7 * room,   chords_.data()};
   return lists_;
 }
 
 std::size_t SegmentMemory::keptBytes() const {
   return cubics_.capacity() * sizeof(StrokeCubic) + values_.capacity() * sizeof(float) +
-         counts_.capacity() * sizeof(std::int32_t) + nodes_.capacity() * sizeof(StrokeNode);
+         chords_.capacity() * sizeof(std::int32_t) + nodes_.capacity() * sizeof(StrokeNode);
 }
 
 void OutlineSide::grow(std::size_t corners) {
@@ -314,9 +330,8 @@ DeviceBox boxOf(StrokeOutline& outline, const Kernels& kernels) {
 
 void edgesOfOutline(StrokeOutline& outline, const DeviceBox& box, const PixelRect& region,
                     const Kernels& kernels, EdgeList& out) {
-  int ringCount = 0;
-  if (isNear(box, region)) {
-    ringCount = static_cast<int>(2 * outline.contours.size());
+  const bool isWhole = isNear(box, region);
+  if (isWhole) {
     WholeRings rings(out, region, box, outline, kernels);
     for (const StrokeOutline::Contour& c : outline.contours) rings.contour(c);
   } else {
@@ -324,14 +339,14 @@ void edgesOfOutline(StrokeOutline& outline, const DeviceBox& box, const PixelRec
     for (const StrokeOutline::Contour& c : outline.contours) rings.contour(c);
   }
   // A stroke has a run on either side of each of the path's, but they seldom lie abreast.
-  const auto lower = [&](int winding) {
-    out.verticalRuns = std::min(out.verticalRuns, 2 * winding);
-  };
-  const auto isHigh = [&] { return out.verticalRuns / 2 > kNarrowWindingLimit; };
-  if (isHigh() && ringCount > 0) {
-    lower(roughWindingOf(out.edges(), ringCount, region.height(), kernels, outline.rowUnits));
+  if (out.verticalRuns / 2 <= kNarrowWindingLimit) return;
+  RowRuns runs(region.height(), outline.rowRuns);
+  if (isWhole) {
+    addWhole(outline, out.edges(), runs);
+  } else {
+    for (const Edge& e : out.edges()) runs.add(e);
   }
-  if (isHigh()) lower(windingOf(out.edges(), region.height(), outline.rowUnits));
+  out.verticalRuns = std::min(out.verticalRuns, 2 * runs.most());
 }
 
 }  // namespace glyphwright::raster

@@ -17,6 +17,13 @@ struct StrokeCubic {
   float changeX, changeY;  // a
 };
 
+/// A control point that is nearer to its end than this part of the middle leg tells no direction:
+/// it is moved by as much towards the other one.
+inline constexpr float kNudge = 1.0F / 1024;
+
+/// Shorter legs, in pixels squared, are left to those who take care.
+inline constexpr float kLeastLeg = 1e-12F;
+
 /// What segments are prepared for.
 struct SegmentPen {
   double originX, originY;  // of the outline
@@ -39,12 +46,9 @@ struct StrokeSegments {
   float* startLength;  // of the first and the last of its chords, roughly
   float* endLength;
   /// How many chords it takes; less than 0, and as many, when it bends more tightly than the pen
-  /// where it starts.
+  /// where it starts; 0 when it has no direction at one of its ends, or bends away from its middle
+  /// leg by more than a quarter of a turn: then nothing else is set.
   std::int32_t* chords;
-  /// As many as it takes when it may bend more tightly than the pen anywhere; 0 when it has no
-  /// direction at one of its ends, or bends away from its middle leg by more than a quarter of a
-  /// turn: then nothing else is set.
-  std::int32_t* bentChords;
 };
 
 /// How the sides of neighbouring segments are joined.

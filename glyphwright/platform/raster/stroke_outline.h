@@ -62,7 +62,7 @@ class SegmentMemory {
  private:
   std::vector<StrokeCubic> cubics_;
   std::vector<float> values_;
-  std::vector<std::int32_t> counts_;
+  std::vector<std::int32_t> chords_;
   std::vector<StrokeNode> nodes_;
   StrokeSegments lists_{};
 };
@@ -114,7 +114,7 @@ struct StrokeOutline {
   /// And for telling the corners outside a region.
   std::vector<std::uint8_t> outside;
   /// And for what runs through each row of one.
-  std::vector<int> rowUnits;
+  std::vector<int> rowRuns;
 
   void clear() {
     left.clear();

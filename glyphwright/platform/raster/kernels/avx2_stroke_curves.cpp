@@ -71,13 +71,6 @@ __m256 startAndLegs(const double* p, __m128d origin) {
   return _mm256_set_m128(l12, _mm_movelh_ps(start, l01));
 }
 
-__m256 turnBetween(Lanes a, Lanes b) {
-  const Lanes d = minus(b, a);
-  const __m256 square = dot(d, d);
-  const __m256 chord = _mm256_sqrt_ps(square);
-  return plus(chord, times(times(chord, square), every(1.0F / 24.0F)));
-}
-
 }  // namespace
 
 void prepareSegments(const double* const* curves, std::size_t count, const SegmentPen& pen,
@@ -94,13 +87,13 @@ void prepareSegments(const double* const* curves, std::size_t count, const Segme
     }
     transpose(r);
     Lanes l0{r[2], r[3]}, l1{r[4], r[5]}, l2{r[6], r[7]};
-    const Lanes nudge = times(l1, every(1.0F / 1024));
-    const __m256 nudgeSquare = dot(nudge, nudge);
-    const auto isNear = [&](Lanes l) { return _mm256_cmp_ps(dot(l, l), nudgeSquare, _CMP_LT_OQ); };
-    const auto nudgeFor = [&](__m256 mask) {
-      return Lanes{_mm256_and_ps(nudge.x, mask), _mm256_and_ps(nudge.y, mask)};
+    // A nudge, or none where the leg is longer than that.
+    const auto nudgeFor = [&](Lanes leg, Lanes way) {
+      const Lanes nudge = times(way, every(kNudge));
+      const __m256 isNear = _mm256_cmp_ps(dot(leg, leg), dot(nudge, nudge), _CMP_LT_OQ);
+      return Lanes{_mm256_and_ps(nudge.x, isNear), _mm256_and_ps(nudge.y, isNear)};
     };
-    const Lanes atStart = nudgeFor(isNear(l0)), atEnd = nudgeFor(isNear(l2));
+    const Lanes atStart = nudgeFor(l0, l1), atEnd = nudgeFor(l2, l1);
     l0 = plus(l0, atStart);
     l2 = plus(l2, atEnd);
     l1 = minus(minus(l1, atStart), atEnd);
@@ -113,10 +106,9 @@ void prepareSegments(const double* const* curves, std::size_t count, const Segme
     const auto isAbove = [](__m256 a, __m256 b) { return _mm256_cmp_ps(a, b, _CMP_GT_OQ); };
     const __m256 least = _mm256_min_ps(square0, _mm256_min_ps(square1, square2));
     const __m256 keepsOn = _mm256_and_ps(_mm256_and_ps(isAbove(dot01, zero), isAbove(dot12, zero)),
-                                         isAbove(least, every(1e-12F)));
+                                         isAbove(least, every(kLeastLeg)));
     const __m256 inverse = _mm256_div_ps(one, times(length01, length2));
     const Lanes e0 = times(l0, times(length12, inverse));
-    const Lanes e1 = times(l1, times(times(length0, length2), inverse));
     const Lanes e2 = times(l2, times(length01, inverse));
     const Lanes u = minus(l1, l0), v = minus(l2, l1), a = minus(v, u);
     const __m256 turnAtStart =
@@ -128,19 +120,14 @@ void prepareSegments(const double* const* curves, std::size_t count, const Segme
         times(plus(times(minus(length01, dot01), length2), times(minus(length12, dot12), length0)),
               inverse);
     const __m256 turnSquare = times(every(4), _mm256_max_ps(lacking, zero));
-    const __m256 bendPart = times(bend, bendFactor);
-    const __m256 together = _mm256_sqrt_ps(plus(bendPart, times(turnSquare, turnFactor)));
-    const __m256 turn = plus(turnBetween(e0, e1), turnBetween(e1, e2));
-    const __m256 oneByOne = plus(_mm256_sqrt_ps(bendPart), times(turn, _mm256_sqrt_ps(turnFactor)));
-    const auto chords = [](__m256 wanted) {
-      const __m256 held = _mm256_min_ps(wanted, every(static_cast<float>(kMaxChords - 1)));
-      return _mm256_add_epi32(_mm256_cvttps_epi32(held), _mm256_set1_epi32(1));
-    };
-    const __m256i number = chords(together);
+    const __m256 wanted =
+        _mm256_sqrt_ps(plus(times(bend, bendFactor), times(turnSquare, turnFactor)));
+    const __m256 held = _mm256_min_ps(wanted, every(static_cast<float>(kMaxChords - 1)));
+    const __m256i number = _mm256_add_epi32(_mm256_cvttps_epi32(held), _mm256_set1_epi32(1));
     const __m256 step = _mm256_div_ps(every(3), _mm256_cvtepi32_ps(number));
-    const __m256i toStart = _mm256_sign_epi32(
-        number, _mm256_or_si256(_mm256_castps_si256(isTight), _mm256_set1_epi32(1)));
-    const __m256i bentNumber = _mm256_and_si256(chords(oneByOne), _mm256_castps_si256(keepsOn));
+    const __m256i kept = _mm256_and_si256(number, _mm256_castps_si256(keepsOn));
+    const __m256i chords = _mm256_sign_epi32(
+        kept, _mm256_or_si256(_mm256_castps_si256(isTight), _mm256_set1_epi32(1)));
     _mm256_storeu_ps(out.startX + i, r[0]);
     _mm256_storeu_ps(out.startY + i, r[1]);
     _mm256_storeu_ps(out.startAlongX + i, e0.x);
@@ -149,8 +136,7 @@ void prepareSegments(const double* const* curves, std::size_t count, const Segme
     _mm256_storeu_ps(out.endAlongY + i, e2.y);
     _mm256_storeu_ps(out.startLength + i, times(length0, step));
     _mm256_storeu_ps(out.endLength + i, times(length2, step));
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(out.chords + i), toStart);
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(out.bentChords + i), bentNumber);
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(out.chords + i), chords);
     __m256 cubics[8] = {r[0], r[1], l0.x, l0.y, u.x, u.y, a.x, a.y};
     transpose(cubics);
     for (std::size_t k = 0; k < 8; ++k) {

@@ -134,36 +134,6 @@ int joinRing(const float* xs, const float* ys, std::size_t count, const RingShif
   return runs;
 }
 
-void countRuns(const Edge* edges, std::size_t count, int rows, int* changes) {
-  const __m256i zero = _mm256_setzero_si256();
-  const __m256i bottom = _mm256_set1_epi32(rows * kUnitsPerPixel);
-  const auto held = [&](__m256i y) { return _mm256_min_epi32(_mm256_max_epi32(y, zero), bottom); };
-  const auto row = [](__m128i lanes) { return _mm_cvtsi128_si32(lanes) >> kUnitShift; };
-  for (std::size_t i = 0; i < count; i += 8) {
-    const std::size_t left = count - i;
-    const Edge* eight = edges + i;
-    Edge rest[8];
-    if (left < 8) {
-      // The last edge stands for those that do not exist.
-      for (std::size_t k = 0; k < 8; ++k) rest[k] = eight[k < left ? k : left - 1];
-      eight = rest;
-    }
-    const auto [x0, x1, from, to] = loadEdges(eight);
-    const __m256i highs = held(_mm256_max_epi32(from, to));
-    const __m256i lows = held(_mm256_min_epi32(from, to));
-    __m128i top = _mm_min_epi32(_mm256_castsi256_si128(lows), _mm256_extracti128_si256(lows, 1));
-    __m128i foot = _mm_max_epi32(_mm256_castsi256_si128(highs), _mm256_extracti128_si256(highs, 1));
-    top = _mm_min_epi32(top, _mm_shuffle_epi32(top, _MM_SHUFFLE(1, 0, 3, 2)));
-    foot = _mm_max_epi32(foot, _mm_shuffle_epi32(foot, _MM_SHUFFLE(1, 0, 3, 2)));
-    top = _mm_min_epi32(top, _mm_shuffle_epi32(top, _MM_SHUFFLE(2, 3, 0, 1)));
-    foot = _mm_max_epi32(foot, _mm_shuffle_epi32(foot, _MM_SHUFFLE(2, 3, 0, 1)));
-    unsigned wasDown = 0;
-    const int runs = countDownRuns(_mm256_cmpgt_epi32(to, from), left, wasDown);
-    changes[row(top)] += runs;
-    if (row(foot) < rows) changes[row(foot) + 1] -= runs;
-  }
-}
-
 void placeCorners(const float* x, const float* y, std::size_t count, bool backwards,
                   const CornerFrame& frame, const PlacedCorners& out) {
   const __m256i reversed = _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0);

@@ -32,28 +32,11 @@ float smaller(float a, float b) {
   return a < b ? a : b;
 }
 
-// The angle between two unit vectors from its chord: exact at 0, 10 % low at a right angle,
-// where the joining steps are short anyway.
-float turnBetween(Pair a, Pair b) {
-  const Pair d = b - a;
-  const float square = dot(d, d);
-  const float chord = std::sqrt(square);
-  return chord + chord * square * (1.0F / 24.0F);
-}
-
-// A control point that is nearer to its end than this part of the middle leg tells no direction: it
-// is moved by as much towards the other one.
-constexpr float kNudge = 1.0F / 1024;
-
-// Shorter legs, in pixels squared, are left to those who take care.
-constexpr float kLeastLeg = 1e-12F;
-
 }  // namespace
 
 // The side of a curve that bends by p'' strays from a chord over the parameter step h by h²/8 ·
 // (|p''| + half·θ'²), where θ is the direction and |p''| is about six times the bend. The legs'
-// turns stand for θ; the square of their sum is at most twice the sum of their squares. Where the
-// curve bends more tightly than the pen, what bends and what turns it are counted one by one.
+// turns stand for θ; the square of their sum is at most twice the sum of their squares.
 void prepareSegments(const double* const* curves, std::size_t curveCount, const SegmentPen& pen,
                      const StrokeSegments& out) {
   for (std::size_t i = 0; i < curveCount; ++i) {
@@ -66,14 +49,15 @@ void prepareSegments(const double* const* curves, std::size_t curveCount, const 
     Pair l0 = leg(0);
     Pair l1 = leg(2);
     Pair l2 = leg(4);
-    const Pair nudge = l1 * kNudge;
-    const float nudgeSquare = dot(nudge, nudge);
-    const bool startsLate = dot(l0, l0) < nudgeSquare;
-    const bool endsEarly = dot(l2, l2) < nudgeSquare;
-    if (startsLate) l0 = l0 + nudge;
-    if (endsEarly) l2 = l2 + nudge;
-    if (startsLate) l1 = l1 - nudge;
-    if (endsEarly) l1 = l1 - nudge;
+    const auto nudgeFor = [](Pair ofLeg, Pair way) {
+      const Pair nudge = way * kNudge;
+      return dot(ofLeg, ofLeg) < dot(nudge, nudge) ? nudge : Pair{};
+    };
+    const Pair atStart = nudgeFor(l0, l1);
+    const Pair atEnd = nudgeFor(l2, l1);
+    l0 = l0 + atStart;
+    l2 = l2 + atEnd;
+    l1 = l1 - atStart - atEnd;
     const float dot01 = dot(l0, l1);
     const float dot12 = dot(l1, l2);
     const float square0 = dot(l0, l0);
@@ -89,7 +73,6 @@ void prepareSegments(const double* const* curves, std::size_t curveCount, const 
         dot01 > 0 && dot12 > 0 && smaller(square0, smaller(square1, square2)) > kLeastLeg;
     const float inverse = 1.0F / (length01 * length2);
     const Pair e0 = l0 * (length12 * inverse);
-    const Pair e1 = l1 * (length0 * length2 * inverse);
     const Pair e2 = l2 * (length01 * inverse);
     const Pair u = l1 - l0;
     const Pair v = l2 - l1;
@@ -101,14 +84,9 @@ void prepareSegments(const double* const* curves, std::size_t curveCount, const 
     // The square of a small angle is twice what its cosine lacks to one.
     const float lacking = ((length01 - dot01) * length2 + (length12 - dot12) * length0) * inverse;
     const float turnSquare = 4.0F * larger(lacking, 0.0F);
-    const float together = std::sqrt(bend * pen.bendFactor + turnSquare * pen.turnFactor);
-    const float turn = turnBetween(e0, e1) + turnBetween(e1, e2);
-    const float oneByOne = std::sqrt(bend * pen.bendFactor) + turn * std::sqrt(pen.turnFactor);
-    const auto chords = [](float wanted) {
-      return static_cast<int>(smaller(wanted, kMaxChords - 1)) + 1;
-    };
-    const int count = chords(together);
-    const float step = 3.0F / static_cast<float>(count);
+    const float wanted = std::sqrt(bend * pen.bendFactor + turnSquare * pen.turnFactor);
+    const int number = static_cast<int>(smaller(wanted, kMaxChords - 1)) + 1;
+    const float step = 3.0F / static_cast<float>(number);
     out.cubics[i] = {start.x, start.y, l0.x, l0.y, u.x, u.y, a.x, a.y};
     out.startX[i] = start.x;
     out.startY[i] = start.y;
@@ -118,8 +96,7 @@ void prepareSegments(const double* const* curves, std::size_t curveCount, const 
     out.endAlongY[i] = e2.y;
     out.startLength[i] = length0 * step;
     out.endLength[i] = length2 * step;
-    out.chords[i] = isTight ? -count : count;
-    out.bentChords[i] = keepsOn ? chords(oneByOne) : 0;
+    out.chords[i] = !keepsOn ? 0 : (isTight ? -number : number);
   }
 }
 

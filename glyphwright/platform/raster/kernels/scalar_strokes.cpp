@@ -85,29 +85,6 @@ int joinRing(const float* x, const float* y, std::size_t count, const RingShift&
   return runs;
 }
 
-void countRuns(const Edge* edges, std::size_t count, int rows, int* changes) {
-  const auto rowOf = [rows](int height) {
-    return std::clamp(height, 0, rows * kUnitsPerPixel) >> kUnitShift;
-  };
-  for (std::size_t i = 0; i < count; i += 8) {
-    int top = edges[i].y0;
-    int foot = top;
-    int runs = 0;
-    bool wasDown = false;
-    for (std::size_t k = i; k < std::min(i + 8, count); ++k) {
-      const auto [low, high] = std::minmax(edges[k].y0, edges[k].y1);
-      top = std::min(top, low);
-      foot = std::max(foot, high);
-      const bool isDown = edges[k].y1 > edges[k].y0;
-      runs += isDown && !wasDown ? 1 : 0;
-      wasDown = isDown;
-    }
-    changes[rowOf(top)] += runs;
-    // What ends within a row may still cover some of it.
-    if (rowOf(foot) < rows) changes[rowOf(foot) + 1] -= runs;
-  }
-}
-
 void placeCorners(const float* x, const float* y, std::size_t count, bool backwards,
                   const CornerFrame& frame, const PlacedCorners& out) {
   for (std::size_t i = 0; i < count; ++i) {

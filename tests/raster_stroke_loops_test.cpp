@@ -311,9 +311,7 @@ TEST(StrokeEdges, WindingsAreBoundedByWhatLiesAbreast) {
                   outline);
     EdgeList edges;
     edgesOfOutline(outline, boxOf(outline, kernels()), region, kernels(), edges);
-    EXPECT_GE(edges.verticalRuns / 2, c.abreast) << c.name;
-    // Where a ring begins, one run down may stand for two.
-    EXPECT_LE(edges.verticalRuns / 2, std::max(c.abreast * 3 / 2, kNarrowWindingLimit)) << c.name;
+    EXPECT_EQ(edges.verticalRuns / 2, c.abreast) << c.name;
   }
 }
 

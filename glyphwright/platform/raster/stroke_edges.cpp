@@ -196,16 +196,16 @@ class CutRings : public CuttingWriter {
   CornerFrame frame_;
 };
 
-// Counts what runs down and what runs up through the rows of pixels.
+// Measures what runs down and what runs up through each row of pixels.
 class RowRuns {
  public:
-  // `changes` is working memory: from row to row, by how much what runs up changes, and what runs
-  // down.
-  RowRuns(int rows, std::vector<int>& changes) : rows_(rows), changes_(changes) {
-    changes.assign(2 * (static_cast<std::size_t>(rows) + 2), 0);
+  // `changes` is working memory: from row to row, by how much it changes what runs up and what runs
+  // down, in units.
+  RowRuns(int rows, std::vector<int>& changes) : bottom_(rows * kUnitsPerPixel), changes_(changes) {
+    changes.assign(2 * static_cast<std::size_t>(rows) + 4, 0);
   }
 
-  // Edges come in the order in which they follow one another.
+  // Edges come in the order in which they follow one another, so that few runs have to be put down.
   void add(const Edge& e) {
     if (e.y0 == e.y1) return;
     Run& run = runs_[e.y1 > e.y0 ? 1 : 0];
@@ -216,7 +216,7 @@ class RowRuns {
     run.end = e.y1;
   }
 
-  // How often a pixel is wound round at most: more than there is by runs that only meet in its row.
+  // How often a pixel is wound round at most.
   int most() {
     for (const Run& run : runs_) put(run);
     int now[2] = {0, 0};
@@ -224,7 +224,7 @@ class RowRuns {
     for (std::size_t i = 0; i < changes_.size(); ++i) {
       most = std::max(most, now[i % 2] += changes_[i]);
     }
-    return most;
+    return (most + kUnitsPerPixel - 1) >> kUnitShift;
   }
 
  private:
@@ -233,17 +233,22 @@ class RowRuns {
     int end = 0;
   };
 
+  // It begins and ends with parts of a row, and adds whole ones in between.
   void put(const Run& run) {
-    if (run.start == run.end) return;
-    const std::size_t isDown = run.end > run.start ? 1 : 0;
-    ++changes_[2 * rowOf(std::min(run.start, run.end)) + isDown];
-    --changes_[2 * (rowOf(std::max(run.start, run.end)) + 1) + isDown];
-  }
-  std::size_t rowOf(int y) const {
-    return static_cast<std::size_t>(std::clamp(y >> kUnitShift, 0, rows_));
+    const int from = std::clamp(std::min(run.start, run.end), 0, bottom_);
+    const int to = std::clamp(std::max(run.start, run.end), 0, bottom_);
+    const int inFirst = from & (kUnitsPerPixel - 1);
+    const int inLast = to & (kUnitsPerPixel - 1);
+    int* const way = changes_.data() + (run.end > run.start ? 1 : 0);
+    int* const first = way + 2 * (from >> kUnitShift);
+    int* const last = way + 2 * (to >> kUnitShift);
+    first[0] += kUnitsPerPixel - inFirst;
+    first[2] += inFirst;
+    last[0] -= kUnitsPerPixel - inLast;
+    last[2] -= inLast;
   }
 
-  int rows_;
+  int bottom_;
   std::vector<int>& changes_;
   Run runs_[2];  // the last ones up and down
 };

@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <ranges>
 
 #include <glyphwright/platform/raster/cells.h>
 #include <glyphwright/platform/raster/edge_writer.h>
@@ -260,7 +259,7 @@ void addWhole(const StrokeOutline& outline, std::span<const Edge> edges, RowRuns
     const std::size_t left = c.leftEnd - c.leftBegin - open;
     const std::size_t right = c.rightEnd - c.rightBegin - open;
     for (const Edge& e : edges.first(left)) runs.add(e);
-    for (const Edge& e : std::views::reverse(edges.subspan(left, right))) runs.add(e);
+    for (std::size_t i = right; i > 0; --i) runs.add(edges[left + i - 1]);
     for (const Edge& e : edges.subspan(left + right, 2 * open)) runs.add(e);
     edges = edges.subspan(left + right + 2 * open);
   }

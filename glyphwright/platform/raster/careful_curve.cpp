@@ -24,13 +24,6 @@ Vector endDirection(Vector p, Vector c1, Vector c2, Vector to, Vector fallback) 
   return fallback;
 }
 
-// The angle between two unit vectors from its chord: exact at 0, 10 % low at a right angle,
-// where the joining steps are short anyway.
-double turnBetween(Vector a, Vector b) {
-  const double chord = length(b - a);
-  return chord + chord * chord * chord / 24;
-}
-
 // As for those that the loops take; the control polygon's turning bounds the angle.
 int chordCount(const Vector* points, double half, double tolerance) {
   const Vector legs[] = {points[1] - points[0], points[2] - points[1], points[3] - points[2]};

@@ -87,22 +87,15 @@ std::size_t listSegments(const CGPath& path, const CGPoint* points, StrokeOutlin
   return count;
 }
 
-// The angle between two directions from the chord of their unit vectors: exact at 0, 10 % low at a
-// right angle, where the joining steps are short anyway.
-double turnBetween(Vector a, Vector b) {
-  if (!normalize(a) || !normalize(b)) return 0;
-  const double chord = length(b - a);
-  return chord + chord * chord * chord * (1.0 / 24.0);
-}
-
 // How many chords a curve takes that may bend more tightly than the pen: more than others, as what
 // bends and what turns it are counted one by one.
 int chordsOfBent(const StrokeCubic& c, const SegmentPen& pen) {
-  const Vector first{c.legX, c.legY};
   const Vector bend{c.bendX, c.bendY};
   const Vector bendOn = bend + Vector{c.changeX, c.changeY};
-  const Vector middle = first + bend;
-  const double turn = turnBetween(first, middle) + turnBetween(middle, middle + bendOn);
+  const Vector first{c.legX, c.legY};
+  Vector legs[] = {first, first + bend, first + bend + bendOn};
+  for (Vector& leg : legs) normalize(leg);
+  const double turn = turnBetween(legs[0], legs[1]) + turnBetween(legs[1], legs[2]);
   const double mean = std::sqrt(0.5 * (dot(bend, bend) + dot(bendOn, bendOn)));
   const double wanted = std::sqrt(mean * pen.bendFactor) + turn * std::sqrt(pen.turnFactor);
   // In this order NaN gives the most, too.
@@ -118,8 +111,7 @@ class ContourWriter {
         segmentPen_(segmentPen),
         kernels_(kernels),
         out_(pen.outline()),
-        s_(out_.segments.lists()),
-        half_(static_cast<float>(pen.half())) {
+        s_(out_.segments.lists()) {
     const auto chords = std::accumulate(s_.chords, s_.chords + segmentCount, std::size_t{0},
                                         [](std::size_t sum, int number) {
                                           return sum + static_cast<std::size_t>(std::abs(number));
@@ -178,7 +170,8 @@ class ContourWriter {
       right.makeRoom(room_);
       SideEnds sides{left.endX(), left.endY(), right.endX(), right.endY()};
       const std::size_t until = oneByOne ? first + 1 : end;
-      const std::size_t reached = kernels_.putSides(s_, nodes, first, until, half_, sides);
+      const std::size_t reached =
+          kernels_.putSides(s_, nodes, first, until, segmentPen_.half, sides);
       left.endAt(sides.leftX);
       right.endAt(sides.rightX);
       first = reached;
@@ -197,7 +190,7 @@ class ContourWriter {
     float* corner = sample + 4 * samples;
     BentCurve bent{sample, sample + samples, sample + 2 * samples, sample + 3 * samples,
                    corner, corner + corners, corner + 2 * corners, corner + 3 * corners};
-    kernels_.bendCurve(s_.cubics[i], half_, chords, bent);
+    kernels_.bendCurve(s_.cubics[i], segmentPen_.half, chords, bent);
     out_.left.put(bent.leftX, bent.leftY, bent.leftCount);
     out_.right.put(bent.rightX, bent.rightY, bent.rightCount);
   }
@@ -227,7 +220,6 @@ class ContourWriter {
   const Kernels& kernels_;
   StrokeOutline& out_;
   const StrokeSegments& s_;
-  float half_;
   std::size_t room_;  // enough for the corners of all contours on either side
 };
 

@@ -204,15 +204,18 @@ class RowRuns {
     changes.assign(2 * static_cast<std::size_t>(rows) + 4, 0);
   }
 
-  // Edges come in the order in which they follow one another, so that few runs have to be put down.
+  // Edges that follow one another make a run, in whichever order they stand; few are put down.
   void add(const Edge& e) {
     if (e.y0 == e.y1) return;
     Run& run = runs_[e.y1 > e.y0 ? 1 : 0];
-    if (e.y0 != run.end) {
-      put(run);
+    if (e.y0 == run.end) {
+      run.end = e.y1;
+    } else if (e.y1 == run.start) {
       run.start = e.y0;
+    } else {
+      put(run);
+      run = {e.y0, e.y1};
     }
-    run.end = e.y1;
   }
 
   // How often a pixel is wound round at most.
@@ -252,19 +255,6 @@ class RowRuns {
   Run runs_[2];  // the last ones up and down
 };
 
-// The edges of an outline that was joined whole. Its right sides stand last edge first.
-void addWhole(const StrokeOutline& outline, std::span<const Edge> edges, RowRuns& runs) {
-  for (const StrokeOutline::Contour& c : outline.contours) {
-    const std::size_t open = c.isClosed ? 0 : 1;
-    const std::size_t left = c.leftEnd - c.leftBegin - open;
-    const std::size_t right = c.rightEnd - c.rightBegin - open;
-    for (const Edge& e : edges.first(left)) runs.add(e);
-    for (std::size_t i = right; i > 0; --i) runs.add(edges[left + i - 1]);
-    for (const Edge& e : edges.subspan(left + right, 2 * open)) runs.add(e);
-    edges = edges.subspan(left + right + 2 * open);
-  }
-}
-
 }  // namespace
 
 const StrokeSegments& SegmentMemory::roomFor(std::size_t count) {
@@ -276,11 +266,16 @@ const StrokeSegments& SegmentMemory::roomFor(std::size_t count) {
   chords_.resize(room);
   nodes_.resize(room);
   float* v = values_.data();
-  lists_ = {cubics_.data(), v,
-            v + room,       v + 2 * room,
-            v + 3 * room,   v + 4 * room,
-            v + 5 * room,   v + 6 * room,
-            v + 7 * room,   chords_.data()};
+  lists_ = {.cubics = cubics_.data(),
+            .startX = v,
+            .startY = v + room,
+            .startAlongX = v + 2 * room,
+            .startAlongY = v + 3 * room,
+            .endAlongX = v + 4 * room,
+            .endAlongY = v + 5 * room,
+            .startLength = v + 6 * room,
+            .endLength = v + 7 * room,
+            .chords = chords_.data()};
   return lists_;
 }
 
@@ -334,8 +329,7 @@ DeviceBox boxOf(StrokeOutline& outline, const Kernels& kernels) {
 
 void edgesOfOutline(StrokeOutline& outline, const DeviceBox& box, const PixelRect& region,
                     const Kernels& kernels, EdgeList& out) {
-  const bool isWhole = isNear(box, region);
-  if (isWhole) {
+  if (isNear(box, region)) {
     WholeRings rings(out, region, box, outline, kernels);
     for (const StrokeOutline::Contour& c : outline.contours) rings.contour(c);
   } else {
@@ -345,11 +339,7 @@ void edgesOfOutline(StrokeOutline& outline, const DeviceBox& box, const PixelRec
   // A stroke has a run on either side of each of the path's, but they seldom lie abreast.
   if (out.verticalRuns / 2 <= kNarrowWindingLimit) return;
   RowRuns runs(region.height(), outline.rowRuns);
-  if (isWhole) {
-    addWhole(outline, out.edges(), runs);
-  } else {
-    for (const Edge& e : out.edges()) runs.add(e);
-  }
+  for (const Edge& e : out.edges()) runs.add(e);
   out.verticalRuns = std::min(out.verticalRuns, 2 * runs.most());
 }
 

@@ -40,6 +40,13 @@ inline bool normalize(Vector& a) {
   return true;
 }
 
+// The angle between two unit vectors from its chord: exact at 0, 10 % low at a right angle, where
+// the joining steps are short anyway.
+inline double turnBetween(Vector a, Vector b) {
+  const double chord = length(b - a);
+  return chord + chord * chord * chord / 24;
+}
+
 // To the left of a direction on screen.
 inline Vector leftOf(Vector direction) {
   return {direction.y, -direction.x};

@@ -23,13 +23,15 @@
 #include <glyphwright/bezier_path.h>
 #include <glyphwright/platform/layers/path_trimming.h>
 
+#include "places.h"
+
 namespace glyphwright::cli {
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
 std::string outputFile(const std::string& name) {
-  return (std::filesystem::path(GLYPHWRIGHT_OUTPUT_DIR) / "animate" / name).string();
+  return places::inOutput("animate/" + std::string(name));
 }
 
 Bytes bytesOf(const std::string& file) {

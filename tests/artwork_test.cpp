@@ -20,6 +20,8 @@
 
 #include "tools/outline_check.h"
 
+#include "places.h"
+
 namespace glyphwright {
 namespace {
 
@@ -34,7 +36,7 @@ struct Row {
 };
 
 std::vector<Row> readTable() {
-  std::ifstream in(GLYPHWRIGHT_FROZEN_DIR "/artwork_frames.txt");
+  std::ifstream in(places::inFrozen("artwork_frames.txt"));
   std::vector<Row> rows;
   for (std::string line; std::getline(in, line);) {
     if (line.empty() || line[0] == '#') continue;

@@ -14,6 +14,8 @@
 #include <glyphwright/catalogue/icons.h>
 #include <glyphwright/paths/method_names.h>
 
+#include "places.h"
+
 namespace glyphwright {
 namespace {
 
@@ -52,7 +54,7 @@ std::vector<std::string> identitiesOfTheLibrary() {
 }
 
 TEST(Identities, AreTheFrozenOnes) {
-  std::ifstream file(GLYPHWRIGHT_FROZEN_DIR "/identities.txt");
+  std::ifstream file(places::inFrozen("identities.txt"));
   const std::vector<std::string> frozen = linesOf(file);
   ASSERT_FALSE(frozen.empty());
   const std::vector<std::string> actual = identitiesOfTheLibrary();

@@ -12,6 +12,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "places.h"
+
 extern char** environ;
 
 namespace glyphwright::cli_test {
@@ -20,7 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 
 fs::path outputFolder() {
-  return fs::path(GLYPHWRIGHT_OUTPUT_DIR) / "cli";
+  return places::inOutput("cli");
 }
 
 /// Tests may run side by side.
@@ -35,7 +37,7 @@ Outcome run(const std::vector<std::string>& arguments) {
   const fs::path out = ownFile(".out");
   const fs::path err = ownFile(".err");
   std::vector<char*> argv;
-  std::string program = GLYPHWRIGHT_PROGRAM;
+  std::string program = places::program();
   std::vector<std::string> copies = arguments;
   argv.push_back(program.data());
   for (std::string& argument : copies) argv.push_back(argument.data());

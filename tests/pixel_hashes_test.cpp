@@ -9,15 +9,16 @@
 
 #include "pixel_manifest.h"
 #include "pixels.h"
+#include "places.h"
 
 namespace glyphwright {
 namespace {
 
 using namespace pixel_manifest;
 
-const std::string manifestFile = GLYPHWRIGHT_FROZEN_DIR "/pixel_hashes.txt";
-const std::string keptFolder = GLYPHWRIGHT_OUTPUT_DIR "/matching-pictures";
-const std::string sheetFile = GLYPHWRIGHT_OUTPUT_DIR "/changed-pictures.png";
+const std::string manifestFile = places::inFrozen("pixel_hashes.txt");
+const std::string keptFolder = places::inOutput("matching-pictures");
+const std::string sheetFile = places::inOutput("changed-pictures.png");
 
 TEST(PixelHashes, EveryPictureHasItsPixels) {
   const pixels::ScreenScale scale(1);
@@ -62,7 +63,7 @@ TEST(PixelHashes, TheManifestSeesOneLevelInOnePixel) {
 
   // The manifest and the kept pictures come back as they were; a picture that is not the one of
   // the hash does not.
-  const std::string folder = GLYPHWRIGHT_OUTPUT_DIR "/pixel_manifest";
+  const std::string folder = places::inOutput("pixel_manifest");
   const CGImage image(3, 2, bytes);
   const Manifest manifest = {{"a@1", hashOf(image)}, {"b", 0x12}};
   keep(folder, "a@1", image);

@@ -5,10 +5,12 @@
 #include <sstream>
 #include <string>
 
+#include "places.h"
+
 namespace {
 
 std::string contentsOf(const std::string& path) {
-  std::ifstream file(std::filesystem::path(GLYPHWRIGHT_SOURCE_DIR) / path);
+  std::ifstream file(glyphwright::places::inSource(path));
   std::ostringstream text;
   text << file.rdbuf();
   return text.str();

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "../places.h"
 #include "sources.h"
 
 namespace glyphwright::structure {
@@ -26,7 +27,7 @@ TEST(Documents, TheReadmesProgramIsTheOneThatIsBuilt) {
 }
 
 TEST(Documents, EveryLinkLeadsToAFile) {
-  const std::filesystem::path root = GLYPHWRIGHT_SOURCE_DIR;
+  const std::filesystem::path root = places::inSource("");
   std::vector<std::string> documents = filesBelow("docs", {".md"});
   documents.push_back("README.md");
   std::size_t links = 0;

@@ -6,6 +6,8 @@
 #include <map>
 #include <set>
 
+#include "../places.h"
+
 namespace glyphwright::structure {
 
 namespace {
@@ -76,7 +78,7 @@ std::string libraryFault(const Include& include) {
 
 std::vector<std::string> filesBelow(std::string_view folder,
                                     const std::vector<std::string_view>& endings) {
-  const fs::path root = GLYPHWRIGHT_SOURCE_DIR;
+  const fs::path root = places::inSource("");
   const std::set<std::string> foreign = {".git", "build", "node_modules", ".cache"};
   std::vector<std::string> files;
   auto walk = fs::recursive_directory_iterator(root / folder);
@@ -96,7 +98,7 @@ std::vector<std::string> filesBelow(std::string_view folder,
 }
 
 std::string readText(std::string_view file) {
-  std::ifstream in(fs::path(GLYPHWRIGHT_SOURCE_DIR) / file, std::ios::binary);
+  std::ifstream in(places::inSource(file), std::ios::binary);
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 

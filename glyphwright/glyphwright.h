@@ -1,13 +1,15 @@
 #pragma once
 
-/// Everything a program needs to use the icons: paths, the catalogue, images, layers, paintings.
+/// Everything a program needs to use the icons: paths, the catalogue, search, images, layers, paintings.
 
 #include <glyphwright/bezier_path.h>
 #include <glyphwright/catalogue/catalogue.h>
 #include <glyphwright/catalogue/icon_tab.h>
 #include <glyphwright/catalogue/icon_type.h>
 #include <glyphwright/catalogue/icons.h>
+#include <glyphwright/catalogue/keywords.h>
 #include <glyphwright/catalogue/pathable.h>
+#include <glyphwright/catalogue/search.h>
 #include <glyphwright/layers/gradient_shape_layer.h>
 #include <glyphwright/platform/context.h>
 #include <glyphwright/platform/image.h>

@@ -53,6 +53,8 @@ TEST(CliList, HoldsTheWholeCatalogueAsJson) {
             json({{"index", 131}, {"name", "shieldIcon"}, {"rawValue", "safetyCenterShield"}}));
   ASSERT_EQ(list.at("types").size(), 129U);
   EXPECT_EQ(list["types"][7], json({{"value", 7}, {"method", "checkmarkPath"}}));
+  EXPECT_EQ(list.at("keywords").size(), iconMethodCount + 27);
+  EXPECT_EQ(list["keywords"]["circlePath"], json({"disc", "dot", "round", "shape", "oval"}));
   const std::vector<std::string> methods = list.at("methods");
   EXPECT_TRUE(std::ranges::equal(methods, iconMethodNames));
 }
@@ -140,8 +142,10 @@ TEST(CliUsage, AnswersMistakesWithStatusTwoAndAHint) {
   for (const Row& row : {
            Row{{}, "--help"},
            Row{{"rendr"}, "did you mean render"},
-           Row{{"zzz"}, "list, path, render"},
+           Row{{"zzz"}, "list, search, path"},
            Row{{"list", "--nope"}, "list --help"},
+           Row{{"search"}, "WORDS"},
+           Row{{"search", "x", "--limit", "0"}, "--limit"},
            Row{{"path"}, "NAME"},
            Row{{"path", "chekmark"}, "checkmarkPath"},
            Row{{"path", "App.Shapes.Check.checkmark"}, "App.Shapes.Checks.checkmark"},
@@ -177,6 +181,7 @@ TEST(CliUsage, AnswersMistakesWithStatusTwoAndAHint) {
 TEST(CliUsage, HelpsEverywhere) {
   for (const std::vector<std::string>& words : {std::vector<std::string>{},
                                                 {"list"},
+                                                {"search"},
                                                 {"path"},
                                                 {"render"},
                                                 {"sheet"},

@@ -85,6 +85,22 @@ void addList(CLI::App& program, std::optional<Command>& command) {
   app->callback([&command, options] { command = *options; });
 }
 
+void addSearch(CLI::App& program, std::optional<Command>& command) {
+  CLI::App* const app = program.add_subcommand(
+      "search", "Find icons and ready-made images by what they show or are for");
+  auto options = std::make_shared<SearchOptions>();
+  app->add_option("WORDS", options->words, "words as they come to mind: thumbs down")
+      ->required()
+      ->type_name("");
+  app->add_option("--limit", options->limit, "at most so many names, 10 unless given")
+      ->check(CLI::Range(1, 1000))
+      ->type_name("N");
+  app->add_flag("--json", options->json,
+                "as a JSON array: name, and whether it is a guess at a misspelt word");
+  app->footer("Example:\n  glyphwright search love letter\n  glyphwright search --limit 1 trash");
+  app->callback([&command, options] { command = *options; });
+}
+
 void addPath(CLI::App& program, std::optional<Command>& command) {
   CLI::App* const app = program.add_subcommand("path", "Show an icon's outline as JSON or SVG");
   auto options = std::make_shared<PathOptions>();
@@ -277,6 +293,7 @@ std::variant<Command, HelpText> parseCommandLine(std::vector<std::string> argume
   program.set_help_all_flag("--help-all", "Show the help of all commands");
   program.footer("Exit status: 0 done, 1 some output failed, 2 wrong usage.");
   addList(program, command);
+  addSearch(program, command);
   addPath(program, command);
   addRender(program, command);
   addSheet(program, command);

@@ -12,13 +12,14 @@
 #include "path_command.h"
 #include "preset_command.h"
 #include "render_command.h"
+#include "search_command.h"
 #include "sheet_command.h"
 
 namespace glyphwright::cli {
 
 /// What the user asked for.
 using Command = std::variant<ListOptions, PathOptions, RenderOptions, SheetOptions, AnimateOptions,
-                             GalleryOptions, PresetOptions, InspectOptions>;
+                             GalleryOptions, PresetOptions, InspectOptions, SearchOptions>;
 
 /// A text asked for with --help or --version.
 struct HelpText {

@@ -10,12 +10,15 @@
 #include <glyphwright/catalogue/icon_tab.h>
 #include <glyphwright/catalogue/icon_type.h>
 #include <glyphwright/catalogue/icons.h>
+#include <glyphwright/catalogue/keywords.h>
+#include <glyphwright/catalogue/words.h>
 #include <glyphwright/paths/method_names.h>
 
 namespace glyphwright::cli {
-namespace {
 
 using Json = nlohmann::ordered_json;
+
+namespace {
 
 Json tabsJson() {
   Json tabs = Json::array();
@@ -47,6 +50,16 @@ Json enumerationsJson() {
   return enumerations;
 }
 
+Json keywordsJson() {
+  Json keywords = Json::object();
+  for (const KeywordRecord& record : iconKeywords) {
+    keywords[std::string(record.name)] = splitWords(record.keywords);
+  }
+  return keywords;
+}
+
+}  // namespace
+
 Json catalogueJson() {
   Json icons = Json::array();
   for (const Icons icon : Icons::allCases) {
@@ -63,8 +76,11 @@ Json catalogueJson() {
           {"enumerations", enumerationsJson()},
           {"icons", std::move(icons)},
           {"types", std::move(types)},
-          {"methods", std::move(methods)}};
+          {"methods", std::move(methods)},
+          {"keywords", keywordsJson()}};
 }
+
+namespace {
 
 void writeRow(std::ostream& out, std::string_view name, std::string_view method) {
   constexpr int nameWidth = 46;

@@ -13,6 +13,7 @@ struct Runner {
   Console& console;
 
   int operator()(const ListOptions& options) const { return runList(options, console); }
+  int operator()(const SearchOptions& options) const { return runSearch(options, console); }
   int operator()(const PathOptions& options) const { return runPath(options, console); }
   int operator()(const RenderOptions& options) const { return runRender(options, console); }
   int operator()(const SheetOptions& options) const { return runSheet(options, console); }

@@ -4,6 +4,7 @@
 
 #include <glyphwright/catalogue/catalogue.h>
 #include <glyphwright/catalogue/icons.h>
+#include <glyphwright/catalogue/keywords.h>
 #include <glyphwright/paths/method_names.h>
 
 namespace glyphwright {
@@ -50,6 +51,17 @@ static_assert(distinctRawValues(Icons::enumeration) &&
                                         return distinctRawValues(*enumeration);
                                       }),
               "an enumeration has the same raw value twice");
+
+// Every icon has its keywords, in the order of declaration; the images follow.
+constexpr bool keywordsFollowTheIcons() {
+  for (std::size_t i = 0; i < std::size(iconKeywords); ++i) {
+    const bool isImage = i >= iconMethodCount;
+    if (iconKeywords[i].isImage() != isImage) return false;
+    if (!isImage && iconKeywords[i].name != iconMethodNames[i]) return false;
+  }
+  return true;
+}
+static_assert(keywordsFollowTheIcons(), "keywords.inc and icon_names.inc name different icons");
 
 }  // namespace
 }  // namespace glyphwright

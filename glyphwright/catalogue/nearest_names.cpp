@@ -1,11 +1,10 @@
 #include <algorithm>
-#include <array>
-#include <numeric>
 #include <utility>
 
 #include <glyphwright/catalogue/catalogue.h>
 #include <glyphwright/catalogue/icons.h>
 #include <glyphwright/catalogue/resolve.h>
+#include <glyphwright/catalogue/words.h>
 #include <glyphwright/paths/method_names.h>
 
 namespace glyphwright {
@@ -18,58 +17,13 @@ constexpr double costOfExtraWord = 0.03;
 
 constexpr std::size_t longestText = 128;
 
-constexpr char lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-constexpr bool isUpper(char c) {
-  return c >= 'A' && c <= 'Z';
-}
-constexpr bool isWordCharacter(char c) {
-  return (lower(c) >= 'a' && lower(c) <= 'z') || (c >= '0' && c <= '9');
-}
-
-std::string lowered(std::string_view text) {
-  std::string result(text);
-  std::ranges::transform(result, result.begin(), lower);
-  return result;
-}
-
-/// The words of a camel-case name or a phrase, in lower case. "icon" and "path" say nothing and are
-/// left out, unless there is nothing else.
+/// The words of a name or a phrase. "icon" and "path" say nothing and are left out, unless there is
+/// nothing else.
 std::vector<std::string> wordsOf(std::string_view text) {
-  std::vector<std::string> words;
-  bool begin = true;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (!isWordCharacter(text[i])) {
-      begin = true;
-      continue;
-    }
-    if (begin || (isUpper(text[i]) && !isUpper(text[i - 1]))) words.emplace_back();
-    words.back() += lower(text[i]);
-    begin = false;
-  }
+  std::vector<std::string> words = splitWords(text);
   const auto saysNothing = [](const std::string& word) { return word == "icon" || word == "path"; };
   if (!std::ranges::all_of(words, saysNothing)) std::erase_if(words, saysNothing);
   return words;
-}
-
-/// Letters put in, left out, changed or swapped with their neighbour.
-std::size_t editDistance(std::string_view a, std::string_view b) {
-  std::vector<std::size_t> beforeLast(b.size() + 1), last(b.size() + 1), row(b.size() + 1);
-  std::iota(last.begin(), last.end(), std::size_t{0});
-  for (std::size_t i = 1; i <= a.size(); ++i) {
-    row[0] = i;
-    for (std::size_t j = 1; j <= b.size(); ++j) {
-      const std::size_t change = a[i - 1] == b[j - 1] ? 0 : 1;
-      row[j] = std::min({last[j] + 1, row[j - 1] + 1, last[j - 1] + change});
-      if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1]) {
-        row[j] = std::min(row[j], beforeLast[j - 2] + 1);
-      }
-    }
-    std::swap(beforeLast, last);
-    std::swap(last, row);
-  }
-  return last[b.size()];
 }
 
 double spellingCloseness(std::string_view a, std::string_view b) {

@@ -165,10 +165,33 @@ TEST(AnimateCommand, RefusesWhatMakesNoPicture) {
   expectRefused("format", [](AnimateOptions& o) { o.output = outputFile("refused.mp4"); });
   expectRefused("morph to nothing", [](AnimateOptions& o) { o.kind = AnimationKind::morph; });
   expectRefused("sweep to something", [](AnimateOptions& o) { o.to = "checkmarkPath"; });
+  expectRefused("no output", [](AnimateOptions& o) { o.output = ""; });
+  expectRefused("a sweep's colour", [](AnimateOptions& o) { o.kindOptions = {"--color"}; });
   expectRefused("no frame", [](AnimateOptions& o) { o.duration = 0.05; });
   expectRefused("too many frames", [](AnimateOptions& o) { o.duration = 600; });
   expectRefused("too large", [](AnimateOptions& o) { o.scale = 1000; });
   EXPECT_THROW(animationKindFrom("spin"), UsageError);
+  AnimateOptions clear = optionsFor(outputFile("refused.png"));
+  clear.kind = AnimationKind::stroke;
+  clear.color = UIColor::clearColor();
+  EXPECT_THROW(run(clear), std::runtime_error);
+}
+
+// A still picture of the first frame has to show the icon, bare strokes among them.
+TEST(AnimateCommand, ShowsSomethingFirst) {
+  std::ostringstream ignored;
+  Console console{ignored, ignored};
+  for (const char* name : {"heartPath", "chatActionBarCloseIcon"}) {
+    for (const AnimationKind kind :
+         {AnimationKind::sweep, AnimationKind::stroke, AnimationKind::morph}) {
+      AnimateOptions options = optionsFor("");
+      options.name = name;
+      options.kind = kind;
+      options.to = kind == AnimationKind::morph ? "starPath" : "";
+      const Bytes first = renderAnimation(options, console).frames.front();
+      EXPECT_LT(std::ranges::count(first, 0), 40 * 20 * 4 - 100) << name << ' ' << static_cast<int>(kind);
+    }
+  }
 }
 
 TEST(AnimationsPage, NamesTheFilesOfItsShowpieces) {

@@ -79,9 +79,13 @@ TEST(CliNumbers, AreTheShortestThatReadBack) {
   EXPECT_EQ(textOf(9.05), "9.05");
   EXPECT_EQ(textOf(18), "18");
   EXPECT_EQ(textOf(0.1 + 0.2), "0.30000000000000004");
-  EXPECT_EQ(textOf(-0.0), "-0.0");
+  EXPECT_EQ(textOf(-0.0), "0");
   EXPECT_EQ(textOf(1e300), "1e+300");
   EXPECT_EQ(textOf(0.0 / 0.0), "null");
+  EXPECT_EQ(tidyTextOf(0.1 + 0.2, 18), "0.3");
+  EXPECT_EQ(tidyTextOf(-1e-13, 24), "0");
+  EXPECT_EQ(tidyTextOf(1e-13, 1e-3), "1e-13");
+  EXPECT_EQ(tidyTextOf(-1e300, 1e300), "-1e+300");
 }
 
 }  // namespace

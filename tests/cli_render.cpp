@@ -176,12 +176,46 @@ TEST(CliRender, SaysWhatCannotBeWrittenOrDrawn) {
   EXPECT_NE(full.err.find("cannot write"), std::string::npos) << full.err;
 }
 
-TEST(CliRender, WarnsOfAnEmptyImage) {
-  const auto file = (cli_test::freshFolder("empty") / "x.png").string();
-  const Outcome empty = run({"render", "chatActionBarCloseIcon", "-o", file});
-  EXPECT_EQ(empty.status, 0);
-  EXPECT_NE(empty.err.find("--stroke"), std::string::npos) << empty.err;
-  EXPECT_EQ(run({"render", "chatActionBarCloseIcon", "-o", file, "--stroke", "red:2"}).err, "");
+// Two crossing lines of 12 × 12 with a pen 2 wide fill 14 × 14: four times that at 56.
+TEST(CliRender, DrawsBareStrokesWithTheirOwnPen) {
+  const auto file = cli_test::freshFolder("strokes") / "x.rgba";
+  IconAttributes attributes = plain();
+  attributes.size = {56, 56};
+  attributes.stroke = IconStroke(red, 8);
+  const auto draw = [&](std::vector<std::string> options) {
+    options.insert(options.begin(), {"render", "chatActionBarCloseIcon", "-o", file.string()});
+    options.insert(options.end(), {"--size", "56"});
+    const Outcome result = run(options);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.status, 0);
+    return readFile(file);
+  };
+  const std::string expected = pixelsOf(UIBezierPath::chatActionBarCloseIcon(), attributes);
+  EXPECT_TRUE(draw({"--fill", "red"}) == expected);
+  const std::string gradient = draw({"--gradient", "red,red"});
+  ASSERT_EQ(gradient.size(), expected.size());
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    ASSERT_NEAR(static_cast<unsigned char>(gradient[i]), static_cast<unsigned char>(expected[i]),
+                2);
+  }
+  // The same pen under a ring of 6 on either side, on the program's own ground.
+  const std::string ring = draw({"--border", "blue:6", "--background", "lime", "--fill", "red"});
+  const auto pixel = [&](std::size_t x, std::size_t y) { return ring.substr((y * 56 + x) * 4, 4); };
+  EXPECT_EQ(pixel(28, 28), std::string("\xff\0\0\xff", 4));
+  EXPECT_EQ(pixel(4, 4), std::string("\0\0\xff\xff", 4));
+  EXPECT_EQ(pixel(28, 1), std::string("\0\xff\0\xff", 4));
+}
+
+// The library's opaque canvas begins black, which would show as a frame around the ring.
+TEST(CliRender, LaysTheGroundUnderTheRing) {
+  const auto file = cli_test::freshFolder("ring") / "disc.rgba";
+  ASSERT_EQ(run({"render", "circlePath", "-o", file.string(), "--size", "40", "--border", "blue:3",
+                 "--background", "white"})
+                .status,
+            0);
+  const std::string pixels = readFile(file);
+  EXPECT_EQ(pixels.substr(0, 4), "\xff\xff\xff\xff");
+  EXPECT_EQ(pixels.substr((20 * 40 + 1) * 4, 4), std::string("\0\0\xff\xff", 4));
 }
 
 // A premultiplied channel c under alpha a stands for the straight value c × 255 ÷ a.

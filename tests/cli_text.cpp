@@ -14,6 +14,7 @@
 #include <glyphwright/paths/registry.h>
 
 #include "cli_program.h"
+#include "tools/bare_strokes.h"
 #include "tools/path_text.h"
 
 namespace glyphwright {
@@ -150,6 +151,8 @@ TEST(CliUsage, AnswersMistakesWithStatusTwoAndAHint) {
            Row{{"path", "chekmark"}, "checkmarkPath"},
            Row{{"path", "App.Shapes.Check.checkmark"}, "App.Shapes.Checks.checkmark"},
            Row{{"path", "129"}, "0 to 128"},
+           Row{{"path", "07"}, "without leading zeros, so 7"},
+           Row{{"render", "xPath", "-o", "x.svg", "--stroke", "red:64"}, "--stroke"},
            Row{{"path", "xPath", "--json", "--svg"}, "excludes"},
            Row{{"path", "xPath", "heartPath"}, "heartPath"},
            Row{{"render", "xPath"}, "--output"},

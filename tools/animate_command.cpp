@@ -1,5 +1,6 @@
 #include "animate_command.h"
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <stdexcept>
@@ -26,11 +27,37 @@ enum class Format : std::uint8_t { png, gif, folder };
 
 Format formatOfAnimation(const AnimateOptions& options) {
   const std::string_view output = options.output;
-  if (output == "-" || output.ends_with(".png")) return Format::png;
+  if (output.empty()) throw UsageError("--output is empty: name a file or a folder");
+  if (output == "-" || output.ends_with(".png") || output.ends_with(".apng")) return Format::png;
   if (output.ends_with(".gif")) return Format::gif;
   if (!std::filesystem::path(output).has_extension()) return Format::folder;
   throw UsageError("\"" + options.output +
-                   "\" does not end in .png or .gif, and a folder's name has no ending");
+                   "\" does not end in .png, .apng or .gif, and a folder's name has no ending");
+}
+
+/// What each kind has a use for, of the options that not all share.
+void checkKindOptions(const AnimateOptions& options) {
+  constexpr std::string_view names[] = {"sweep", "stroke", "morph"};
+  const std::string_view kind = names[static_cast<std::size_t>(options.kind)];
+  const std::string_view colorOption =
+      options.kind == AnimationKind::sweep ? "--gradient" : "--color";
+  for (const std::string& option : options.kindOptions) {
+    if (option != colorOption) {
+      throw UsageError(option + " means nothing to --kind " + std::string(kind) + ", which takes " +
+                       std::string(colorOption));
+    }
+  }
+  if (options.kind == AnimationKind::morph) {
+    if (options.to.empty()) throw UsageError("--to is missing: a morph needs the other icon");
+  } else if (!options.to.empty()) {
+    throw UsageError("--to names the other icon of --kind morph, and of that alone");
+  }
+}
+
+bool isClear(const AnimatedPicture& picture) {
+  return std::ranges::all_of(picture.frames, [](const std::vector<std::uint8_t>& frame) {
+    return std::ranges::all_of(frame, [](std::uint8_t byte) { return byte == 0; });
+  });
 }
 
 std::size_t frameCount(const AnimateOptions& options) {
@@ -117,13 +144,12 @@ AnimationKind animationKindFrom(const std::string& text) {
 
 int runAnimate(const AnimateOptions& options, Console& console) {
   const Format format = formatOfAnimation(options);
-  if ((options.kind == AnimationKind::morph) == options.to.empty()) {
-    throw UsageError("--to names the other icon of --kind morph, and of that alone");
-  }
+  checkKindOptions(options);
   if (options.output == "-" && console.outIsTerminal) {
     throw UsageError("standard output is a terminal: send the animation to a file or a pipe");
   }
   const AnimatedPicture picture = renderAnimation(options, console);
+  if (isClear(picture)) throw std::runtime_error("nothing to see: every frame would be clear");
   switch (format) {
     case Format::png:
       writeOutput(options.output, encodeAnimatedPng(picture), console);

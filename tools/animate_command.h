@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <glyphwright/rendering/icon_attributes.h>
 
@@ -24,7 +25,8 @@ struct AnimateOptions {
   /// The other icon of a morph.
   std::string to;
   AnimationKind kind = AnimationKind::sweep;
-  /// A file ending in .png or .gif, a folder for a file a frame, or "-" for PNG on standard output.
+  /// A file ending in .png, .apng or .gif, a folder for a file a frame, or "-" for PNG on standard
+  /// output.
   std::string output;
   double framesPerSecond = 20;
   double duration = 2;  // seconds
@@ -33,6 +35,8 @@ struct AnimateOptions {
   UIColor color = UIColor::blackColor();
   IconGradient gradient;
   std::optional<UIColor> background;
+  /// Options that were given and that some kinds have no use for, as the user wrote them.
+  std::vector<std::string> kindOptions;
 };
 
 /// The frames of an animation that starts over without a jump. Throws UsageError for unknown names
@@ -43,7 +47,8 @@ AnimatedPicture renderAnimation(const AnimateOptions& options, Console& console)
 AnimationKind animationKindFrom(const std::string& text);
 
 /// Renders an animation to a file or a folder. Throws UsageError as renderAnimation does, for an
-/// output of no known kind, and for a morph without, or something else with, a second icon.
+/// output of no known kind, for options that the kind has no use for and for a morph without a
+/// second icon; std::runtime_error when all frames are clear.
 int runAnimate(const AnimateOptions& options, Console& console);
 
 }  // namespace glyphwright::cli

@@ -57,8 +57,8 @@ std::vector<Showpiece> showpieces() {
   std::vector<Showpiece> pieces{
       piece(sweep, "heartPath", "", "a gradient sweeping through a heart", 0),
       piece(sweep, "cloud", "", "a gradient sweeping through a cloud", 0),
-      piece(stroke, "starPath", "", "a star being drawn", 0.5),
-      piece(stroke, "schoolOutlineIconPath", "", "an outline being drawn", 0.5),
+      piece(stroke, "starPath", "", "a star being drawn", 0),
+      piece(stroke, "schoolOutlineIconPath", "", "an outline being drawn", 0),
       piece(morph, "heartPath", "checkmarkPath", "a heart turning into a tick", 0.3),
       piece(morph, "playPath", "stopPath", "play turning into stop", 0.3),
       piece(morph, "peopleBadge", "heartPath", "a badge turning into a heart", 0.3),

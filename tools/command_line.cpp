@@ -164,10 +164,17 @@ void addAnimate(CLI::App& program, std::optional<Command>& command) {
   const auto store = [options](auto AnimateOptions::*field) {
     return [options, field](auto value) { (*options).*field = std::move(value); };
   };
+  const auto storeNoted = [options, store](const char* name, auto AnimateOptions::*field) {
+    return [options, name, keep = store(field)](auto value) {
+      keep(std::move(value));
+      options->kindOptions.emplace_back(name);
+    };
+  };
   app->add_option("NAME", options->name, nameHelp)->required()->type_name("");
-  app->add_option("-o,--output", options->output,
-                  "output ending in .png (animated) or .gif, or a folder for a file a frame; - is "
-                  "PNG on standard output")
+  app->add_option(
+         "-o,--output", options->output,
+         "output ending in .png or .apng (animated) or .gif, or a folder for a file a frame; - is "
+         "PNG on standard output")
       ->required()
       ->type_name("FILE");
   addParsed(*app, "--kind", "KIND", animationKindFrom, store(&AnimateOptions::kind),
@@ -184,10 +191,11 @@ void addAnimate(CLI::App& program, std::optional<Command>& command) {
             "size of the picture in points, 96 unless given; the icon fits into it");
   addParsed(*app, "--scale", "S", scaleFrom, store(&AnimateOptions::scale),
             "pixels per point, 1 unless given");
-  addParsed(*app, "--color", "C", colorFrom, store(&AnimateOptions::color),
+  addParsed(*app, "--color", "C", colorFrom, storeNoted("--color", &AnimateOptions::color),
             "colour of a stroke or a morph, black unless given");
   addParsed(*app, "--gradient", "C,C[,C...][:DIRECTION]", gradientFrom,
-            store(&AnimateOptions::gradient), "colours and direction of a sweep");
+            storeNoted("--gradient", &AnimateOptions::gradient),
+            "colours and direction of a sweep");
   addParsed(*app, "--background", "C", colorFrom, store(&AnimateOptions::background),
             "colour behind the icon");
   app->footer(

@@ -19,6 +19,12 @@ bool isNumber(std::string_view text) {
 
 std::string unknownName(const std::string& name) {
   if (isNumber(name)) {
+    const std::size_t digits = std::min(name.find_first_not_of('0'), name.size() - 1);
+    if (digits > 0 && resolveIcon(name.substr(digits))) {
+      return "\"" + name +
+             "\" is no number of an icon: integer types are written without leading " +
+             "zeros, so " + name.substr(digits);
+    }
     return "no icon has the number " + name + ": integer types run from 0 to " +
            std::to_string(iconTypes.size() - 1);
   }

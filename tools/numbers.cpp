@@ -1,5 +1,6 @@
 #include "numbers.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -7,11 +8,24 @@ namespace glyphwright::cli {
 
 std::string textOf(double value) {
   if (!std::isfinite(value)) return "null";
-  // A plain "-0" reads back as the integer 0.
-  if (value == 0) return std::signbit(value) ? "-0.0" : "0";
+  if (value == 0) return "0";
   char buffer[32];
   const auto end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
   return {buffer, end};
+}
+
+std::string tidyTextOf(double value, double frame) {
+  constexpr int digitsOfFrame = 12;
+  constexpr double largest = 1e15;
+  if (!(std::fabs(value) < largest) || !(frame > 0) || !(frame < largest)) return textOf(value);
+  const int decimals =
+      std::clamp(digitsOfFrame - static_cast<int>(std::floor(std::log10(frame))), 0, 30);
+  char buffer[64];
+  const auto end =
+      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, decimals).ptr;
+  double rounded = 0;
+  std::from_chars(buffer, end, rounded);
+  return textOf(rounded);
 }
 
 std::optional<double> numberOf(std::string_view text) {

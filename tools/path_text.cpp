@@ -1,8 +1,9 @@
 #include "path_text.h"
 
-#include <cmath>
+#include <algorithm>
 #include <span>
 
+#include "bare_strokes.h"
 #include "numbers.h"
 
 namespace glyphwright::cli {
@@ -32,11 +33,6 @@ void forEachElement(const CGPath& path, Use use) {
     use(verb, points.first(count));
     points = points.subspan(count);
   }
-}
-
-/// A length that was computed: without the noise of binary fractions.
-std::string tidy(double value) {
-  return textOf(std::round(value * 1e6) / 1e6);
 }
 
 std::string quoted(std::string_view text) {
@@ -71,39 +67,19 @@ std::string pathJson(std::string_view name, const UIBezierPath& path) {
 }
 
 std::string svgPathData(const CGPath& path) {
+  const CGSize size = path.boundingBox().size;
+  const double frame = std::max(size.width, size.height);
   std::string data;
   forEachElement(path, [&](PathVerb verb, std::span<const CGPoint> points) {
     data += letterOf(verb);
     std::string_view separator;
     for (const CGPoint& point : points) {
-      data.append(separator).append(textOf(point.x)).append(" ").append(textOf(point.y));
+      data.append(separator).append(tidyTextOf(point.x, frame)).append(" ");
+      data += tidyTextOf(point.y, frame);
       separator = " ";
     }
   });
   return data;
-}
-
-bool isBareStrokes(const CGPath& path) {
-  // Twice the area within each outline's control polygon, without regard to its direction.
-  double area = 0;
-  double outline = 0;
-  CGPoint start;
-  CGPoint last;
-  const auto advance = [&](CGPoint point) {
-    outline += (last.x - start.x) * (point.y - start.y) - (point.x - start.x) * (last.y - start.y);
-    last = point;
-  };
-  forEachElement(path, [&](PathVerb verb, std::span<const CGPoint> points) {
-    if (verb == PathVerb::move) {
-      area += std::fabs(outline);
-      outline = 0;
-      start = last = points[0];
-    } else {
-      for (const CGPoint& point : points) advance(point);
-    }
-  });
-  area += std::fabs(outline);
-  return !path.isEmpty() && area < 1e-9;
 }
 
 std::string svgElement(const UIBezierPath& path, const SvgStyle& style) {
@@ -112,6 +88,8 @@ std::string svgElement(const UIBezierPath& path, const SvgStyle& style) {
   const double width = style.stroke.empty() && bare ? path.lineWidth() : style.strokeWidth;
   const double margin = stroke.empty() ? 0 : width / 2;
   const CGRect box = CGRectInset(path.bounds(), -margin, -margin);
+  const double frame = std::max(box.size.width, box.size.height);
+  const auto tidy = [frame](double value) { return tidyTextOf(value, frame); };
   std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\"" +
                     attribute("viewBox", tidy(box.origin.x) + ' ' + tidy(box.origin.y) + ' ' +
                                              tidy(box.size.width) + ' ' + tidy(box.size.height)) +

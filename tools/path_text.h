@@ -10,12 +10,8 @@ namespace glyphwright::cli {
 /// The path as a JSON object: name, bounds, fill rule, stroke attributes and elements.
 std::string pathJson(std::string_view name, const UIBezierPath& path);
 
-/// The elements as the value of an SVG path's `d` attribute.
+/// The elements as the value of an SVG path's `d` attribute, in numbers for pictures (tidyTextOf).
 std::string svgPathData(const CGPath& path);
-
-/// Whether a fill of the path paints nothing, because its outlines enclose nothing: a drawing of
-/// bare strokes.
-bool isBareStrokes(const CGPath& path);
 
 /// How a path is shown in a document.
 struct SvgStyle {

@@ -8,6 +8,7 @@
 #include <glyphwright/platform/image.h>
 #include <glyphwright/platform/vantel_kit.h>
 
+#include "icon_image.h"
 #include "icon_names.h"
 #include "image_output.h"
 #include "numbers.h"
@@ -58,12 +59,8 @@ std::string opacityAttribute(std::string_view name, const UIColor& color) {
 /// that the stroke leaves.
 double pointInPathUnits(const UIBezierPath& path, CGSize size, double strokeWidth) {
   const CGSize bounds = path.bounds().size;
-  const double unit = std::max(bounds.width / (size.width - strokeWidth),
-                               bounds.height / (size.height - strokeWidth));
-  if (strokeWidth >= std::min(size.width, size.height)) {
-    throw UsageError("the stroke is wider than the image");
-  }
-  return unit;
+  return std::max(bounds.width / (size.width - strokeWidth),
+                  bounds.height / (size.height - strokeWidth));
 }
 
 std::string svgDocument(const UIBezierPath& path, const IconAttributes& attributes) {
@@ -81,11 +78,7 @@ std::string svgDocument(const UIBezierPath& path, const IconAttributes& attribut
   return svgElement(path, style) + '\n';
 }
 
-bool isEmptyPicture(const UIImage& image) {
-  return std::ranges::all_of(image.cgImage().rgba(), [](std::uint8_t byte) { return byte == 0; });
-}
-
-void render(const Job& job, const RenderOptions& options, Console& console, Progress& progress) {
+void render(const Job& job, const RenderOptions& options, Console& console) {
   if (job.icon->icon.builder == nullptr) {
     throw std::runtime_error(job.icon->name + " has no drawing");
   }
@@ -96,19 +89,18 @@ void render(const Job& job, const RenderOptions& options, Console& console, Prog
     return;
   }
   VantelKit::Screen::setScale(job.scale);
-  const UIImage image = path.makeImage(attributes);
-  if (image.hasPixels() && isBareStrokes(path.cgPath()) && isEmptyPicture(image)) {
-    progress.clear();
-    console.err << "glyphwright: " << job.icon->name
-                << " is drawn with strokes alone: without --stroke its image is empty\n";
-  }
-  writeImage(image, job.icon->name, job.file, options.format, console);
+  writeImage(imageOf(path, attributes), job.icon->name, job.file, options.format, console);
 }
 
 void checkFormat(const RenderOptions& options, std::size_t jobCount, const Console& console) {
   if (options.format == OutputFormat::svg && !options.paint.pixelOptions.empty()) {
     throw UsageError("an SVG holds the outline with its fill and stroke; " +
                      options.paint.pixelOptions.front() + " cannot go into it");
+  }
+  const IconAttributes& attributes = options.paint.attributes;
+  if (options.format == OutputFormat::svg && attributes.stroke &&
+      attributes.stroke->width >= std::min(attributes.size.width, attributes.size.height)) {
+    throw UsageError("--stroke is as wide as the image or wider: nothing of the outline is left");
   }
   if (options.output == "-" && jobCount > 1) {
     throw UsageError("only one image can go to standard output");
@@ -134,7 +126,7 @@ int runRender(const RenderOptions& options, Console& console) {
   for (const Job& job : jobs) {
     progress.step();
     try {
-      render(job, options, console, progress);
+      render(job, options, console);
     } catch (const std::runtime_error& error) {
       progress.clear();
       console.err << "glyphwright: " << error.what() << '\n';

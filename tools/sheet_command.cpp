@@ -9,10 +9,10 @@
 #include <glyphwright/platform/image.h>
 #include <glyphwright/platform/vantel_kit.h>
 
+#include "icon_image.h"
 #include "icon_names.h"
 #include "image_output.h"
 #include "label_font.h"
-#include "path_text.h"
 #include "pixel_sheet.h"
 #include "png.h"
 #include "usage_error.h"
@@ -93,23 +93,14 @@ UIColor labelColorOn(const UIColor& ground) {
   return UIColor::colorWithWhite(dark ? 0.75 : 0.35, 1);
 }
 
-UIImage imageOf(const UIBezierPath& path, IconAttributes attributes) {
-  attributes.backgroundColor = UIColor::clearColor();
-  const bool strokeIsClear = attributes.stroke && attributes.stroke->color.alpha() == 0;
-  if (strokeIsClear && isBareStrokes(path.cgPath())) {
-    // A drawing of bare strokes would not be seen: a stroke as heavy as the other icons' bars.
-    const CGFloat weight = std::min(attributes.size.width, attributes.size.height) / 12;
-    attributes.stroke = IconStroke(attributes.fillColor, weight);
-  }
-  return path.makeImage(attributes);
-}
-
 void put(PixelSheet& sheet, const Layout& layout, std::size_t index, const NamedIcon& icon,
          const SheetOptions& options) {
   const std::size_t left = layout.gap / 2 + index % layout.columns * layout.cellWidth;
   const std::size_t top = layout.gap + index / layout.columns * layout.cellHeight;
   if (icon.icon.builder != nullptr) {
-    const UIImage image = imageOf(icon.icon.builder(), options.paint.attributes);
+    IconAttributes attributes = options.paint.attributes;
+    attributes.backgroundColor = UIColor::clearColor();  // the sheet's ground lies below
+    const UIImage image = imageOf(icon.icon.builder(), attributes);
     const std::size_t free = layout.cellWidth - layout.iconWidth;
     sheet.draw(image.cgImage(), left + free / 2, top);
   }

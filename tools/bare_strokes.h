@@ -1,0 +1,18 @@
+#pragma once
+
+#include <glyphwright/bezier_path.h>
+
+namespace glyphwright::cli {
+
+// A drawing of bare strokes encloses nothing: a fill of it paints nothing. It is drawn with the pen
+// that it brings along, wherever nobody asks for another.
+
+/// Whether a fill of the path paints nothing, because its outlines enclose nothing.
+bool isBareStrokes(const CGPath& path);
+
+/// The width of the path's own pen, in points, when the path is scaled so that it and the pen's
+/// width around it just fit into `room` (in points). A side of the path without an extent takes no
+/// part; 0 for a path without any.
+CGFloat ownPenWidth(const UIBezierPath& path, CGSize room);
+
+}  // namespace glyphwright::cli

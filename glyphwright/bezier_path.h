@@ -21,6 +21,7 @@ class UIImage;
 class VNTLGradientShapeLayer;
 enum class VNTLIconType : std::int64_t;
 struct IconAttributes;
+struct PixelBuffer;
 
 /// A path together with how it is to be painted: the fill rule and the stroke attributes. A value;
 /// copies are independent. Coordinates are points, y down.
@@ -154,6 +155,15 @@ class UIBezierPath {
                                const UIColor& withOutLineColor, CALayer* backgroundLayer = nullptr);
   /// Moves the path to the origin and renders it as `attributes` say, at the screen scale.
   UIImage makeImage(const IconAttributes& attributes) const;
+  /// The same in the memory of an image that is no longer needed, as long as nobody else holds a
+  /// copy of it, the library drew it and it has at least as many pixels; otherwise in new memory:
+  ///
+  ///     image = path.makeImage(look, std::move(image));
+  UIImage makeImage(const IconAttributes& attributes, UIImage&& reused) const;
+  /// The same in the caller's memory, at `scale` pixels per point (0: the main screen's). False,
+  /// and nothing written, unless the buffer is usable and has as many pixels as the image: size ×
+  /// scale, rounded up.
+  bool drawImage(const IconAttributes& attributes, CGFloat scale, const PixelBuffer& into) const;
   /// `newImage(with:attributes:)` an icon by its case, rendered as makeImage does.
   static UIImage newImage(const Pathable& with, const IconAttributes& attributes);
   static UIImage newImage(Icons with, const IconAttributes& attributes);

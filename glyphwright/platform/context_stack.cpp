@@ -36,9 +36,26 @@ raster::PixelRect pixelBounds(CGSize size, CGFloat scale) {
   return {0, 0, w, h};
 }
 
-CGContext makeContext(CGSize size, bool opaque, CGFloat scale) {
-  const CGFloat pixelsPerPoint = scale == 0 ? screen::scale() : scale;
-  return {pixelBounds(size, pixelsPerPoint), size, pixelsPerPoint, opaque};
+CGFloat pixelsPerPoint(CGFloat scale) {
+  return scale == 0 ? screen::scale() : scale;
+}
+
+CGContext makeContext(CGSize size, bool opaque, CGFloat scale,
+                      const raster::PixelMemory& memory = {}) {
+  scale = pixelsPerPoint(scale);
+  return {pixelBounds(size, scale), size, scale, opaque, memory};
+}
+
+CGContext makeContext(CGSize size, bool opaque, CGFloat scale, const PixelBuffer& into) {
+  scale = pixelsPerPoint(scale);
+  const raster::PixelRect bounds = pixelBounds(size, scale);
+  const bool fits = static_cast<std::size_t>(bounds.width()) == into.width &&
+                    static_cast<std::size_t>(bounds.height()) == into.height;
+  return {fits ? bounds : raster::PixelRect{},
+          size,
+          scale,
+          opaque,
+          {nullptr, into.pixels, into.stride()}};
 }
 
 UIImage snapshot(CGContext& context) {
@@ -46,10 +63,8 @@ UIImage snapshot(CGContext& context) {
     const auto side = [](CGFloat v) { return v > 0 ? v : 0; };
     return UIImage(CGImage(), context.scale, {side(context.size.width), side(context.size.height)});
   }
-  return UIImage(
-      CGImage(static_cast<std::size_t>(context.bounds.width()),
-              static_cast<std::size_t>(context.bounds.height()), context.baseCanvas().share()),
-      context.scale, context.size);
+  return UIImage(contexts::ImageMemory::drawn(context.bounds, context.baseCanvas().share()),
+                 context.scale, context.size);
 }
 
 }  // namespace
@@ -83,8 +98,38 @@ CGContextRef UIGraphicsGetCurrentContext() {
 
 namespace contexts {
 
-Scope::Scope(CGSize size, bool opaque, CGFloat scale, bool endable)
-    : context_(makeContext(size, opaque, scale)), depth_(stack().size()) {
+raster::PixelMemory ImageMemory::leftBy(UIImage&& image, CGSize size, CGFloat scale) {
+  if (!image.hasPixels()) return {};
+  const CGImage cgImage = image.cgImage();
+  image = UIImage();
+  const raster::PixelRect bounds = pixelBounds(size, pixelsPerPoint(scale));
+  const std::size_t bytes =
+      static_cast<std::size_t>(bounds.width()) * static_cast<std::size_t>(bounds.height()) * 4;
+  if (!cgImage.isDrawn_ || cgImage.pixels_.use_count() != 1 || cgImage.rgba().size() < bytes) {
+    return {};
+  }
+  // Letting go of a second hold makes this thread see all that others did before they let go of
+  // theirs; only asking for the count does not.
+  std::shared_ptr<const std::uint8_t[]>(cgImage.pixels_).reset();
+  return {std::const_pointer_cast<std::uint8_t[]>(cgImage.pixels_), nullptr, 0};
+}
+
+CGImage ImageMemory::drawn(const raster::PixelRect& bounds,
+                           std::shared_ptr<const std::uint8_t[]> rgba) {
+  CGImage image(static_cast<std::size_t>(bounds.width()), static_cast<std::size_t>(bounds.height()),
+                std::move(rgba));
+  image.isDrawn_ = true;
+  return image;
+}
+
+Scope::Scope(CGSize size, bool opaque, CGFloat scale, bool endable,
+             const raster::PixelMemory& memory)
+    : context_(makeContext(size, opaque, scale, memory)), depth_(stack().size()) {
+  stack().push_back({&context_, endable, nullptr});
+}
+
+Scope::Scope(CGSize size, bool opaque, CGFloat scale, bool endable, const PixelBuffer& into)
+    : context_(makeContext(size, opaque, scale, into)), depth_(stack().size()) {
   stack().push_back({&context_, endable, nullptr});
 }
 
@@ -97,6 +142,15 @@ Scope::~Scope() {
 
 UIImage Scope::image() {
   return snapshot(context_);
+}
+
+void Scope::finish(const PixelBuffer& into) {
+  raster::Canvas& canvas = context_.baseCanvas();
+  canvas.materialize();
+  if (into.format == PixelFormat::premultipliedRGBA) return;
+  for (int y = context_.bounds.y0; y < context_.bounds.y1; ++y) {
+    convertPixels(canvas.rowAt(y), canvas.rowAt(y), into.width, into.format);
+  }
 }
 
 }  // namespace contexts

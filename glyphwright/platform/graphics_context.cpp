@@ -110,12 +110,12 @@ const Mask& ClipNode::mask(Scratch& scratch) const {
 }
 
 CGContext::CGContext(const PixelRect& pixelBounds, CGSize pointSize, CGFloat pixelsPerPoint,
-                     bool isOpaque)
+                     bool isOpaque, const raster::PixelMemory& memory)
     : bounds(pixelBounds), size(pointSize), scale(pixelsPerPoint), opaque(isOpaque) {
   state.ctm = CGAffineTransformMakeScale(scale, scale);
   state.clip.bounds = bounds;
   if (isDrawable()) {
-    base_.emplace(bounds, raster::solidColor(0, 0, 0, opaque ? 1 : 0));
+    base_.emplace(bounds, raster::solidColor(0, 0, 0, opaque ? 1 : 0), memory);
   }
 }
 

@@ -11,7 +11,8 @@ namespace glyphwright {
 /// The object behind a CGContextRef.
 struct CGContext {
   /// `pixelBounds` empty: drawing is ignored.
-  CGContext(const raster::PixelRect& pixelBounds, CGSize size, CGFloat scale, bool opaque);
+  CGContext(const raster::PixelRect& pixelBounds, CGSize size, CGFloat scale, bool opaque,
+            const raster::PixelMemory& memory = {});
 
   bool isDrawable() const { return !bounds.isEmpty(); }
   /// Where drawing goes now: the innermost open group, or the bitmap.

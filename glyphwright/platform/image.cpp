@@ -17,6 +17,21 @@ CGImage::CGImage(std::size_t pixelWidth, std::size_t pixelHeight,
   height_ = pixelHeight;
 }
 
+bool CGImage::copyPixels(const PixelBuffer& to) const {
+  if (!*this || !to.isUsable() || to.width != width_ || to.height != height_) return false;
+  const std::size_t row = width_ * 4;
+  for (std::size_t y = 0; y < height_; ++y) {
+    convertPixels(to.pixels + y * to.stride(), pixels_.get() + y * row, width_, to.format);
+  }
+  return true;
+}
+
+std::vector<std::uint8_t> CGImage::pixels(PixelFormat format) const {
+  std::vector<std::uint8_t> copy(rgba().size());
+  copyPixels({copy.data(), width_, height_, 0, format});
+  return copy;
+}
+
 void UIImage::drawAtPoint(CGPoint point) const {
   drawInRect({point, size_});
 }

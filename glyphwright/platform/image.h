@@ -6,8 +6,11 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <utility>
+#include <vector>
 
 #include <glyphwright/platform/color.h>
+#include <glyphwright/platform/pixel_buffer.h>
 
 namespace glyphwright {
 
@@ -15,6 +18,9 @@ class NSShadow;
 struct CGContext;
 namespace VantelKit {
 struct Border;
+}
+namespace contexts {
+struct ImageMemory;
 }
 
 enum class CGBlendMode : std::uint8_t { normal };
@@ -36,10 +42,19 @@ class CGImage {
   std::span<const std::uint8_t> rgba() const { return {pixels_.get(), width_ * height_ * 4}; }
   explicit operator bool() const { return pixels_ != nullptr; }
 
+  /// Copies the pixels into the caller's memory, in its format. False, and nothing written, unless
+  /// the buffer is usable and has as many pixels a row and as many rows.
+  bool copyPixels(const PixelBuffer& to) const;
+  /// The pixels in another format, without padding; empty when there are none.
+  std::vector<std::uint8_t> pixels(PixelFormat format) const;
+
  private:
+  friend struct contexts::ImageMemory;
+
   std::shared_ptr<const std::uint8_t[]> pixels_;
   std::size_t width_ = 0;
   std::size_t height_ = 0;
+  bool isDrawn_ = false;  // by a context, whose memory it is
 };
 
 /// An image: pixels with a size in points and a scale in pixels per point. A value; copies share

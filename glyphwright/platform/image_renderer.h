@@ -41,6 +41,15 @@ class UIGraphicsImageRenderer {
   /// runs them on a context that ignores drawing and gives an image without pixels (negative or
   /// NaN sides read as 0).
   UIImage image(const Actions& actions) const;
+  /// The same in the memory of an image that is no longer needed, as long as nobody else holds a
+  /// copy of it, the library drew it and it has at least as many pixels; otherwise in new memory.
+  /// Fresh memory costs more than most drawings: a loop that draws one picture after the other of
+  /// the same size gives each the one before.
+  UIImage image(UIImage&& reused, const Actions& actions) const;
+  /// The same in the caller's memory. False, and nothing run or written, unless the buffer is
+  /// usable and has as many pixels as the size takes at the format's scale: width × scale and
+  /// height × scale, rounded up.
+  bool draw(const PixelBuffer& into, const Actions& actions) const;
 
  private:
   CGSize size_;

@@ -9,7 +9,6 @@
 #include <glyphwright/platform/context_stack.h>
 #include <glyphwright/platform/gradient.h>
 #include <glyphwright/platform/graphics_context.h>
-#include <glyphwright/platform/screen.h>
 #include <glyphwright/rendering/fitting.h>
 #include <glyphwright/rendering/shadows.h>
 
@@ -161,10 +160,8 @@ void fitAndPaint(CGContextRef context, const UIBezierPath& path, Placement place
   paintShape(context, fitted, CGAffineTransformIdentity, paint);
 }
 
-UIImage paintPlain(const UIBezierPath& path, Placement placement, const IconPaint& paint) {
-  contexts::Scope scope(paint.size, isOpaque(paint.background), screen::scale(), true);
-  if (!scope.isDrawable()) return scope.image();
-  CGContextRef context = scope.context();
+void paintPlain(CGContextRef context, const UIBezierPath& path, Placement placement,
+                const IconPaint& paint) {
   if (paint.background && !isClear(paint.background)) {
     CGContextSaveGState(context);
     CGContextSetFillColor(context, *paint.background);
@@ -172,38 +169,61 @@ UIImage paintPlain(const UIBezierPath& path, Placement placement, const IconPain
     CGContextRestoreGState(context);
   }
   if (!path.isEmpty()) fitAndPaint(context, path, placement, paint);
-  if (!paint.dropShadow || paint.shadowTime == IconPaint::ShadowTime::inPass) return scope.image();
-  return redrawWithShadow(scope.image(), paint.dropShadow->offset, paint.dropShadow->blur,
-                          paint.dropShadow->color);
 }
 
-UIImage paintWithBorder(const UIBezierPath& path, Placement placement, const IconPaint& paint) {
-  const CGFloat width = static_cast<CGFloat>(paint.border.width);
-  contexts::Scope scope(paint.size, isOpaque(paint.background), screen::scale(), true);
-  if (!scope.isDrawable()) return scope.image();
+// The finished image, with the shadow where that falls on everything.
+UIImage imageOf(contexts::Scope& scope, const IconPaint& paint) {
+  const std::optional<DropShadow>& shadow = paint.dropShadow;
+  if (!shadow || paint.shadowTime == IconPaint::ShadowTime::inPass) return scope.image();
+  return redrawWithShadow(scope.image(), shadow->offset, shadow->blur, shadow->color);
+}
 
+void paintWithBorder(CGContextRef context, const UIBezierPath& path, Placement placement,
+                     const IconPaint& paint) {
+  const CGFloat width = static_cast<CGFloat>(paint.border.width);
   IconPaint outer;
   outer.size = paint.size;
   outer.fill = outer.strokeColor = &paint.border.color;
   outer.strokeWidth = paint.border.outlineWidth;
-  fitAndPaint(scope.context(), path, placement, outer);
+  fitAndPaint(context, path, placement, outer);
 
   // The inner icon, with all that belongs to it, is an image of its own: its background and shadow
   // end at its edge.
   const CGRect within = CGRectInset({CGPoint{}, paint.size}, width, width);
-  if (CGRectIsEmpty(within)) return scope.image();
+  if (CGRectIsEmpty(within)) return;
   IconPaint inner = paint;
   inner.border = {};
   inner.size = {paint.size.width - 2 * width, paint.size.height - 2 * width};
-  CGContextDrawImage(scope.context(), within, paintPlain(path, placement, inner));
-  return scope.image();
+  contexts::Scope scope(inner.size, isOpaque(inner.background), context->scale, true);
+  if (scope.isDrawable()) paintPlain(scope.context(), path, placement, inner);
+  const UIImage image = imageOf(scope, inner);
+  CGContextDrawImage(context, within, image);
 }
 
 }  // namespace
 
-UIImage paintIcon(const UIBezierPath& path, Placement placement, const IconPaint& paint) {
-  if (paint.border.width >= 1) return paintWithBorder(path, placement, paint);
-  return paintPlain(path, placement, paint);
+UIImage paintIcon(const UIBezierPath& path, Placement placement, const IconPaint& paint,
+                  UIImage&& reused) {
+  contexts::Scope scope(paint.size, isOpaque(paint.background), 0, true,
+                        contexts::ImageMemory::leftBy(std::move(reused), paint.size, 0));
+  if (!scope.isDrawable()) return scope.image();
+  if (paint.border.width >= 1) {
+    paintWithBorder(scope.context(), path, placement, paint);
+    return scope.image();
+  }
+  paintPlain(scope.context(), path, placement, paint);
+  return imageOf(scope, paint);
+}
+
+bool paintIcon(const UIBezierPath& path, Placement placement, const IconPaint& paint, CGFloat scale,
+               const PixelBuffer& into) {
+  if (!into.isUsable()) return false;
+  contexts::Scope scope(paint.size, isOpaque(paint.background), scale, true, into);
+  if (!scope.isDrawable()) return false;
+  const auto painted = paint.border.width >= 1 ? paintWithBorder : paintPlain;
+  painted(scope.context(), path, placement, paint);
+  scope.finish(into);
+  return true;
 }
 
 }  // namespace glyphwright::rendering

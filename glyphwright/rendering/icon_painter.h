@@ -60,8 +60,14 @@ struct IconPaint {
 /// Whether the path is moved to the origin before it is scaled.
 enum class Placement : std::uint8_t { asItIs, fromOrigin };
 
-/// The path painted into a new image at the screen scale. The path is scaled to the box that the
-/// stroke and the drop shadow leave, and centred.
-UIImage paintIcon(const UIBezierPath& path, Placement placement, const IconPaint& paint);
+/// The path painted into an image at the screen scale, in the memory of `reused` where that can be.
+/// The path is scaled to the box that the stroke and the drop shadow leave, and centred.
+UIImage paintIcon(const UIBezierPath& path, Placement placement, const IconPaint& paint,
+                  UIImage&& reused = {});
+/// The same in the caller's memory, at a scale in pixels per point (0: the screen scale). False,
+/// and nothing written, unless the buffer is usable and as large as the image. The drop shadow must
+/// be cast in the same pass.
+bool paintIcon(const UIBezierPath& path, Placement placement, const IconPaint& paint, CGFloat scale,
+               const PixelBuffer& into);
 
 }  // namespace glyphwright::rendering

@@ -47,6 +47,17 @@ UIImage UIBezierPath::makeImage(const IconAttributes& attributes) const {
   return paintIcon(*this, attributes);
 }
 
+UIImage UIBezierPath::makeImage(const IconAttributes& attributes, UIImage&& reused) const {
+  return rendering::paintIcon(*this, rendering::Placement::fromOrigin, paintOf(attributes),
+                              std::move(reused));
+}
+
+bool UIBezierPath::drawImage(const IconAttributes& attributes, CGFloat scale,
+                             const PixelBuffer& into) const {
+  return rendering::paintIcon(*this, rendering::Placement::fromOrigin, paintOf(attributes), scale,
+                              into);
+}
+
 UIImage UIBezierPath::newImage(const Pathable& with, const IconAttributes& attributes) {
   return paintIcon(with.path(), attributes);
 }

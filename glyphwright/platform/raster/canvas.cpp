@@ -45,11 +45,17 @@ std::shared_ptr<std::uint8_t[]> newPixels(std::size_t bytes) {
 
 }  // namespace
 
-Canvas::Canvas(const PixelRect& bounds, const SolidColor& ground)
-    : bounds_(bounds),
-      rowBytes_(static_cast<std::size_t>(bounds.width()) * 4),
-      pixels_(newPixels(rowBytes_ * static_cast<std::size_t>(bounds.height()))),
-      ground_(ground) {}
+Canvas::Canvas(const PixelRect& bounds, const SolidColor& ground, const PixelMemory& memory)
+    : bounds_(bounds), rowBytes_(static_cast<std::size_t>(bounds.width()) * 4), ground_(ground) {
+  if (memory.callers != nullptr) {
+    rowBytes_ = memory.rowBytes;
+    pixels_ = {std::shared_ptr<void>(), memory.callers};  // held by nobody
+  } else if (memory.left != nullptr) {
+    pixels_ = memory.left;
+  } else {
+    pixels_ = newPixels(rowBytes_ * static_cast<std::size_t>(bounds.height()));
+  }
+}
 
 void Canvas::setGround(const SolidColor& ground) {
   if (shared_) detach();
@@ -62,15 +68,28 @@ void Canvas::layGround(std::uint8_t* rgba, std::size_t count) const {
 }
 
 void Canvas::layRows(int from, int to) {
-  if (from < to) {
+  if (from >= to) return;
+  if (isTight()) {
     layGround(rowAt(from), static_cast<std::size_t>(to - from) * (rowBytes_ / 4));
+    return;
   }
+  const auto width = static_cast<std::size_t>(bounds_.width());
+  for (int y = from; y < to; ++y) layGround(rowAt(y), width);
 }
 
 void Canvas::layBeside(int y, int rows, const PixelRect& region) {
   const auto left = static_cast<std::size_t>(region.x0 - bounds_.x0);
   const auto right = static_cast<std::size_t>(bounds_.x1 - region.x1);
   if (left + right == 0) return;
+  if (!isTight()) {
+    std::uint8_t* row = rowAt(y);
+    const std::size_t until = static_cast<std::size_t>(region.x1 - bounds_.x0) * 4;
+    for (; rows > 0; --rows, row += rowBytes_) {
+      layGround(row, left);
+      layGround(row + until, right);
+    }
+    return;
+  }
   layGround(rowAt(y), left);
   // What is right of a row goes on to the left of the next one.
   std::uint8_t* beyond = rowAt(y + 1) - right * 4;
@@ -95,6 +114,14 @@ void Canvas::detach() {
 
 std::shared_ptr<const std::uint8_t[]> Canvas::share() {
   if (pristine_) materialize();
+  if (pixels_.use_count() == 0) {
+    const std::size_t row = static_cast<std::size_t>(bounds_.width()) * 4;
+    auto copy = newPixels(row * static_cast<std::size_t>(bounds_.height()));
+    for (int y = bounds_.y0; y < bounds_.y1; ++y) {
+      std::memcpy(copy.get() + static_cast<std::size_t>(y - bounds_.y0) * row, rowAt(y), row);
+    }
+    return copy;
+  }
   shared_ = true;
   return pixels_;
 }
@@ -150,17 +177,38 @@ bool Canvas::Painter::cells(int y, const CellRows& rows) {
   std::uint8_t* line = canvas_.rowAt(y);
   if (laysGround_) layGround(y, static_cast<int>(rows.rows));
   std::uint8_t* rgba = line + static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0) * 4;
-  const Kernels& kernels = *scratch_.kernels;
   if (byRow) {
     scratch_.rowColors.resize(rows.rows);
     paint_.source->rowColors(y, scratch_.rowColors);
+  }
+  const std::uint32_t* rowColors = byRow ? scratch_.rowColors.data() : nullptr;
+  if (canvas_.isTight()) {
+    paintCells(rgba, rows, rowColors);
+    return true;
+  }
+  CellRows one = rows;
+  one.rows = 1;
+  for (std::size_t row = 0; row < rows.rows; ++row) {
+    paintCells(rgba, one, rowColors);
+    rgba += canvas_.rowBytes_;
+    one.cells += rows.stride;
+    if (one.touched != nullptr) one.touched += rows.stride / kBlock;
+    if (rowColors != nullptr) ++rowColors;
+  }
+  return true;
+}
+
+// With a colour a row where there are any.
+void Canvas::Painter::paintCells(std::uint8_t* rgba, const CellRows& rows,
+                                 const std::uint32_t* rowColors) {
+  const Kernels& kernels = *scratch_.kernels;
+  if (rowColors != nullptr) {
     const auto paint = writes_ ? kernels.writeCellsByRow : kernels.blendCellsByRow;
-    paint(rgba, canvas_.rowBytes_, rows, scratch_.rowColors.data());
+    paint(rgba, canvas_.rowBytes_, rows, rowColors);
   } else {
     const auto paint = writes_ ? kernels.writeCells : kernels.blendCells;
     paint(rgba, canvas_.rowBytes_, rows, paint_.color);
   }
-  return true;
 }
 
 void Canvas::Painter::span(std::uint8_t* rgba, const CoverageSpan& s, const std::uint16_t* coverage,

@@ -73,12 +73,21 @@ struct Paint {
   bool isClear() const { return source == nullptr ? color.isClear() : sourceAlpha == 0; }
 };
 
+/// Where a canvas keeps its pixels; as it is, in memory of its own.
+struct PixelMemory {
+  /// What an image left, at least as large as the canvas.
+  std::shared_ptr<std::uint8_t[]> left;
+  /// Somebody else's, with these bytes from row to row.
+  std::uint8_t* callers = nullptr;
+  std::size_t rowBytes = 0;
+};
+
 /// A bitmap that is written late: while nothing has been painted it is a ground of one colour, and
 /// the first painting lays the ground and itself in one pass over memory.
 class Canvas {
  public:
   /// `bounds` are device pixels; they need not start at the origin. Throws std::bad_alloc.
-  Canvas(const PixelRect& bounds, const SolidColor& ground);
+  Canvas(const PixelRect& bounds, const SolidColor& ground, const PixelMemory& memory = {});
 
   const PixelRect& bounds() const { return bounds_; }
   /// Lays the whole canvas in one colour; nothing is written yet.
@@ -100,6 +109,7 @@ class Canvas {
    private:
     void layGround(int y, int rows) const;
     void span(std::uint8_t* rgba, const CoverageSpan& span, const std::uint16_t* coverage, int y);
+    void paintCells(std::uint8_t* rgba, const CellRows& rows, const std::uint32_t* rowColors);
     void solid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count);
 
     Canvas& canvas_;
@@ -121,6 +131,8 @@ class Canvas {
     /// The pixel at (region.x0, y), after which `rows` rows may be written.
     std::uint8_t* at(int y, int rows = 1);
     std::size_t rowBytes() const { return canvas_.rowBytes_; }
+    /// How many rows a loop that writes cells may be given at once.
+    int rowsAtOnce(int rows) const { return canvas_.isTight() ? rows : 1; }
     /// Lays the ground in the rows below the region.
     void finish();
 
@@ -135,12 +147,16 @@ class Canvas {
   std::uint8_t* rowAt(int y) {
     return pixels_.get() + static_cast<std::size_t>(y - bounds_.y0) * rowBytes_;
   }
-  /// The finished pixels, shared: drawing on afterwards copies them first.
+  /// The finished pixels without padding, shared: drawing on afterwards copies them first. Of
+  /// somebody else's memory, a copy.
   std::shared_ptr<const std::uint8_t[]> share();
 
  private:
   void detach();
   void layGround(std::uint8_t* rgba, std::size_t count) const;
+  // What follows a row is the next one. Elsewhere it is somebody else's, and a loop that is given
+  // several rows would take pixels there along and write them back: it is given one at a time.
+  bool isTight() const { return rowBytes_ == static_cast<std::size_t>(bounds_.width()) * 4; }
   void layRows(int from, int to);
   // Left and right of a region, in rows from `y` on.
   void layBeside(int y, int rows, const PixelRect& region);

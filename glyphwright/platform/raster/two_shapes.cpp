@@ -31,7 +31,7 @@ bool paintTogether(Canvas& canvas, const SolidShape& below, const SolidShape& ab
   for (int row = 0; row < area.height();) {
     if (row == lower.end()) lower.openNext();
     if (row == upper.end()) upper.openNext();
-    const int rows = std::min(lower.end(), upper.end()) - row;
+    const int rows = pixels.rowsAtOnce(std::min(lower.end(), upper.end()) - row);
     const auto cellsOf = [&](const CellBands<std::int16_t>& bands, FillRule rule) {
       return CellRows{bands.cells(row),
                       bands.stride(),

@@ -117,6 +117,25 @@ TEST(RasterStrokes, BendsTighterThanThePenLeaveNoHole) {
   EXPECT_EQ(at(image, 40, 40), kRed);
 }
 
+// What a group paints beyond the clip casts its shadow into it, however many pieces it has.
+TEST(RasterGroups, CastFromBeyondTheClip) {
+  const auto cast = [](int pieces) {
+    return painted({20, 20}, [&](CGContextRef context) {
+      CGContextFillRect(context, {12, 0, 2, 2});
+      CGContextSetShadowWithColor(context, {9, 4}, 3, UIColor(0, 0, 1, 0.5));
+      if (pieces > 1) CGContextBeginTransparencyLayer(context);
+      for (CGFloat x = -8, width = 8.0 / pieces; x < 0; x += width) {
+        CGContextFillPath(context, rectangle({x, -2, width, 12}), false);
+      }
+      CGContextEndTransparencyLayer(context);
+      CGContextFillPath(context, rectangle({-9, 14, 1, 1}), false);
+    });
+  };
+  const UIImage one = cast(1);
+  EXPECT_GT(at(one, 4, 8).alpha, 100);
+  pixels::expectSamePixels(cast(2), one);
+}
+
 TEST(RasterClips, ClipsMultiply) {
   const UIImage image = painted({8, 8}, [](CGContextRef context) {
     CGContextClipToPath(context, rectangle({0.5, 0, 4, 8}), false);

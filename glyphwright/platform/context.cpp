@@ -32,7 +32,7 @@ void fillDevicePath(CGContextRef context, FillRule rule) {
   std::swap(path, context->pendingPath);
   const Paint paint = solidPaint(context->state.fillColor, context->state.alpha);
   if (paint.isClear() || context->state.clip.bounds.isEmpty()) return;
-  context->prepareClip();
+  context->clipMask();
   context->paintShape(FilledShape(path, CGAffineTransformIdentity, rule, raster::threadScratch()),
                       paint);
 }
@@ -154,7 +154,7 @@ void CGContextFillPath(CGContextRef context, const CGPath& path, bool evenOdd) {
   context->pendingPath = {};
   const Paint paint = solidPaint(context->state.fillColor, context->state.alpha);
   if (paint.isClear() || path.isEmpty() || context->state.clip.bounds.isEmpty()) return;
-  context->prepareClip();
+  context->clipMask();
   context->paintShape(
       FilledShape(path, context->state.ctm, ruleOf(evenOdd), raster::threadScratch()), paint);
 }
@@ -164,7 +164,7 @@ void CGContextStrokePath(CGContextRef context, const CGPath& path, const StrokeS
   context->pendingPath = {};
   const Paint paint = solidPaint(context->state.strokeColor, context->state.alpha);
   if (paint.isClear() || path.isEmpty() || context->state.clip.bounds.isEmpty()) return;
-  context->prepareClip();
+  context->clipMask();
   const StrokedShape shape(path, style, context->state.ctm, context->bounds,
                            raster::threadScratch());
   context->paintShape(shape, paint);
@@ -187,9 +187,9 @@ void CGContextFillRect(CGContextRef context, const CGRect& rect) {
   const std::optional<PixelRect> area = wholePixels(rect, state.ctm, state.clip.bounds);
   if (area && !state.shadow && !state.clip.node) {
     if (area->isEmpty()) return;
-    raster::Canvas& canvas = context->canvas();
+    raster::Canvas& canvas = context->canvasFor(*area);
     const bool covers = area->covers(canvas.bounds());
-    if (covers && (paint.color.isOpaque() || (canvas.isPristine() && canvas.ground().isClear()))) {
+    if (covers && (paint.color.isOpaque() || canvas.isUntouched())) {
       canvas.setGround(paint.color);
     } else {
       context->paintArea(*area, paint, false);
@@ -198,7 +198,7 @@ void CGContextFillRect(CGContextRef context, const CGRect& rect) {
   }
   CGPath path;
   path.addRect(rect);
-  context->prepareClip();
+  context->clipMask();
   context->paintShape(FilledShape(path, state.ctm, FillRule::nonZero, raster::threadScratch()),
                       paint);
 }
@@ -257,7 +257,7 @@ void contexts::fillWithLinearGradient(CGContext& context, const CGPath& path,
   if (!source.isDrawable()) return;
   const Paint paint = sourcePaint(source, context.state.alpha);
   if (paint.isClear()) return;
-  context.prepareClip();
+  context.clipMask();
   const CGAffineTransform toDevice = CGAffineTransformConcat(placing, context.state.ctm);
   context.paintShape(FilledShape(path, toDevice, ruleOf(evenOdd), raster::threadScratch()), paint);
 }

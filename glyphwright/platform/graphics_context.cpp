@@ -97,16 +97,46 @@ FilledShape onDevice(const CGPath& path, raster::FillRule rule, Scratch& scratch
 
 }  // namespace
 
-const Mask& ClipNode::mask(Scratch& scratch) const {
-  if (mask_ == nullptr) {
-    const Mask* outer = parent_ == nullptr ? nullptr : &parent_->mask(scratch);
-    mask_ = std::make_unique<Mask>(bounds_);
-    const FilledShape shape = onDevice(path_, rule_, scratch);
-    shape.edges(bounds_, scratch);
-    MaskWriter writer(*mask_, outer, scratch);
-    raster::sweep(scratch.edges, rule_, scratch, writer);
+ClipNode::~ClipNode() {
+  std::shared_ptr<const ClipNode> next = std::move(parent_);
+  while (next != nullptr && next.use_count() == 1) next = std::move(next->parent_);
+}
+
+const Mask& ClipMasks::maskOf(const std::shared_ptr<const ClipNode>& node, Scratch& scratch) {
+  // Those that have no mask, from the innermost one out.
+  std::vector<std::shared_ptr<const ClipNode>> missing;
+  std::shared_ptr<const ClipNode> outer = node;
+  for (; outer != nullptr && outer->mask_ == nullptr; outer = outer->parent_) {
+    missing.push_back(outer);
   }
-  return *mask_;
+  for (; !missing.empty(); missing.pop_back()) {
+    const std::shared_ptr<const ClipNode>& inner = missing.back();
+    auto mask = std::make_unique<Mask>(inner->bounds_);
+    const FilledShape shape = onDevice(inner->path_, inner->rule_, scratch);
+    shape.edges(inner->bounds_, scratch);
+    MaskWriter writer(*mask, outer == nullptr ? nullptr : outer->mask_.get(), scratch);
+    raster::sweep(scratch.edges, inner->rule_, scratch, writer);
+    keep(inner, std::move(mask));
+    outer = inner;
+  }
+  return *node->mask_;
+}
+
+void ClipMasks::keep(const std::shared_ptr<const ClipNode>& node, std::unique_ptr<Mask> mask) {
+  const auto hasMask = [](const auto& clip) { return clip != nullptr && clip->mask_ != nullptr; };
+  kept_.push_back(node);
+  node->mask_ = std::move(mask);
+  keptBytes_ += node->mask_->bytes();
+  if (keptBytes_ <= kKeptBytes && kept_.size() <= kMostKept) return;
+  // Some may have gone with their clips; of the others the older ones go, until half is free.
+  std::erase_if(kept_, [&](const auto& weak) { return !hasMask(weak.lock()); });
+  keptBytes_ = 0;
+  std::size_t first = kept_.size();
+  do {
+    keptBytes_ += kept_[--first].lock()->mask_->bytes();
+  } while (first > 0 && keptBytes_ <= kKeptBytes / 2 && kept_.size() - first < kMostKept / 2);
+  for (std::size_t i = 0; i < first; ++i) kept_[i].lock()->mask_.reset();
+  kept_.erase(kept_.begin(), kept_.begin() + static_cast<std::ptrdiff_t>(first));
 }
 
 CGContext::CGContext(const PixelRect& pixelBounds, CGSize pointSize, CGFloat pixelsPerPoint,
@@ -119,10 +149,17 @@ CGContext::CGContext(const PixelRect& pixelBounds, CGSize pointSize, CGFloat pix
   }
 }
 
-Canvas& CGContext::canvas() {
+Canvas& CGContext::canvasFor(const PixelRect& region) {
   if (groups.empty()) return *base_;
   Group& group = groups.back();
-  if (!group.canvas) group.canvas.emplace(group.bounds, raster::solidColor(0, 0, 0, 0));
+  // What casts a shadow from beyond the clip is rare, and needs more pixels than what shows.
+  const PixelRect& shown = group.outer.clip.bounds;
+  const PixelRect& wanted = shown.covers(region) ? shown : group.reach;
+  if (!group.canvas) {
+    group.canvas.emplace(wanted, raster::solidColor(0, 0, 0, 0));
+  } else if (!group.canvas->bounds().covers(region)) {
+    group.canvas->growTo(wanted);
+  }
   return *group.canvas;
 }
 
@@ -137,39 +174,41 @@ PixelRect CGContext::casterArea() const {
 void CGContext::castShadow(const Mask& caster, double casterAlpha, const CasterPaint* own) {
   const ShadowState& shadow = *state.shadow;
   Scratch& scratch = raster::threadScratch();
-  const Mask* clip = state.clip.node == nullptr ? nullptr : &state.clip.node->mask(scratch);
+  const Mask* clip = clipMask();
   const int reach = raster::blurReach(shadow.blurPixels);
   const PixelRect moved{caster.bounds.x0 + shadow.dx, caster.bounds.y0 + shadow.dy,
                         caster.bounds.x1 + shadow.dx, caster.bounds.y1 + shadow.dy};
   const PixelRect area = intersection(grown(moved, reach, reach, reach, reach), state.clip.bounds);
   const Paint paint = solidPaint(shadow.color, casterAlpha);
   const bool shows = !area.isEmpty() && !paint.isClear();
-  if (shows && own != nullptr && clip == nullptr && canvas().isPristine() &&
-      canvas().ground().isClear() && raster::filtersDirectly(shadow.blurPixels)) {
-    // Both at once, over all that either touches: the shadow is nothing outside its area.
-    const PixelRect both = united(area, own->region);
-    raster::ShadowAndCasterRows rows(canvas(), both, paint.color,
+  if (!shows && own == nullptr) return;
+  // The shadow is nothing outside its area.
+  const PixelRect both = own == nullptr ? area : shows ? united(area, own->region) : own->region;
+  Canvas& canvas = canvasFor(both);
+  if (shows && own != nullptr && clip == nullptr && canvas.isUntouched() &&
+      raster::filtersDirectly(shadow.blurPixels)) {
+    raster::ShadowAndCasterRows rows(canvas, both, paint.color,
                                      {caster, own->region, own->paint.color}, scratch);
     raster::blurRows(caster, 0, shadow.blurPixels, shadow.dx, shadow.dy, both, scratch, rows);
     rows.finish();
     return;
   }
   std::optional<Canvas::Painter> shadowPainter;
-  if (shows) shadowPainter.emplace(canvas(), area, paint, clip, scratch);
+  if (shows) shadowPainter.emplace(canvas, area, paint, clip, scratch);
   const auto blurInto = [&](raster::RowSink& sink) {
     raster::blurRows(caster, 0, shadow.blurPixels, shadow.dx, shadow.dy, area, scratch, sink);
     shadowPainter->finish();
   };
   if (own == nullptr) {
-    if (shows) blurInto(*shadowPainter);
+    blurInto(*shadowPainter);
     return;
   }
-  Canvas::Painter ownPainter(canvas(), own->region, own->paint, clip, scratch);
+  Canvas::Painter ownPainter(canvas, own->region, own->paint, clip, scratch);
   const MaskRows ownRows(caster, own->region, ownPainter);
   if (shows) {
     ownRows.emit(own->region.y0, area.y0);
-    ShadowAndCaster both(*shadowPainter, ownRows);
-    blurInto(both);
+    ShadowAndCaster turns(*shadowPainter, ownRows);
+    blurInto(turns);
     ownRows.emit(area.y1, own->region.y1);
   } else {
     ownRows.emit(own->region.y0, own->region.y1);
@@ -192,8 +231,9 @@ std::optional<ShadowState> CGContext::shadowState(CGSize offset, CGFloat blur,
                      std::min(blur * scale, kMaxBlurPixels), color};
 }
 
-void CGContext::prepareClip() const {
-  if (state.clip.node != nullptr) state.clip.node->mask(raster::threadScratch());
+const Mask* CGContext::clipMask() {
+  const auto& node = state.clip.node;
+  return node == nullptr ? nullptr : &clipMasks_.maskOf(node, raster::threadScratch());
 }
 
 void CGContext::paintShape(const Shape& shape, const Paint& paint) {
@@ -216,9 +256,9 @@ void CGContext::paintShape(const Shape& shape, const Paint& paint) {
     }
   }
   if (region.isEmpty()) return;
-  const Mask* clip = state.clip.node == nullptr ? nullptr : &state.clip.node->mask(scratch);
+  const Mask* clip = clipMask();
   shape.edges(region, scratch);
-  Canvas::Painter painter(canvas(), region, paint, clip, scratch);
+  Canvas::Painter painter(canvasFor(region), region, paint, clip, scratch);
   raster::sweep(scratch.edges, shape.rule, scratch, painter);
   painter.finish();
 }
@@ -241,13 +281,13 @@ void CGContext::paintArea(const PixelRect& area, const Paint& paint, bool castsS
     const PixelRect touched = pixelsTouched(shape.box, region);
     if (touched.isEmpty()) return;
     shape.edges(touched, scratch);
-    Canvas::Painter painter(canvas(), touched, paint, nullptr, scratch);
+    Canvas::Painter painter(canvasFor(touched), touched, paint, nullptr, scratch);
     raster::sweep(scratch.edges, shape.rule, scratch, painter);
     painter.finish();
     return;
   }
-  const Mask* clip = node == nullptr ? nullptr : &node->mask(scratch);
-  Canvas::Painter painter(canvas(), region, paint, clip, scratch);
+  const Mask* clip = clipMask();
+  Canvas::Painter painter(canvasFor(region), region, paint, clip, scratch);
   emitFull(region, painter);
   painter.finish();
 }
@@ -269,26 +309,50 @@ void CGContext::clipTo(const PixelRect& area) {
 }
 
 void CGContext::beginGroup() {
-  groups.push_back({std::nullopt, state.clip.bounds, state, saved.size()});
+  const PixelRect& clip = state.clip.bounds;
+  PixelRect reach = clip;
+  if (state.shadow && !clip.isEmpty()) {
+    const PixelRect all = united(clip, casterArea());
+    // Beyond this it would be larger than any bitmap may be, for a shadow from very far away.
+    if (static_cast<CGFloat>(all.width()) * all.height() <= kMaxPixels) reach = all;
+  }
+  groups.push_back({std::nullopt, reach, state, saved.size()});
   state.alpha = 1;
   state.shadow.reset();
   // The clip cuts the finished group once; applied inside as well, it would thin its edges twice.
-  state.clip.node = nullptr;
+  state.clip = {reach, nullptr};
+}
+
+CGContext::Group CGContext::takeGroup() {
+  Group group = std::move(groups.back());
+  groups.pop_back();
+  saved.erase(saved.begin() + static_cast<std::ptrdiff_t>(group.savedDepth), saved.end());
+  state = std::move(group.outer);
+  if (group.canvas) group.canvas->materialize();
+  return group;
 }
 
 void CGContext::endGroup() {
   if (groups.empty()) return;
-  Group group = std::move(groups.back());
-  groups.pop_back();
-  saved.resize(group.savedDepth);
-  state = std::move(group.outer);
+  Group group = takeGroup();
   if (!group.canvas) return;
-  group.canvas->materialize();
   const CanvasSource source(*group.canvas);
   Paint paint;
   paint.source = &source;
   paint.sourceAlpha = static_cast<std::int16_t>(state.alpha * raster::kOne + 0.5);
-  paintArea(group.bounds, paint, true);
+  paintArea(group.canvas->bounds(), paint, true);
+}
+
+void CGContext::endGroupAsMask() {
+  if (groups.size() < 2) return;
+  Group mask = takeGroup();
+  std::optional<Canvas>& masked = groups.back().canvas;
+  if (!mask.canvas) {
+    masked.reset();
+  } else if (masked) {
+    masked->materialize();
+    masked->multiplyByAlpha(*mask.canvas);
+  }
 }
 
 }  // namespace glyphwright

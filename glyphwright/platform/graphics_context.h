@@ -15,8 +15,9 @@ struct CGContext {
             const raster::PixelMemory& memory = {});
 
   bool isDrawable() const { return !bounds.isEmpty(); }
-  /// Where drawing goes now: the innermost open group, or the bitmap.
-  raster::Canvas& canvas();
+  /// Where drawing in a region goes now: the innermost open group, or the bitmap. The region lies
+  /// inside the clip's bounds.
+  raster::Canvas& canvasFor(const raster::PixelRect& region);
   raster::Canvas& baseCanvas() { return *base_; }
 
   /// Something with edges, whose points stand in the thread's scratch.
@@ -32,9 +33,9 @@ struct CGContext {
   /// A shadow as the state keeps it, offset and blur given in points; none when it would not show.
   std::optional<ShadowState> shadowState(CGSize offset, CGFloat blur, const CGColor& color) const;
 
-  /// Makes the clip's mask where there is one. Comes before a shape's points are gathered, since
-  /// both use the thread's scratch.
-  void prepareClip() const;
+  /// The clip's mask, or null where whole pixels are the clip. Comes before a shape's points are
+  /// gathered, since both use the thread's scratch.
+  const raster::Mask* clipMask();
   /// Paints a shape with the shadow and through the clip of the current state.
   void paintShape(const Shape& shape, const raster::Paint& paint);
   /// Paints a source over a rectangle of whole pixels.
@@ -45,12 +46,15 @@ struct CGContext {
   /// A transparency layer: its pixels, made when something is painted, and the state to go back to.
   struct Group {
     std::optional<raster::Canvas> canvas;
-    raster::PixelRect bounds;
+    /// As far as it can matter: the clip's bounds, and what casts a shadow into them.
+    raster::PixelRect reach;
     GraphicsState outer;
     std::size_t savedDepth;
   };
   void beginGroup();
   void endGroup();
+  /// Ends a group that is the mask of the one around it, whose pixels it multiplies by its alpha.
+  void endGroupAsMask();
 
   raster::PixelRect bounds;
   CGSize size;
@@ -70,8 +74,10 @@ struct CGContext {
   /// Paints the shadow and then, where given, the caster itself.
   void castShadow(const raster::Mask& caster, double casterAlpha, const CasterPaint* own);
   raster::PixelRect casterArea() const;
+  Group takeGroup();
 
   std::optional<raster::Canvas> base_;
+  ClipMasks clipMasks_;
 };
 
 namespace contexts {

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include <glyphwright/platform/color.h>
 #include <glyphwright/platform/path.h>
@@ -9,27 +10,47 @@
 
 namespace glyphwright {
 
-/// A path that the clip was intersected with, in device pixels. Its mask is made when a drawing
-/// first needs one: a gradient painted straight through a single clip never does.
+/// A path that the clip was intersected with, in device pixels.
 class ClipNode {
  public:
   ClipNode(CGPath devicePath, raster::FillRule rule, const raster::PixelRect& bounds,
            std::shared_ptr<const ClipNode> parent)
       : path_(std::move(devicePath)), rule_(rule), bounds_(bounds), parent_(std::move(parent)) {}
+  ClipNode(const ClipNode&) = delete;
+  ClipNode& operator=(const ClipNode&) = delete;
+  /// Ends with its parents one after the other, however many there are.
+  ~ClipNode();
 
   const CGPath& path() const { return path_; }
   raster::FillRule rule() const { return rule_; }
   const raster::PixelRect& bounds() const { return bounds_; }
   bool isSingle() const { return parent_ == nullptr; }
-  /// The product of this path's coverage and its parents', over bounds().
-  const raster::Mask& mask(raster::Scratch& scratch) const;
 
  private:
+  friend class ClipMasks;
+
   CGPath path_;
   raster::FillRule rule_;
   raster::PixelRect bounds_;
-  std::shared_ptr<const ClipNode> parent_;
+  mutable std::shared_ptr<const ClipNode> parent_;
   mutable std::unique_ptr<raster::Mask> mask_;
+};
+
+/// Makes the masks of clips when a drawing first needs one, which a gradient painted straight
+/// through a single clip never does, and keeps the last few.
+class ClipMasks {
+ public:
+  /// The product of a path's coverage and its parents', over its bounds; it stays for as long as no
+  /// other one is asked for.
+  const raster::Mask& maskOf(const std::shared_ptr<const ClipNode>& node, raster::Scratch& scratch);
+
+ private:
+  static constexpr std::size_t kKeptBytes = std::size_t{16} << 20;
+  static constexpr std::size_t kMostKept = 256;
+  void keep(const std::shared_ptr<const ClipNode>& node, std::unique_ptr<raster::Mask> mask);
+
+  std::vector<std::weak_ptr<const ClipNode>> kept_;  // the last one last
+  std::size_t keptBytes_ = 0;                        // at most; some may have gone
 };
 
 /// Where drawing shows: whole device pixels, and paths beyond that.

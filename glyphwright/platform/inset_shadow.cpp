@@ -69,7 +69,7 @@ void blurAround(const InsetMasks& masks, const ShadowState& shadow, const PixelR
 bool castInsetShadow(CGContext& context, const CGPath& path, const InsetShadow& inset) {
   const GraphicsState& state = context.state;
   const ShadowState& shadow = inset.shadow;
-  context.prepareClip();
+  context.clipMask();
   Scratch& scratch = raster::threadScratch();
   const raster::DeviceBox box = raster::mapPoints(path, state.ctm, scratch.devicePoints);
   // What lies outside the clip casts a shadow inside it, if it is not too much of the path. A box
@@ -85,9 +85,9 @@ bool castInsetShadow(CGContext& context, const CGPath& path, const InsetShadow& 
   const raster::Paint paint = solidPaint(shadow.color, state.alpha);
   if (region.isEmpty() || paint.isClear()) return true;
   if (!castsEverywhere(context, inset, region)) return false;
-  const Mask* clip = state.clip.node == nullptr ? nullptr : &state.clip.node->mask(scratch);
+  const Mask* clip = context.clipMask();
   const InsetMasks masks = masksOf(path, inset.evenOdd, box, whole, clip, scratch);
-  raster::Canvas::Painter painter(context.canvas(), region, paint, nullptr, scratch);
+  raster::Canvas::Painter painter(context.canvasFor(region), region, paint, nullptr, scratch);
   CutRows rows(masks.inside, region, painter, scratch);
   blurAround(masks, shadow, region, scratch, rows);
   painter.finish();
@@ -99,8 +99,6 @@ bool fillWithInsetShadow(CGContext& context, const CGPath& path, const InsetShad
   const ShadowState& shadow = inset.shadow;
   if (state.shadow || state.clip.node != nullptr || state.clip.bounds.isEmpty()) return false;
   if (!raster::filtersDirectly(shadow.blurPixels)) return false;
-  raster::Canvas& canvas = context.canvas();
-  if (!canvas.isPristine() || !canvas.ground().isClear()) return false;
   const SolidColor color = solidColor(state.fillColor, state.alpha);
   const SolidColor shade = solidColor(shadow.color, state.alpha);
   if (color.isClear() || shade.isClear()) return false;
@@ -109,6 +107,8 @@ bool fillWithInsetShadow(CGContext& context, const CGPath& path, const InsetShad
   if (!raster::contains(state.clip.bounds, box)) return false;
   const PixelRect region = raster::pixelsTouched(box, state.clip.bounds);
   if (region.isEmpty() || !castsEverywhere(context, inset, region)) return false;
+  raster::Canvas& canvas = context.canvasFor(region);
+  if (!canvas.isUntouched()) return false;
   const InsetMasks masks = masksOf(path, inset.evenOdd, box, region, nullptr, scratch);
   if (!masks.isExact) return false;
   context.pendingPath = {};

@@ -110,20 +110,24 @@ void fillAndStroke(CGContext& context, const CGPath& path, const CGAffineTransfo
   const PixelRect strokedRegion = pixelsTouched(stroked.box, state.clip.bounds);
   if (!strokedRegion.isEmpty()) stroked.edges(strokedRegion, above);
 
+  if (filledRegion.isEmpty() && strokedRegion.isEmpty()) return;
+  raster::Canvas& canvas =
+      context.canvasFor(filledRegion.isEmpty()    ? strokedRegion
+                        : strokedRegion.isEmpty() ? filledRegion
+                                                  : united(filledRegion, strokedRegion));
   if (!filledRegion.isEmpty() && !strokedRegion.isEmpty() &&
-      raster::paintTogether(context.canvas(),
-                            {scratch.edges, filled.box, filled.rule, fill.color, scratch},
+      raster::paintTogether(canvas, {scratch.edges, filled.box, filled.rule, fill.color, scratch},
                             {above.edges, stroked.box, stroked.rule, stroke.color, above})) {
     return;
   }
   std::optional<raster::Canvas::Painter> below;
   if (!filledRegion.isEmpty()) {
-    below.emplace(context.canvas(), filledRegion, fill, nullptr, scratch);
+    below.emplace(canvas, filledRegion, fill, nullptr, scratch);
     below->finish();
     if (strokedRegion.isEmpty()) raster::sweep(scratch.edges, filled.rule, scratch, *below);
   }
   if (strokedRegion.isEmpty()) return;
-  raster::Canvas::Painter on(context.canvas(), strokedRegion, stroke, nullptr, above);
+  raster::Canvas::Painter on(canvas, strokedRegion, stroke, nullptr, above);
   if (below) {
     raster::sweepByTurns({scratch.edges, filled.rule, scratch, *below},
                          {above.edges, stroked.rule, above, on});

@@ -1,7 +1,6 @@
 #include <cstddef>
 #include <optional>
 #include <span>
-#include <vector>
 
 #include <glyphwright/bezier_path.h>
 #include <glyphwright/catalogue/pathable.h>
@@ -11,28 +10,36 @@
 #include <glyphwright/rendering/icon_attributes.h>
 
 namespace glyphwright {
+namespace {
+
+struct OpenCanvas {
+  OpenCanvas() = default;
+  OpenCanvas(const OpenCanvas&) = delete;
+  OpenCanvas& operator=(const OpenCanvas&) = delete;
+  ~OpenCanvas() {
+    if (!stays) UIGraphicsEndImageContext();
+  }
+  bool stays = false;
+};
+
+}  // namespace
 
 UIImage UIBezierPath::newImage(std::span<const Pathable> with,
                                std::span<const IconAttributes> attributes,
                                std::span<const CGPoint> positions, std::span<const CGSize> sizes,
                                CGSize canvasSize) {
   if (with.size() != attributes.size() || with.size() != positions.size()) return {};
-  std::vector<UIImage> images;
-  images.reserve(with.size());
-  for (std::size_t i = 0; i < with.size(); ++i) {
-    images.push_back(newImage(with[i], attributes[i]));
-  }
   // Canvases are at scale 1 whatever the screen's scale is.
   UIGraphicsBeginImageContext(canvasSize);
-  for (std::size_t i = 0; i < images.size(); ++i) {
+  OpenCanvas open;
+  for (std::size_t i = 0; i < with.size(); ++i) {
     if (i >= sizes.size()) fatal("index out of range: fewer canvas sizes than icons");
-    images[i].drawInRect({positions[i], sizes[i]}, CGBlendMode::normal, 1.0);
+    newImage(with[i], attributes[i]).drawInRect({positions[i], sizes[i]}, CGBlendMode::normal, 1.0);
   }
   const std::optional<UIImage> canvas = UIGraphicsGetImageFromCurrentImageContext();
   // A canvas that yields no image stays on the thread's stack; its opener is the one to end it.
-  if (!canvas) return {};
-  UIGraphicsEndImageContext();
-  return *canvas;
+  open.stays = !canvas;
+  return canvas.value_or(UIImage());
 }
 
 }  // namespace glyphwright

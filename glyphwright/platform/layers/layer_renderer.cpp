@@ -154,9 +154,6 @@ void LayerRenderer::beginGroup(CGFloat alpha) {
   CGContextSaveGState(&context_);
   CGContextSetAlpha(&context_, context_.state.alpha * alpha);
   context_.beginGroup();
-  // The clip's paths apply to the group as a whole, at its end: applied inside as well, they would
-  // thin their edges twice.
-  context_.state.clip.node = nullptr;
 }
 
 void LayerRenderer::endGroup() {

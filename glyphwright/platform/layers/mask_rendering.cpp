@@ -1,23 +1,8 @@
 #include <glyphwright/platform/layers/layer_renderer.h>
 
-#include <utility>
-
 #include <glyphwright/platform/layers/shape_layer.h>
 
 namespace glyphwright {
-namespace {
-
-// Multiplies premultiplied pixels by the alpha of others.
-void multiplyByAlpha(std::uint8_t* rgba, const std::uint8_t* mask, std::size_t count) {
-  for (std::size_t i = 0; i < count * 4; i += 4) {
-    const unsigned alpha = mask[i + 3];
-    for (std::size_t c = i; c < i + 4; ++c) {
-      rgba[c] = static_cast<std::uint8_t>((rgba[c] * alpha + 127) / 255);
-    }
-  }
-}
-
-}  // namespace
 
 std::optional<LayerRenderer::MaskClip> LayerRenderer::clipOf(const CALayer& mask) {
   const Content content = contentOf(mask, 1);
@@ -69,22 +54,7 @@ void LayerRenderer::renderThroughAlpha(const Content& content, const CALayer& ma
 
   context_.beginGroup();
   renderInSuperlayer(mask, 1);
-  CGContext::Group drawn = std::move(context_.groups.back());
-  context_.groups.pop_back();
-  context_.saved.resize(drawn.savedDepth);
-  context_.state = std::move(drawn.outer);
-
-  std::optional<raster::Canvas>& canvas = context_.groups.back().canvas;
-  if (!drawn.canvas) {
-    canvas.reset();
-  } else if (canvas) {
-    canvas->materialize();
-    drawn.canvas->materialize();
-    const auto width = static_cast<std::size_t>(canvas->bounds().width());
-    for (int y = canvas->bounds().y0; y < canvas->bounds().y1; ++y) {
-      multiplyByAlpha(canvas->rowAt(y), drawn.canvas->rowAt(y), width);
-    }
-  }
+  context_.endGroupAsMask();
   endGroup();
 }
 

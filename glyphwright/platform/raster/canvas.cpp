@@ -104,6 +104,41 @@ void Canvas::materialize() {
   pristine_ = false;
 }
 
+void Canvas::growTo(const PixelRect& bounds) {
+  Canvas larger(bounds, ground_);
+  if (!pristine_) {
+    larger.materialize();
+    for (int y = bounds_.y0; y < bounds_.y1; ++y) {
+      std::memcpy(larger.rowAt(y) + static_cast<std::size_t>(bounds_.x0 - bounds.x0) * 4, rowAt(y),
+                  rowBytes_);
+    }
+  }
+  *this = std::move(larger);
+}
+
+void Canvas::multiplyByAlpha(const Canvas& mask) {
+  const PixelRect shared = intersection(bounds_, mask.bounds_);
+  const auto before = static_cast<std::size_t>(std::max(shared.x0 - bounds_.x0, 0)) * 4;
+  const auto after = static_cast<std::size_t>(std::max(shared.x1 - bounds_.x0, 0)) * 4;
+  for (int y = bounds_.y0; y < bounds_.y1; ++y) {
+    std::uint8_t* rgba = rowAt(y);
+    if (shared.isEmpty() || y < shared.y0 || y >= shared.y1) {
+      std::memset(rgba, 0, rowBytes_);
+      continue;
+    }
+    std::memset(rgba, 0, before);
+    const std::uint8_t* from =
+        mask.rowAt(y) + static_cast<std::size_t>(shared.x0 - mask.bounds_.x0) * 4;
+    for (std::size_t i = before; i < after; i += 4) {
+      const unsigned alpha = from[i - before + 3];
+      for (std::size_t c = i; c < i + 4; ++c) {
+        rgba[c] = static_cast<std::uint8_t>((rgba[c] * alpha + 127) / 255);
+      }
+    }
+    std::memset(rgba + after, 0, rowBytes_ - after);
+  }
+}
+
 void Canvas::detach() {
   const std::size_t bytes = rowBytes_ * static_cast<std::size_t>(bounds_.height());
   auto copy = newPixels(bytes);
@@ -128,25 +163,30 @@ std::shared_ptr<const std::uint8_t[]> Canvas::share() {
 
 Canvas::Painter::Painter(Canvas& canvas, const PixelRect& region, const Paint& paint,
                          const Mask* clip, Scratch& scratch)
-    : canvas_(canvas), region_(region), paint_(paint), clip_(clip), scratch_(scratch) {
+    : canvas_(canvas),
+      region_(region),
+      paint_(paint),
+      clip_(clip),
+      scratch_(scratch),
+      rows_(paint.source == nullptr ? PixelSource::Rows::vary : paint.source->rows()) {
   if (canvas.shared_) canvas.detach();
-  laysGround_ = canvas.pristine_;
-  writes_ = laysGround_ && canvas.ground_.isClear();
-  if (laysGround_) canvas.layRows(canvas.bounds_.y0, region.y0);
-  canvas.pristine_ = false;
   const auto width = static_cast<std::size_t>(region.width());
   if (scratch.clippedCoverage.size() < width) scratch.clippedCoverage.resize(width);
   if (paint.source != nullptr && scratch.sourceRow.size() < width * 4) {
     scratch.sourceRow.resize(width * 4);
   }
-  rows_ = paint.source == nullptr ? PixelSource::Rows::vary : paint.source->rows();
   if (rows_ == PixelSource::Rows::same) {
     paint.source->pixels(region.x0, region.y0, width, scratch.sourceRow.data());
   }
+  laysGround_ = canvas.pristine_;
+  writes_ = canvas.isUntouched();
+  if (laysGround_) canvas.layRows(canvas.bounds_.y0, region.y0);
+  canvas.pristine_ = false;
 }
 
 void Canvas::Painter::finish() {
   if (laysGround_) canvas_.layRows(region_.y1, canvas_.bounds_.y1);
+  finished_ = true;
 }
 
 // What of some rows the shape's own pixels will not write.

@@ -32,6 +32,7 @@ struct Mask {
     if (memory.size() < size) memory.resize(size);
     values = memory.data() + kBlock;
   }
+  std::size_t bytes() const { return sizeOf(bounds) * sizeof(std::uint16_t); }
   std::uint16_t* row(int y) { return values + static_cast<std::size_t>(y - bounds.y0) * stride; }
   const std::uint16_t* row(int y) const {
     return values + static_cast<std::size_t>(y - bounds.y0) * stride;
@@ -92,8 +93,13 @@ class Canvas {
   const PixelRect& bounds() const { return bounds_; }
   /// Lays the whole canvas in one colour; nothing is written yet.
   void setGround(const SolidColor& ground);
-  bool isPristine() const { return pristine_; }
-  const SolidColor& ground() const { return ground_; }
+  /// Nothing has been painted, over nothing.
+  bool isUntouched() const { return pristine_ && ground_.isClear(); }
+  /// Makes a canvas without a ground larger: what is new is clear.
+  void growTo(const PixelRect& bounds);
+  /// Multiplies the pixels by the alpha of another canvas, which is clear beyond its bounds. Both
+  /// are real.
+  void multiplyByAlpha(const Canvas& mask);
 
   /// Paints rows of coverage. `clip` may be null; it must cover the region's rows and columns.
   /// Rows come top to bottom; every row of `region`, which lies inside the bounds, is given once.
@@ -101,6 +107,10 @@ class Canvas {
    public:
     Painter(Canvas& canvas, const PixelRect& region, const Paint& paint, const Mask* clip,
             Scratch& scratch);
+    Painter(const Painter&) = delete;
+    Painter& operator=(const Painter&) = delete;
+    /// What an exception cut short on a pristine canvas is not seen: it is pristine again.
+    ~Painter() { canvas_.pristine_ |= laysGround_ && !finished_; }
     void row(const CoverageRow& row) override;
     bool cells(int y, const CellRows& rows) override;
     /// Lays the ground in the rows below the region.
@@ -119,6 +129,7 @@ class Canvas {
     Scratch& scratch_;
     PixelSource::Rows rows_;
     bool laysGround_;
+    bool finished_ = false;
     bool writes_;  // over a clear ground nothing needs blending
   };
 
@@ -128,6 +139,9 @@ class Canvas {
   class FreshRows {
    public:
     FreshRows(Canvas& canvas, const PixelRect& region);
+    FreshRows(const FreshRows&) = delete;
+    FreshRows& operator=(const FreshRows&) = delete;
+    ~FreshRows() { canvas_.pristine_ |= !finished_; }
     /// The pixel at (region.x0, y), after which `rows` rows may be written.
     std::uint8_t* at(int y, int rows = 1);
     std::size_t rowBytes() const { return canvas_.rowBytes_; }
@@ -139,12 +153,16 @@ class Canvas {
    private:
     Canvas& canvas_;
     PixelRect region_;
+    bool finished_ = false;
   };
 
   /// Writes the ground where nothing else did; after this, pixels are real.
   void materialize();
   /// The pixel at (bounds().x0, y).
   std::uint8_t* rowAt(int y) {
+    return pixels_.get() + static_cast<std::size_t>(y - bounds_.y0) * rowBytes_;
+  }
+  const std::uint8_t* rowAt(int y) const {
     return pixels_.get() + static_cast<std::size_t>(y - bounds_.y0) * rowBytes_;
   }
   /// The finished pixels without padding, shared: drawing on afterwards copies them first. Of

@@ -16,6 +16,7 @@ std::uint8_t* Canvas::FreshRows::at(int y, int rows) {
 
 void Canvas::FreshRows::finish() {
   canvas_.layRows(region_.y1, canvas_.bounds_.y1);
+  finished_ = true;
 }
 
 }  // namespace glyphwright::raster

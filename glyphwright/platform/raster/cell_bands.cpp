@@ -49,8 +49,8 @@ CellBands<Cell>::CellBands(const EdgeList& edges, const PixelRect& area, Scratch
   const std::size_t stride = cellStride(edges.beyondLeft + area.width() + edges.beyondRight);
   const bool isDense = stride * static_cast<std::size_t>(height_) <= kDenseCells;
   bandRows_ = isDense ? height_ : std::min(height_, bandRowsFor(stride));
-  const std::size_t wanted = stride * static_cast<std::size_t>(bandRows_);
   LineVector<Cell>& memory = memoryFor<Cell>(scratch);
+  const std::size_t wanted = stride * static_cast<std::size_t>(bandRows_);
   if (memory.size() < wanted) memory.resize(wanted);
   band_ = {memory.data(), stride, nullptr, 0, 0, edges.region.x0 - area.x0};
   if (isDense) return;
@@ -97,7 +97,14 @@ void CellBands<Cell>::openNext() {
 }
 
 template <typename Cell>
-void CellBands<Cell>::clearTouched(int row, int rows) {
+CellBands<Cell>::~CellBands() {
+  if (takenBack_ != end())
+    std::fill_n(band_.cells, band_.stride * static_cast<std::size_t>(bandRows_), Cell{0});
+}
+
+template <typename Cell>
+void CellBands<Cell>::takeBack(int row, int rows) {
+  takenBack_ = row + rows;
   if (band_.touched == nullptr) return;
   std::fill_n(marks(row), band_.stride / kBlock * static_cast<std::size_t>(rows), 0);
 }

@@ -17,6 +17,10 @@ class CellBands {
   /// Rows and pixels are those of `area`, which contains the edges' region. The edges may be the
   /// scratch's own.
   CellBands(const EdgeList& edges, const PixelRect& area, Scratch& scratch);
+  CellBands(const CellBands&) = delete;
+  CellBands& operator=(const CellBands&) = delete;
+  /// Cells that an exception left as they were are set back to zero.
+  ~CellBands();
 
   /// Where the open band ends, in rows of the area; none is open at first.
   int end() const { return firstRow_ + band_.rows; }
@@ -34,8 +38,8 @@ class CellBands {
   const std::uint8_t* touched(int row) const {
     return band_.touched == nullptr ? nullptr : marks(row) + before_ / kBlock;
   }
-  /// Takes the marks of rows away.
-  void clearTouched(int row, int rows);
+  /// Takes back rows whose cells have been set back to zero, in order.
+  void takeBack(int row, int rows);
 
  private:
   std::uint8_t* marks(int row) const {
@@ -51,6 +55,7 @@ class CellBands {
   int bandRows_ = 0;
   CellBand<Cell> band_;
   int firstRow_ = 0;  // of the band
+  int takenBack_ = 0;
 };
 
 extern template class CellBands<std::int16_t>;

@@ -33,7 +33,7 @@ class Sweeper {
       if (done_ == bands_.end()) bands_.openNext();
       const int until = std::min(row, bands_.end());
       emit(until - done_);
-      bands_.clearTouched(done_, until - done_);
+      bands_.takeBack(done_, until - done_);
       done_ = until;
     }
   }

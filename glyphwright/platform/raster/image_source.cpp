@@ -128,18 +128,19 @@ void ImageSource::upright(int x, int y, std::size_t count, std::uint8_t* rgba) c
   const Reach rows =
       reachOf(toImage_.d * y + toImage_.ty, toImage_.d * (y + 1) + toImage_.ty, image_.height);
   const std::size_t stride = static_cast<std::size_t>(image_.width) * 4;
+  const std::uint8_t* top = image_.rgba + static_cast<std::size_t>(rows.first) * stride;
   for (std::size_t i = 0; i < count; ++i) {
     const Reach& columns = columns_[static_cast<std::size_t>(x - region_.x0) + i];
     float sums[4] = {0, 0, 0, 0};
-    for (std::size_t r = 0; r < rows.weights.size(); ++r) {
-      const std::uint8_t* pixel = image_.rgba +
-                                  (static_cast<std::size_t>(rows.first) + r) * stride +
-                                  static_cast<std::size_t>(columns.first) * 4;
-      for (const float weight : columns.weights) {
-        for (int c = 0; c < 4; ++c) {
-          sums[c] += static_cast<float>(*pixel++) * weight * rows.weights[r];
-        }
+    const std::uint8_t* line = top + static_cast<std::size_t>(columns.first) * 4;
+    for (const float down : rows.weights) {
+      const std::uint8_t* pixel = line;
+      for (const float across : columns.weights) {
+        // All four side by side.
+        for (int c = 0; c < 4; ++c) sums[c] += static_cast<float>(pixel[c]) * across * down;
+        pixel += 4;
       }
+      line += stride;
     }
     storeRounded(sums, rgba + i * 4);
   }

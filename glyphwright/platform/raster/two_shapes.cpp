@@ -21,8 +21,8 @@ bool endsIn(const PixelRect& area, const SolidShape& shape) {
 
 bool paintTogether(Canvas& canvas, const SolidShape& below, const SolidShape& above) {
   const PixelRect area = united(below.edges.region, above.edges.region);
-  if (!canvas.isPristine() || !canvas.ground().isClear() || !isNarrow(below) || !isNarrow(above) ||
-      !endsIn(area, below) || !endsIn(area, above)) {
+  if (!canvas.isUntouched() || !isNarrow(below) || !isNarrow(above) || !endsIn(area, below) ||
+      !endsIn(area, above)) {
     return false;
   }
   Canvas::FreshRows pixels(canvas, area);
@@ -44,8 +44,8 @@ bool paintTogether(Canvas& canvas, const SolidShape& below, const SolidShape& ab
     std::uint8_t* rgba = pixels.at(area.y0 + row, rows);
     below.scratch.kernels->writeTwoCells(rgba, pixels.rowBytes(), cellsOf(lower, below.rule),
                                          cellsOf(upper, above.rule), below.color, above.color);
-    lower.clearTouched(row, rows);
-    upper.clearTouched(row, rows);
+    lower.takeBack(row, rows);
+    upper.takeBack(row, rows);
     row += rows;
   }
   pixels.finish();

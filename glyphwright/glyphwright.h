@@ -24,3 +24,4 @@
 #include <glyphwright/presets/referral_icons.h>
 #include <glyphwright/rendering/attribute_dictionary.h>
 #include <glyphwright/rendering/icon_attributes.h>
+#include <glyphwright/version.h>

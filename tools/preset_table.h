@@ -1,33 +1,15 @@
 #pragma once
 
-#include <optional>
-#include <span>
-#include <string_view>
-
-#include <glyphwright/platform/color.h>
-#include <glyphwright/platform/image.h>
+#include <glyphwright/presets/ready_made.h>
 
 namespace glyphwright::cli {
 
-/// What the ready-made images can be told; each takes only some of it.
-struct PresetArguments {
-  CGSize size;
-  bool selected = false;
-  bool withBackground = false;
-  UIColor backgroundColor = UIColor::clearColor();
-};
-
-/// One ready-made image.
-struct Preset {
-  std::string_view name;
-  UIImage (*draw)(const PresetArguments& arguments);
-  /// The size it is drawn for, where it takes one; otherwise it has a size of its own.
-  std::optional<CGSize> usualSize{};
-  bool takesFlags = false;
-  bool takesBackgroundColor = false;
-};
+using Preset = presets::ReadyMadeImage;
+using PresetArguments = presets::ReadyMadeArguments;
 
 /// All ready-made images, in the order of their namespaces.
-std::span<const Preset> allPresets();
+inline std::span<const Preset> allPresets() {
+  return presets::readyMadeImages();
+}
 
 }  // namespace glyphwright::cli

@@ -102,6 +102,17 @@ void UIGraphicsEndImageContext();
 /// The context on top of this thread's stack, or null.
 CGContextRef UIGraphicsGetCurrentContext();
 
+/// Whole pixels.
+struct PixelSize {
+  std::size_t width = 0;
+  std::size_t height = 0;
+
+  friend constexpr bool operator==(PixelSize, PixelSize) = default;
+};
+/// The pixels that an image of `size` points takes at a scale (0: the main screen's), as
+/// UIGraphicsBeginImageContextWithOptions opens it; none when it cannot be drawn.
+PixelSize pixelSize(CGSize size, CGFloat scale);
+
 inline constexpr CGFloat kMaxPixelSide = 16384;
 inline constexpr CGFloat kMaxPixels = 67108864;
 inline constexpr CGFloat kMaxBlurPixels = 1024;

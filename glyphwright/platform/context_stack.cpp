@@ -69,6 +69,11 @@ UIImage snapshot(CGContext& context) {
 
 }  // namespace
 
+PixelSize pixelSize(CGSize size, CGFloat scale) {
+  const raster::PixelRect bounds = pixelBounds(size, pixelsPerPoint(scale));
+  return {static_cast<std::size_t>(bounds.width()), static_cast<std::size_t>(bounds.height())};
+}
+
 void UIGraphicsBeginImageContextWithOptions(CGSize size, bool opaque, CGFloat scale) {
   auto context = std::make_unique<CGContext>(makeContext(size, opaque, scale));
   if (!context->isDrawable()) context = nullptr;

@@ -10,4 +10,17 @@ CGFloat scale();
 /// A scale that is not above 0 or not finite is ignored.
 void setScale(CGFloat scale);
 
+/// Another scale for this thread and the length of a scope, whatever others set.
+class ScaleInScope {
+ public:
+  /// Above 0 and finite.
+  explicit ScaleInScope(CGFloat scale);
+  ~ScaleInScope();
+  ScaleInScope(const ScaleInScope&) = delete;
+  ScaleInScope& operator=(const ScaleInScope&) = delete;
+
+ private:
+  CGFloat before_;
+};
+
 }  // namespace glyphwright::screen

@@ -1,37 +1,37 @@
-#include "preset_table.h"
+#include <glyphwright/presets/ready_made.h>
 
 #include <glyphwright/presets/chat_icons.h>
 #include <glyphwright/presets/preset_icons.h>
 #include <glyphwright/presets/referral_icons.h>
 
-namespace glyphwright::cli {
+namespace glyphwright::presets {
 namespace {
 
 /// An image without arguments.
 template <UIImage (*factory)()>
-constexpr Preset fixed(std::string_view name) {
-  return {name, [](const PresetArguments&) { return factory(); }};
+constexpr ReadyMadeImage fixed(std::string_view name) {
+  return {name, [](const ReadyMadeArguments&) { return factory(); }};
 }
 
 /// An image that takes only its size.
 template <UIImage (*factory)(CGSize)>
-constexpr Preset sized(std::string_view name, CGSize usualSize) {
-  return {name, [](const PresetArguments& given) { return factory(given.size); }, usualSize};
+constexpr ReadyMadeImage sized(std::string_view name, CGSize usualSize) {
+  return {name, [](const ReadyMadeArguments& given) { return factory(given.size); }, usualSize};
 }
 
-UIImage safebeam(const PresetArguments& given) {
+UIImage safebeam(const ReadyMadeArguments& given) {
   return PresetIcons::createSafebeamIcon(given.size, given.selected, given.withBackground);
 }
 
-UIImage camera(const PresetArguments& given) {
+UIImage camera(const ReadyMadeArguments& given) {
   return PresetIcons::createCameraGradientIcon(given.size).value_or(UIImage());
 }
 
-UIImage share(const PresetArguments& given) {
+UIImage share(const ReadyMadeArguments& given) {
   return ReferralIcons::Home::shareIcon(given.size, given.backgroundColor);
 }
 
-constexpr Preset presets[] = {
+constexpr ReadyMadeImage images[] = {
     fixed<ChatIcons::ActionBar::stickerNormalIcon>("ChatIcons.ActionBar.stickerNormalIcon"),
     fixed<ChatIcons::ActionBar::stickerSelectedIcon>("ChatIcons.ActionBar.stickerSelectedIcon"),
     fixed<ChatIcons::ActionBar::gifNormalIcon>("ChatIcons.ActionBar.gifNormalIcon"),
@@ -71,8 +71,8 @@ constexpr Preset presets[] = {
 
 }  // namespace
 
-std::span<const Preset> allPresets() {
-  return presets;
+std::span<const ReadyMadeImage> readyMadeImages() {
+  return images;
 }
 
-}  // namespace glyphwright::cli
+}  // namespace glyphwright::presets

@@ -27,7 +27,7 @@ need() {
 
 build_packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libpng-dev libgif-dev)
 bench_packages=(pkg-config libcairo2-dev libagg-dev)
-test_packages=(ccache libgtest-dev clang libclang-rt-dev clang-format clang-tidy)
+test_packages=(ccache zsh fish libgtest-dev clang libclang-rt-dev clang-format clang-tidy)
 
 # configure PRESET [FOLDER] [-DOPTION=VALUE…]: a build folder that came from another place (a copied
 # or moved clone) is of no use and is made anew.

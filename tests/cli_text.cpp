@@ -181,25 +181,6 @@ TEST(CliUsage, AnswersMistakesWithStatusTwoAndAHint) {
   }
 }
 
-TEST(CliUsage, HelpsEverywhere) {
-  for (const std::vector<std::string>& words : {std::vector<std::string>{},
-                                                {"list"},
-                                                {"search"},
-                                                {"path"},
-                                                {"render"},
-                                                {"sheet"},
-                                                {"gallery"},
-                                                {"preset"},
-                                                {"inspect"}}) {
-    std::vector<std::string> arguments = words;
-    arguments.emplace_back("--help");
-    const Outcome result = run(arguments);
-    EXPECT_EQ(result.status, 0) << testing::PrintToString(words);
-    EXPECT_NE(result.out.find("Usage: glyphwright"), std::string::npos);
-    EXPECT_EQ(result.err, "");
-  }
-}
-
 TEST(CliInspect, TakesEveryFormOfName) {
   const Outcome result = run({"inspect", "Icons.checkmark"});
   EXPECT_EQ(result.status, 0) << result.err;

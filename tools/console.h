@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <ostream>
 
 namespace glyphwright::cli {
@@ -17,6 +18,8 @@ struct Console {
   std::ostream& err;
   bool outIsTerminal = false;
   bool errIsTerminal = false;
+  /// The width of the terminal that `out` is; 0 when it is none.
+  std::size_t columns = 0;
 };
 
 }  // namespace glyphwright::cli

@@ -20,13 +20,17 @@ struct Runner {
   int operator()(const AnimateOptions& options) const { return runAnimate(options, console); }
   int operator()(const GalleryOptions& options) const { return runGallery(options, console); }
   int operator()(const PresetOptions& options) const { return runPreset(options, console); }
+  int operator()(const CompletionsOptions& options) const {
+    return runCompletions(options, console);
+  }
+  int operator()(const ManualOptions& options) const { return runManual(options, console); }
   int operator()(const InspectOptions& options) const {
     return runInspectCommand(options, console);
   }
 };
 
 int run(std::vector<std::string> arguments, Console& console) {
-  const auto parsed = parseCommandLine(std::move(arguments));
+  const auto parsed = parseCommandLine(std::move(arguments), console.columns);
   int status = statusDone;
   if (const auto* help = std::get_if<HelpText>(&parsed)) {
     console.out << help->text;

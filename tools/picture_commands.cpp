@@ -1,0 +1,166 @@
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include "command_tree.h"
+#include "paint_text.h"
+
+namespace glyphwright::cli {
+namespace {
+
+void addRender(CLI::App& program, std::optional<Command>& command) {
+  CLI::App* const app = program.add_subcommand("render", "Render icons to image files");
+  auto options = std::make_shared<RenderOptions>();
+  CLI::Option* const names = app->add_option("NAME", options->names, kNameHelp)->type_name("");
+  app->add_flag("--all", options->all, "every icon method, in place of names")->excludes(names);
+  app->add_option("-o,--output", options->output,
+                  "output ending in .png, .svg (the outline) or .rgba (premultiplied pixels); - is "
+                  "PNG on standard output; {name} and {scale} are replaced")
+      ->required()
+      ->type_name("FILE");
+  addParsed(
+      *app, "--scale", "S[,S...]", scalesFrom,
+      [options](std::vector<CGFloat> scales) { options->scales = std::move(scales); },
+      "pixels per point, 1 unless given; several make a file for each");
+  addPaint(*app, options->paint);
+  app->footer(
+      "Example:\n  glyphwright render facebookLogo -o logo.png --size 64 --scale 2 --fill "
+      "'#3355ff' --drop-shadow '#0008:0,3:4'\n  glyphwright render --all -o "
+      "'out/{name}@{scale}x.png' --scale 1,2,3");
+  app->callback([&command, options] {
+    if (options->names.empty() && !options->all) {
+      throw UsageError("render: give at least one icon, or --all");
+    }
+    options->format = formatOf(options->output);
+    command = *options;
+  });
+}
+
+void addSheet(CLI::App& program, std::optional<Command>& command) {
+  CLI::App* const app =
+      program.add_subcommand("sheet", "Render many icons into one labelled contact sheet");
+  auto options = std::make_shared<SheetOptions>();
+  app->add_option("NAME", options->names, std::string(kNameHelp) + "; all methods unless given")
+      ->type_name("");
+  app->add_option("-o,--output", options->output, "a .png file, or - for standard output")
+      ->required()
+      ->type_name("FILE");
+  addParsed(
+      *app, "--scale", "S", scaleFrom, [options](CGFloat scale) { options->scale = scale; },
+      "pixels per point, 2 unless given");
+  app->add_option("--columns", options->columns, "icons in a row")
+      ->check(CLI::Range(1, 1000).description(""))
+      ->type_name("N");
+  addPaint(*app, options->paint);
+  app->callback([&command, options] { command = *options; });
+}
+
+void addAnimate(CLI::App& program, std::optional<Command>& command) {
+  CLI::App* const app = program.add_subcommand(
+      "animate", "Render an animated picture of an icon: a gradient sweep, a stroke, a morph");
+  auto options = std::make_shared<AnimateOptions>();
+  const auto store = [options](auto AnimateOptions::*field) {
+    return [options, field](auto value) { (*options).*field = std::move(value); };
+  };
+  const auto storeNoted = [options, store](const char* name, auto AnimateOptions::*field) {
+    return [options, name, keep = store(field)](auto value) {
+      keep(std::move(value));
+      options->kindOptions.emplace_back(name);
+    };
+  };
+  app->add_option("NAME", options->name, kNameHelp)->required()->type_name("");
+  app->add_option(
+         "-o,--output", options->output,
+         "output ending in .png or .apng (animated) or .gif, or a folder for a file a frame; - is "
+         "PNG on standard output")
+      ->required()
+      ->type_name("FILE");
+  addParsed(*app, "--kind", "sweep|stroke|morph", animationKindFrom, store(&AnimateOptions::kind),
+            "sweep (a gradient running through the icon, unless given), stroke (the outline being "
+            "drawn) or morph (the icon turning into another one and back)");
+  app->add_option("--to", options->to, "the other icon of a morph")->type_name("NAME");
+  app->add_option("--fps", options->framesPerSecond, "frames in a second, 20 unless given")
+      ->check(CLI::Range(0.1, 100.0).description(""))
+      ->type_name("N");
+  app->add_option("--duration", options->duration, "length in seconds, 2 unless given")
+      ->check(CLI::Range(0.01, 600.0).description(""))
+      ->type_name("S");
+  addParsed(*app, "--size", "W[xH]", sizeFrom, store(&AnimateOptions::size),
+            "size of the picture in points, 96 unless given; the icon fits into it");
+  addParsed(*app, "--scale", "S", scaleFrom, store(&AnimateOptions::scale),
+            "pixels per point, 1 unless given");
+  addParsed(*app, "--color", "C", colorFrom, storeNoted("--color", &AnimateOptions::color),
+            "colour of a stroke or a morph, black unless given");
+  addParsed(*app, "--gradient", "C,C[,C...][:DIRECTION]", gradientFrom,
+            storeNoted("--gradient", &AnimateOptions::gradient),
+            "colours and direction of a sweep");
+  addParsed(*app, "--background", "C", colorFrom, store(&AnimateOptions::background),
+            "colour behind the icon");
+  app->footer(
+      "Example:\n  glyphwright animate heartPath -o heart.png --gradient "
+      "'#ff2d6b,#ff9e33:leftToRight'\n  glyphwright animate heartPath -o change.gif --kind morph "
+      "--to checkmarkPath --duration 3");
+  app->callback([&command, options] { command = *options; });
+}
+
+void addGallery(CLI::App& program, std::optional<Command>& command) {
+  CLI::App* const app = program.add_subcommand(
+      "gallery", "Write a page to browse all icons (index.html) and a contact sheet (sheet.png)");
+  auto options = std::make_shared<GalleryOptions>();
+  app->add_option("-o,--output", options->folder, "the folder to write into")
+      ->required()
+      ->type_name("DIR");
+  app->callback([&command, options] { command = *options; });
+}
+
+void addPreset(CLI::App& program, std::optional<Command>& command) {
+  CLI::App* const app = program.add_subcommand(
+      "preset",
+      "Render ready-made images of several colours, such as PresetIcons.createLoopPlayIcon");
+  auto options = std::make_shared<PresetOptions>();
+  CLI::Option* const names =
+      app->add_option("NAME", options->names, "the images, by their dotted names; see --list")
+          ->type_name("");
+  app->add_flag("--all", options->all, "every ready-made image, in place of names")
+      ->excludes(names);
+  app->add_flag("--list", options->list, "show the names and what each takes");
+  app->add_option("-o,--output", options->output,
+                  "output ending in .png or .rgba; - is PNG on standard output; {name} and {scale} "
+                  "are replaced")
+      ->type_name("FILE");
+  addParsed(
+      *app, "--scale", "S", scaleFrom, [options](CGFloat scale) { options->scale = scale; },
+      "pixels per point, 1 unless given");
+  addParsed(
+      *app, "--size", "W[xH]", sizeFrom, [options](CGSize size) { options->size = size; },
+      "size of the image in points, for those that take one");
+  app->add_flag("--selected", options->selected, "the selected look (createSafebeamIcon)");
+  app->add_flag("--withBackground,--with-background", options->withBackground,
+                "on its disc (createSafebeamIcon)");
+  addParsed(
+      *app, "--backgroundColor,--background-color", "C", colorFrom,
+      [options](const UIColor& color) { options->backgroundColor = color; },
+      "colour of the ground (shareIcon), clear unless given");
+  app->callback([&command, options] {
+    if (!options->list) {
+      if (options->names.empty() && !options->all) {
+        throw UsageError("preset: give at least one image, --all or --list");
+      }
+      if (options->output.empty()) throw UsageError("preset: --output is required");
+      options->format = formatOf(options->output);
+    }
+    command = *options;
+  });
+}
+
+}  // namespace
+
+void addPictureCommands(CLI::App& program, std::optional<Command>& chosen) {
+  addRender(program, chosen);
+  addSheet(program, chosen);
+  addAnimate(program, chosen);
+  addGallery(program, chosen);
+  addPreset(program, chosen);
+}
+
+}  // namespace glyphwright::cli

@@ -25,7 +25,8 @@ need() {
     apt-get install -y -q --no-install-recommends "${missing[@]}"
 }
 
-build_packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libpng-dev libgif-dev)
+build_packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libpng-dev libdeflate-dev
+  libgif-dev)
 bench_packages=(pkg-config libcairo2-dev libagg-dev)
 test_packages=(ccache zsh fish libgtest-dev clang libclang-rt-dev clang-format clang-tidy)
 

@@ -119,7 +119,6 @@ AnimatedPicture renderAnimation(const AnimateOptions& options, Console& console)
   picture.framesPerSecond = options.framesPerSecond;
   Progress progress(console, "rendering", frames);
   for (std::size_t frame = 0; frame < frames; ++frame) {
-    progress.step();
     // As shares of the duration, so that the first frame follows on from the last one.
     const double time = options.duration * static_cast<double>(frame) / static_cast<double>(frames);
     UIGraphicsBeginImageContextWithOptions(options.size, false, options.scale);
@@ -131,6 +130,7 @@ AnimatedPicture renderAnimation(const AnimateOptions& options, Console& console)
     picture.pixelWidth = pixels.pixelWidth();
     picture.pixelHeight = pixels.pixelHeight();
     picture.frames.emplace_back(pixels.rgba().begin(), pixels.rgba().end());
+    progress.step();
   }
   return picture;
 }

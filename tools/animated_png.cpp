@@ -2,8 +2,6 @@
 #include <stdexcept>
 #include <string_view>
 
-#include <zlib.h>
-
 #include "animated_picture.h"
 #include "png.h"
 
@@ -15,23 +13,9 @@ using Bytes = std::vector<std::uint8_t>;
 constexpr std::size_t kSignatureSize = 8;
 constexpr std::size_t kChunkFrame = 12;  // length, name and checksum
 
-void append32(Bytes& bytes, std::size_t value) {
-  for (int shift = 24; shift >= 0; shift -= 8) {
-    bytes.push_back(static_cast<std::uint8_t>(value >> shift));
-  }
-}
-
 void append16(Bytes& bytes, std::size_t value) {
   bytes.push_back(static_cast<std::uint8_t>(value >> 8));
   bytes.push_back(static_cast<std::uint8_t>(value));
-}
-
-void appendChunk(Bytes& file, std::string_view name, const Bytes& content) {
-  append32(file, content.size());
-  const std::size_t start = file.size();
-  file.insert(file.end(), name.begin(), name.end());
-  file.insert(file.end(), content.begin(), content.end());
-  append32(file, crc32_z(0, file.data() + start, file.size() - start));
 }
 
 /// Calls `handle(name, content)` for every chunk of a PNG file.
@@ -48,11 +32,11 @@ void forEachChunk(std::span<const std::uint8_t> png, Handle handle) {
 
 Bytes frameControl(const AnimatedPicture& picture, std::size_t sequence) {
   Bytes control;
-  append32(control, sequence);
-  append32(control, picture.pixelWidth);
-  append32(control, picture.pixelHeight);
-  append32(control, 0);
-  append32(control, 0);
+  appendNumber32(control, sequence);
+  appendNumber32(control, picture.pixelWidth);
+  appendNumber32(control, picture.pixelHeight);
+  appendNumber32(control, 0);
+  appendNumber32(control, 0);
   // Each frame is shown for 100 / (100 · fps) seconds.
   append16(control, 100);
   append16(control, static_cast<std::size_t>(std::lround(picture.framesPerSecond * 100)));
@@ -79,17 +63,17 @@ std::vector<std::uint8_t> encodeAnimatedPng(const AnimatedPicture& picture) {
         controlled = true;
         Bytes data;
         // Frames after the first carry the same data under another name and a running number.
-        if (!first) append32(data, sequence++);
+        if (!first) appendNumber32(data, sequence++);
         data.insert(data.end(), content.begin(), content.end());
         appendChunk(file, first ? "IDAT" : "fdAT", data);
         return;
       }
       if (!first || name == "IEND") return;
-      appendChunk(file, name, {content.begin(), content.end()});
+      appendChunk(file, name, content);
       if (name == "IHDR") {
         Bytes animation;
-        append32(animation, picture.frames.size());
-        append32(animation, 0);  // for ever
+        appendNumber32(animation, picture.frames.size());
+        appendNumber32(animation, 0);  // for ever
         appendChunk(file, "acTL", animation);
       }
     });

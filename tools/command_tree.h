@@ -34,6 +34,13 @@ void addPaint(CLI::App& command, Paint& paint);
 inline constexpr const char* kNameHelp =
     "icon: a method (checkmarkPath), a case (App.Shapes.Checks.checkmark or Icons.checkmark) or an "
     "integer type (7)";
+/// The same where several can be named.
+inline constexpr const char* kNamesHelp =
+    "icons: methods (checkmarkPath), cases (App.Shapes.Checks.checkmark or Icons.checkmark), "
+    "integer "
+    "types (7), patterns of methods ('*heart*', '{play,stop}Path') or of cases ('Icons.*'); - "
+    "reads "
+    "names from standard input";
 
 /// An option whose text `read` turns into a value; `store` takes the value.
 template <class Read, class Store>

@@ -3,28 +3,11 @@
 #include <algorithm>
 #include <string_view>
 
-#include <glyphwright/catalogue/catalogue.h>
-#include <glyphwright/catalogue/icons.h>
-#include <glyphwright/paths/method_names.h>
-
+#include "icon_names.h"
 #include "preset_table.h"
 
 namespace glyphwright::cli {
 namespace {
-
-std::vector<std::string> iconNames() {
-  std::vector<std::string> names(std::begin(iconMethodNames), std::end(iconMethodNames));
-  const auto add = [&names](const EnumerationRecord& enumeration) {
-    for (const CaseRecord& record : enumeration.cases) {
-      names.push_back(std::string(enumeration.name).append(".").append(record.name));
-    }
-  };
-  for (const EnumerationRecord* enumeration : catalogueEnumerations) add(*enumeration);
-  for (const Icons icon : Icons::allCases) {
-    names.push_back(std::string("Icons.").append(icon.name()));
-  }
-  return names;
-}
 
 std::vector<std::string> namesFor(const CLI::App& program, const CLI::App& command,
                                   const std::string& argument) {
@@ -36,7 +19,7 @@ std::vector<std::string> namesFor(const CLI::App& program, const CLI::App& comma
   } else if (argument == "NAME" && command.get_name() == "preset") {
     for (const Preset& preset : allPresets()) names.emplace_back(preset.name);
   } else if (argument == "NAME" || argument == "A" || argument == "B") {
-    names = iconNames();
+    names = allIconNames();
   }
   return names;
 }

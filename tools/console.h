@@ -1,9 +1,12 @@
 #pragma once
 
 #include <cstddef>
+#include <istream>
 #include <ostream>
 
 namespace glyphwright::cli {
+
+class PendingFiles;
 
 /// Exit statuses of the program.
 inline constexpr int statusDone = 0;
@@ -20,6 +23,11 @@ struct Console {
   bool errIsTerminal = false;
   /// The width of the terminal that `out` is; 0 when it is none.
   std::size_t columns = 0;
+  /// Where names are read from that the command line refers to as "-"; null when nothing can be
+  /// read.
+  std::istream* in = nullptr;
+  /// Files that are being written; null when nobody waits for an interruption.
+  PendingFiles* pending = nullptr;
 };
 
 }  // namespace glyphwright::cli

@@ -1,11 +1,16 @@
 #include "icon_names.h"
 
 #include <algorithm>
+#include <iterator>
+#include <set>
 #include <string_view>
 
+#include <glyphwright/catalogue/catalogue.h>
 #include <glyphwright/catalogue/icon_type.h>
+#include <glyphwright/catalogue/icons.h>
 #include <glyphwright/paths/method_names.h>
 
+#include "glob.h"
 #include "suggestions.h"
 #include "usage_error.h"
 
@@ -33,16 +38,59 @@ std::string unknownName(const std::string& name) {
          (suggestion.empty() ? "; `glyphwright list` shows all names" : suggestion);
 }
 
-}  // namespace
-
-std::vector<NamedIcon> iconsNamed(std::span<const std::string> names) {
+/// Icons as they are asked for.
+struct Collection {
   std::vector<NamedIcon> icons;
-  for (const std::string& name : names) {
+  std::set<std::string> known{};
+
+  void add(const std::string& name) {
     const auto icon = resolveIcon(name);
     if (!icon) throw UsageError(unknownName(name));
     icons.push_back({name, *icon});
+    known.insert(name);
   }
-  return icons;
+
+  void addOnce(const std::string& name) {
+    if (!known.contains(name)) isGlob(name) ? addMatches(name) : add(name);
+  }
+
+  void addMatches(const std::string& pattern) {
+    const Glob glob(pattern);
+    const bool ofCases = pattern.find('.') != std::string::npos;
+    bool any = false;
+    for (const std::string& name : allIconNames()) {
+      const bool isCase = name.find('.') != std::string::npos;
+      if (isCase != ofCases || !glob.matches(name)) continue;
+      any = true;
+      if (!known.contains(name)) add(name);
+    }
+    if (!any) {
+      throw UsageError("no icon's name matches \"" + pattern +
+                       "\"; `glyphwright list` shows all names");
+    }
+  }
+};
+
+}  // namespace
+
+std::vector<NamedIcon> iconsNamed(std::span<const std::string> names, std::istream* in) {
+  Collection collection;
+  for (const std::string& name : names) {
+    if (name == "-") {
+      if (in == nullptr || std::ranges::count(names, name) > 1) {
+        throw UsageError("\"-\" reads names from standard input, once");
+      }
+      for (std::string read; *in >> read;) collection.addOnce(read);
+    } else if (isGlob(name)) {
+      collection.addMatches(name);
+    } else {
+      collection.add(name);
+    }
+  }
+  if (collection.icons.empty() && !names.empty()) {
+    throw UsageError("standard input has no name of an icon");
+  }
+  return std::move(collection.icons);
 }
 
 std::vector<NamedIcon> allIcons() {
@@ -51,6 +99,18 @@ std::vector<NamedIcon> allIcons() {
     icons.push_back({std::string(name), {name, findClassMethod(name)}});
   }
   return icons;
+}
+
+std::vector<std::string> allIconNames() {
+  std::vector<std::string> names(std::begin(iconMethodNames), std::end(iconMethodNames));
+  const auto add = [&names](std::string_view enumeration, std::string_view name) {
+    names.push_back(std::string(enumeration).append(".").append(name));
+  };
+  for (const EnumerationRecord* enumeration : catalogueEnumerations) {
+    for (const CaseRecord& record : enumeration->cases) add(enumeration->name, record.name);
+  }
+  for (const Icons icon : Icons::allCases) add(Icons::enumeration.name, icon.name());
+  return names;
 }
 
 }  // namespace glyphwright::cli

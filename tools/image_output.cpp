@@ -2,13 +2,12 @@
 
 #include <stdexcept>
 
-#include "png.h"
 #include "usage_error.h"
 
 namespace glyphwright::cli {
 
 void writeImage(const UIImage& image, std::string_view name, const std::string& file,
-                OutputFormat format, Console& console) {
+                OutputFormat format, Console& console, Compression compression) {
   if (!image.hasPixels()) {
     throw std::runtime_error(std::string(name) + " cannot be drawn at this size");
   }
@@ -16,7 +15,9 @@ void writeImage(const UIImage& image, std::string_view name, const std::string& 
   if (format == OutputFormat::rgba) {
     writeOutput(file, pixels.rgba(), console);
   } else {
-    writeOutput(file, encodePng(pixels.pixelWidth(), pixels.pixelHeight(), pixels.rgba()), console);
+    writeOutput(file,
+                encodePng(pixels.pixelWidth(), pixels.pixelHeight(), pixels.rgba(), compression),
+                console);
   }
 }
 

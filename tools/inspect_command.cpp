@@ -6,7 +6,8 @@
 namespace glyphwright::cli {
 
 int runInspectCommand(const InspectOptions& options, Console& console) {
-  const std::vector<NamedIcon> icons = options.all ? allIcons() : iconsNamed(options.names);
+  const std::vector<NamedIcon> icons =
+      options.all ? allIcons() : iconsNamed(options.names, console.in);
   std::vector<std::string> methods;
   methods.reserve(icons.size());
   for (const NamedIcon& named : icons) methods.emplace_back(named.icon.method);

@@ -1,16 +1,19 @@
 #include "output.h"
 
-#include <cerrno>
-#include <cstring>
+#include <algorithm>
+#include <cmath>
 #include <filesystem>
-#include <fstream>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 #include "numbers.h"
+#include "safe_file.h"
 #include "usage_error.h"
 
 namespace glyphwright::cli {
+
+namespace fs = std::filesystem;
 
 OutputFormat formatOf(std::string_view file) {
   if (file == "-" || file.ends_with(".png")) return OutputFormat::png;
@@ -19,22 +22,24 @@ OutputFormat formatOf(std::string_view file) {
   throw UsageError("\"" + std::string(file) + "\" does not end in .png, .svg or .rgba");
 }
 
-std::string expandPattern(std::string_view pattern, std::string_view name, double scale) {
+std::string expandPattern(std::string_view pattern, const PatternWords& words) {
+  const std::pair<std::string_view, std::string> known[] = {{"{name}", std::string(words.name)},
+                                                            {"{scale}", textOf(words.scale)},
+                                                            {"{size}", std::string(words.size)}};
   std::string file;
-  for (std::size_t at = 0; at < pattern.size();) {
-    const std::string_view rest = pattern.substr(at);
-    if (rest.starts_with("{name}")) {
-      file += name;
-      at += 6;
-    } else if (rest.starts_with("{scale}")) {
-      file += textOf(scale);
-      at += 7;
-    } else if (rest.front() == '{' || rest.front() == '}') {
-      throw UsageError("\"" + std::string(pattern) +
-                       "\": an output pattern knows only {name} and {scale}");
+  while (!pattern.empty()) {
+    const auto found = std::ranges::find_if(known, [&](const auto& word) {
+      return !word.second.empty() && pattern.starts_with(word.first);
+    });
+    if (found != std::end(known)) {
+      file += found->second;
+      pattern.remove_prefix(found->first.size());
+    } else if (pattern.front() == '{' || pattern.front() == '}') {
+      throw UsageError("\"" + std::string(pattern) + "\": an output pattern knows only {name}, " +
+                       (words.size.empty() ? "" : "{size} ") + "and {scale}");
     } else {
-      file += rest.front();
-      ++at;
+      file += pattern.front();
+      pattern.remove_prefix(1);
     }
   }
   return file;
@@ -48,18 +53,11 @@ void writeOutput(const std::string& file, std::span<const std::uint8_t> bytes, C
     if (!console.out) throw std::runtime_error("cannot write to standard output");
     return;
   }
-  const std::filesystem::path folder = std::filesystem::path(file).parent_path();
+  const fs::path folder = fs::path(file).parent_path();
   std::error_code error;
-  if (!folder.empty()) std::filesystem::create_directories(folder, error);
+  if (!folder.empty()) fs::create_directories(folder, error);
   if (error) throw std::runtime_error("cannot make " + folder.string() + ": " + error.message());
-  errno = 0;
-  std::ofstream stream(file, std::ios::binary);
-  stream.write(data, size);
-  stream.close();
-  if (!stream) {
-    const char* const why = errno == 0 ? "the write failed" : std::strerror(errno);
-    throw std::runtime_error("cannot write " + file + ": " + why);
-  }
+  writeWholeFile(file, bytes, console.pending);
 }
 
 void writeOutput(const std::string& file, std::string_view text, Console& console) {
@@ -67,23 +65,53 @@ void writeOutput(const std::string& file, std::string_view text, Console& consol
               console);
 }
 
+void makeFolders(std::span<const std::string> files, bool asked, Console& console) {
+  for (const std::string& file : files) {
+    const fs::path folder = fs::path(file).parent_path();
+    std::error_code error;
+    if (file == "-" || folder.empty() || fs::exists(folder, error)) continue;
+    fs::create_directories(folder, error);
+    if (error) throw std::runtime_error("cannot make " + folder.string() + ": " + error.message());
+    if (!asked) console.err << "glyphwright: made the folder " << folder.string() << '\n';
+  }
+}
+
+std::string estimateText(double secondsGone, std::size_t done, std::size_t steps) {
+  const double rest = secondsGone / static_cast<double>(done) * static_cast<double>(steps - done);
+  constexpr double longest = 1e6;
+  if (!(rest < longest)) return "long";
+  const auto seconds = static_cast<long>(std::ceil(rest));
+  if (seconds < 100) return "about " + std::to_string(seconds) + " s";
+  return "about " + std::to_string((seconds + 59) / 60) + " min";
+}
+
 Progress::Progress(Console& console, std::string_view doing, std::size_t steps)
-    : console_(console), doing_(doing), steps_(steps), shown_(console.errIsTerminal && steps > 1) {}
+    : console_(console),
+      doing_(doing),
+      steps_(steps),
+      shown_(console.errIsTerminal && steps > 1),
+      begin_(Clock::now()) {}
 
 Progress::~Progress() {
-  clear();
+  // Carriage return, then erase to the end of the line.
+  if (shown_) console_.err << "\r\x1b[K" << std::flush;
 }
 
 void Progress::step() {
-  ++done_;
   if (!shown_) return;
-  clear();
-  console_.err << doing_ << ' ' << done_ << '/' << steps_ << std::flush;
+  const std::scoped_lock lock(mutex_);
+  ++done_;
+  constexpr auto often = std::chrono::milliseconds(50);
+  const Clock::time_point now = Clock::now();
+  if (now - written_ >= often) write(now);
 }
 
-void Progress::clear() {
-  // Carriage return, then erase to the end of the line.
-  if (shown_) console_.err << "\r\x1b[K" << std::flush;
+void Progress::write(Clock::time_point now) {
+  written_ = now;
+  console_.err << "\r\x1b[K" << doing_ << ' ' << done_ << '/' << steps_;
+  const double gone = std::chrono::duration<double>(now - begin_).count();
+  if (gone > 1 && done_ < steps_) console_.err << ", " << estimateText(gone, done_, steps_);
+  console_.err << std::flush;
 }
 
 }  // namespace glyphwright::cli

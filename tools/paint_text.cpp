@@ -1,6 +1,7 @@
 #include "paint_text.h"
 
 #include <array>
+#include <cmath>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -73,14 +74,6 @@ constexpr std::array<std::pair<std::string_view, IconGradient::Direction>, 4> di
     {"bottomLeftToTopRight", IconGradient::Direction::bottomLeftToTopRight},
 }};
 
-IconGradient::Direction directionFrom(const std::string& text) {
-  for (const auto& [name, direction] : directions) {
-    if (name == text) return direction;
-  }
-  refuse(text,
-         "a direction: topToBottom, leftToRight, topLeftToBottomRight or bottomLeftToTopRight");
-}
-
 }  // namespace
 
 UIColor colorFrom(const std::string& text) {
@@ -102,6 +95,17 @@ CGSize sizeFrom(const std::string& text) {
   return {*width, *height};
 }
 
+std::vector<CGSize> sizesFrom(const std::string& text) {
+  std::vector<CGSize> sizes;
+  for (const std::string& part : split(text, ',')) sizes.push_back(sizeFrom(part));
+  return sizes;
+}
+
+std::string textOfSize(CGSize size) {
+  const std::string width = textOf(size.width);
+  return size.width == size.height ? width : width + 'x' + textOf(size.height);
+}
+
 CGFloat scaleFrom(const std::string& text) {
   const auto scale = numberOf(text);
   if (!scale || !(*scale > 0)) refuse(text, "a scale: pixels per point, above 0");
@@ -121,6 +125,8 @@ IconStroke strokeFrom(const std::string& text) {
 
 IconBorder borderFrom(const std::string& text) {
   const auto [color, width] = colorAndWidth(text);
+  // The library would take the whole points of it and leave the rest.
+  if (width != std::floor(width)) refuse(text, "a ring of whole points, such as black:2");
   return {color, width};
 }
 
@@ -135,6 +141,14 @@ IconShadow shadowFrom(const std::string& text) {
   const auto blur = numberOf(parts[2]);
   if (!dx || !dy || !blur || *blur < 0) refuse(text, form);
   return {colorFrom(parts[0]), {*dx, *dy}, *blur};
+}
+
+IconGradient::Direction directionFrom(const std::string& text) {
+  for (const auto& [name, direction] : directions) {
+    if (name == text) return direction;
+  }
+  refuse(text,
+         "a direction: topToBottom, leftToRight, topLeftToBottomRight or bottomLeftToTopRight");
 }
 
 IconGradient gradientFrom(const std::string& text) {

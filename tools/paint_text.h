@@ -15,6 +15,10 @@ UIColor colorFrom(const std::string& text);
 
 /// `W` for a square or `WxH`, in points, above 0.
 CGSize sizeFrom(const std::string& text);
+/// `SIZE[,SIZE…]`.
+std::vector<CGSize> sizesFrom(const std::string& text);
+/// As `sizeFrom` reads it: "64", "64x32".
+std::string textOfSize(CGSize size);
 
 /// Pixels per point, above 0.
 CGFloat scaleFrom(const std::string& text);
@@ -23,6 +27,7 @@ std::vector<CGFloat> scalesFrom(const std::string& text);
 
 /// `C:W`, a colour and a width in points from 0.
 IconStroke strokeFrom(const std::string& text);
+/// The same, in whole points.
 IconBorder borderFrom(const std::string& text);
 
 /// `C:DX,DY:BLUR` in points; the blur from 0.
@@ -30,5 +35,6 @@ IconShadow shadowFrom(const std::string& text);
 
 /// `C,C[,C…][:DIRECTION]`; the direction is topToBottom unless given.
 IconGradient gradientFrom(const std::string& text);
+IconGradient::Direction directionFrom(const std::string& text);
 
 }  // namespace glyphwright::cli

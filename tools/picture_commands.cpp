@@ -8,14 +8,41 @@
 namespace glyphwright::cli {
 namespace {
 
+Compression compressionFrom(const std::string& text) {
+  if (text == "quick") return Compression::quick;
+  if (text == "small") return Compression::small;
+  throw UsageError("\"" + text + "\" is neither quick nor small");
+}
+
+/// How files are written.
+template <class Options>
+void addWriting(CLI::App& app, const std::shared_ptr<Options>& options) {
+  addParsed(
+      app, "--compression", "quick|small", compressionFrom,
+      [options](Compression compression) { options->compression = compression; },
+      "PNG files made quickly, unless given, or as small as can be, which takes many times as "
+      "long");
+  app.add_flag("--parents", options->parents,
+               "make folders that are missing without saying so on standard error");
+}
+
+template <class Options>
+void addJobs(CLI::App& app, const std::shared_ptr<Options>& options) {
+  app.add_option("--jobs", options->jobs,
+                 "threads, as many as cores unless given; the files are the "
+                 "same with any number")
+      ->check(CLI::Range(1, 1024).description(""))
+      ->type_name("N");
+}
+
 void addRender(CLI::App& program, std::optional<Command>& command) {
   CLI::App* const app = program.add_subcommand("render", "Render icons to image files");
   auto options = std::make_shared<RenderOptions>();
-  CLI::Option* const names = app->add_option("NAME", options->names, kNameHelp)->type_name("");
+  CLI::Option* const names = app->add_option("NAME", options->names, kNamesHelp)->type_name("");
   app->add_flag("--all", options->all, "every icon method, in place of names")->excludes(names);
   app->add_option("-o,--output", options->output,
                   "output ending in .png, .svg (the outline) or .rgba (premultiplied pixels); - is "
-                  "PNG on standard output; {name} and {scale} are replaced")
+                  "PNG on standard output; {name}, {size} and {scale} are replaced")
       ->required()
       ->type_name("FILE");
   addParsed(
@@ -23,6 +50,9 @@ void addRender(CLI::App& program, std::optional<Command>& command) {
       [options](std::vector<CGFloat> scales) { options->scales = std::move(scales); },
       "pixels per point, 1 unless given; several make a file for each");
   addPaint(*app, options->paint);
+  app->get_option("--size")->type_name("W[xH][,...]");
+  addWriting(*app, options);
+  addJobs(*app, options);
   app->footer(
       "Example:\n  glyphwright render facebookLogo -o logo.png --size 64 --scale 2 --fill "
       "'#3355ff' --drop-shadow '#0008:0,3:4'\n  glyphwright render --all -o "
@@ -40,7 +70,7 @@ void addSheet(CLI::App& program, std::optional<Command>& command) {
   CLI::App* const app =
       program.add_subcommand("sheet", "Render many icons into one labelled contact sheet");
   auto options = std::make_shared<SheetOptions>();
-  app->add_option("NAME", options->names, std::string(kNameHelp) + "; all methods unless given")
+  app->add_option("NAME", options->names, std::string(kNamesHelp) + "; all methods unless given")
       ->type_name("");
   app->add_option("-o,--output", options->output, "a .png file, or - for standard output")
       ->required()
@@ -52,6 +82,8 @@ void addSheet(CLI::App& program, std::optional<Command>& command) {
       ->check(CLI::Range(1, 1000).description(""))
       ->type_name("N");
   addPaint(*app, options->paint);
+  addWriting(*app, options);
+  addJobs(*app, options);
   app->callback([&command, options] { command = *options; });
 }
 
@@ -123,7 +155,9 @@ void addPreset(CLI::App& program, std::optional<Command>& command) {
           ->type_name("");
   app->add_flag("--all", options->all, "every ready-made image, in place of names")
       ->excludes(names);
-  app->add_flag("--list", options->list, "show the names and what each takes");
+  CLI::Option* const list =
+      app->add_flag("--list", options->list, "show the names and what each takes");
+  app->add_flag("--json", options->json, "with --list, as a JSON array")->needs(list);
   app->add_option("-o,--output", options->output,
                   "output ending in .png or .rgba; - is PNG on standard output; {name} and {scale} "
                   "are replaced")
@@ -141,6 +175,7 @@ void addPreset(CLI::App& program, std::optional<Command>& command) {
       *app, "--backgroundColor,--background-color", "C", colorFrom,
       [options](const UIColor& color) { options->backgroundColor = color; },
       "colour of the ground (shareIcon), clear unless given");
+  addWriting(*app, options);
   app->callback([&command, options] {
     if (!options->list) {
       if (options->names.empty() && !options->all) {

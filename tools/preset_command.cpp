@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <string_view>
 
+#include <nlohmann/json.hpp>
+
 #include <glyphwright/catalogue/resolve.h>
 #include <glyphwright/platform/vantel_kit.h>
 
@@ -60,6 +62,21 @@ void listPresets(std::ostream& out) {
   }
 }
 
+void listPresetsAsJson(std::ostream& out) {
+  using Json = nlohmann::ordered_json;
+  Json list = Json::array();
+  for (const Preset& preset : allPresets()) {
+    Json options = Json::array();
+    if (preset.usualSize) options.push_back("--size");
+    if (preset.takesFlags) options.insert(options.end(), {"--selected", "--withBackground"});
+    if (preset.takesBackgroundColor) options.push_back("--backgroundColor");
+    Json entry = {{"name", preset.name}, {"options", std::move(options)}};
+    if (preset.usualSize) entry["usualSize"] = {preset.usualSize->width, preset.usualSize->height};
+    list.push_back(std::move(entry));
+  }
+  out << list.dump(2) << '\n';
+}
+
 void draw(const Preset& preset, const PresetOptions& options, Console& console) {
   PresetArguments arguments;
   arguments.size = options.size.value_or(preset.usualSize.value_or(CGSize{}));
@@ -67,14 +84,15 @@ void draw(const Preset& preset, const PresetOptions& options, Console& console) 
   arguments.withBackground = options.withBackground;
   if (options.backgroundColor) arguments.backgroundColor = *options.backgroundColor;
   writeImage(preset.draw(arguments), preset.name,
-             expandPattern(options.output, preset.name, options.scale), options.format, console);
+             expandPattern(options.output, {preset.name, options.scale}), options.format, console,
+             options.compression);
 }
 
 }  // namespace
 
 int runPreset(const PresetOptions& options, Console& console) {
   if (options.list) {
-    listPresets(console.out);
+    options.json ? listPresetsAsJson(console.out) : listPresets(console.out);
     return statusDone;
   }
   std::vector<const Preset*> presets = presetsNamed(options.names);
@@ -88,25 +106,27 @@ int runPreset(const PresetOptions& options, Console& console) {
   refuseTerminal(options.output, options.format, console);
   std::set<std::string> files;
   for (const Preset* preset : presets) {
-    if (!files.insert(expandPattern(options.output, preset->name, options.scale)).second) {
+    if (!files.insert(expandPattern(options.output, {preset->name, options.scale})).second) {
       throw UsageError("more than one image would go to " + options.output +
                        ": use {name} in the name of the output");
     }
   }
+  makeFolders(std::vector(files.begin(), files.end()), options.parents, console);
   VantelKit::Screen::setScale(options.scale);
-  Progress progress(console, "drawing", presets.size());
-  int status = statusDone;
-  for (const Preset* preset : presets) {
-    progress.step();
-    try {
-      draw(*preset, options, console);
-    } catch (const std::runtime_error& error) {
-      progress.clear();
-      console.err << "glyphwright: " << error.what() << '\n';
-      status = statusFailed;
+  std::vector<std::string> errors;
+  {
+    Progress progress(console, "drawing", presets.size());
+    for (const Preset* preset : presets) {
+      try {
+        draw(*preset, options, console);
+      } catch (const std::runtime_error& error) {
+        errors.emplace_back(error.what());
+      }
+      progress.step();
     }
   }
-  return status;
+  for (const std::string& error : errors) console.err << "glyphwright: " << error << '\n';
+  return errors.empty() ? statusDone : statusFailed;
 }
 
 }  // namespace glyphwright::cli

@@ -8,6 +8,7 @@
 
 #include "console.h"
 #include "output.h"
+#include "png.h"
 
 namespace glyphwright::cli {
 
@@ -17,11 +18,16 @@ struct PresetOptions {
   bool all = false;
   /// Show the names in place of drawing.
   bool list = false;
+  /// The list as JSON.
+  bool json = false;
   /// A file, a pattern with {name} and {scale}, or "-".
   std::string output;
   OutputFormat format = OutputFormat::png;
   /// Pixels per point.
   CGFloat scale = 1;
+  Compression compression = Compression::quick;
+  /// Folders that are missing are made without a word.
+  bool parents = false;
   /// Absent: each image's own.
   std::optional<CGSize> size;
   bool selected = false;

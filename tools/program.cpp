@@ -1,5 +1,6 @@
 #include "program.h"
 
+#include <cerrno>
 #include <exception>
 #include <utility>
 
@@ -39,7 +40,8 @@ int run(std::vector<std::string> arguments, Console& console) {
   }
   console.out.flush();
   if (!console.out) {
-    console.err << "glyphwright: cannot write to standard output\n";
+    // A reader who has seen enough, such as `head`, needs no telling.
+    if (errno != EPIPE) console.err << "glyphwright: cannot write to standard output\n";
     return statusFailed;
   }
   return status;

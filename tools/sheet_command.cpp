@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
 #include <stdexcept>
 #include <string_view>
 
@@ -13,8 +14,8 @@
 #include "icon_names.h"
 #include "image_output.h"
 #include "label_font.h"
+#include "parallel.h"
 #include "pixel_sheet.h"
-#include "png.h"
 #include "usage_error.h"
 
 namespace glyphwright::cli {
@@ -93,47 +94,71 @@ UIColor labelColorOn(const UIColor& ground) {
   return UIColor::colorWithWhite(dark ? 0.75 : 0.35, 1);
 }
 
-void put(PixelSheet& sheet, const Layout& layout, std::size_t index, const NamedIcon& icon,
-         const SheetOptions& options) {
+UIImage pictureOf(const NamedIcon& icon, IconAttributes attributes) {
+  if (icon.icon.builder == nullptr) return {};
+  attributes.backgroundColor = UIColor::clearColor();  // the sheet's ground lies below
+  return imageOf(icon.icon.builder(), attributes);
+}
+
+void put(PixelSheet& sheet, const Layout& layout, std::size_t index, const std::string& name,
+         const UIImage& picture, const UIColor& labelColor) {
   const std::size_t left = layout.gap / 2 + index % layout.columns * layout.cellWidth;
   const std::size_t top = layout.gap + index / layout.columns * layout.cellHeight;
-  if (icon.icon.builder != nullptr) {
-    IconAttributes attributes = options.paint.attributes;
-    attributes.backgroundColor = UIColor::clearColor();  // the sheet's ground lies below
-    const UIImage image = imageOf(icon.icon.builder(), attributes);
-    const std::size_t free = layout.cellWidth - layout.iconWidth;
-    sheet.draw(image.cgImage(), left + free / 2, top);
+  if (picture.hasPixels()) {
+    sheet.draw(picture.cgImage(), left + (layout.cellWidth - layout.iconWidth) / 2, top);
   }
-  const UIColor color = labelColorOn(options.paint.attributes.backgroundColor);
   std::size_t y = top + layout.iconHeight + layout.gap;
-  for (const std::string_view line : linesOf(icon.name)) {
+  for (const std::string_view line : linesOf(name)) {
     const std::size_t width = labelWidth(line) * layout.magnification;
-    sheet.write(line, left + (layout.cellWidth - width) / 2, y, layout.magnification, color);
+    sheet.write(line, left + (layout.cellWidth - width) / 2, y, layout.magnification, labelColor);
     y += lineHeight * layout.magnification;
   }
+}
+
+/// The icons' images, on several threads.
+std::vector<UIImage> pictures(const std::vector<NamedIcon>& icons, const SheetOptions& options,
+                              Console& console) {
+  std::vector<UIImage> images(icons.size());
+  std::vector<std::exception_ptr> errors(icons.size());
+  Progress progress(console, "drawing", icons.size());
+  inParallel(icons.size(), threadsFor(options.jobs), [&](std::size_t i) {
+    try {
+      images[i] = pictureOf(icons[i], options.paint.attributes);
+    } catch (...) {
+      errors[i] = std::current_exception();
+    }
+    progress.step();
+  });
+  for (const std::exception_ptr& error : errors) {
+    if (error) std::rethrow_exception(error);
+  }
+  return images;
 }
 
 }  // namespace
 
 SheetOptions::SheetOptions() {
   paint.attributes.backgroundColor = UIColor::whiteColor();
-  paint.attributes.size = {48, 48};
+  paint.setSizes({{48, 48}});
 }
 
 int runSheet(const SheetOptions& options, Console& console) {
   if (formatOf(options.output) != OutputFormat::png) throw UsageError("a sheet is a .png file");
+  requireOnePicture(options.paint);
   refuseTerminal(options.output, OutputFormat::png, console);
   const std::vector<NamedIcon> icons =
-      options.names.empty() ? allIcons() : iconsNamed(options.names);
+      options.names.empty() ? allIcons() : iconsNamed(options.names, console.in);
   const Layout layout = layoutFor(options, icons);
   VantelKit::Screen::setScale(options.scale);
-  PixelSheet sheet(layout.width(), layout.height(), options.paint.attributes.backgroundColor);
-  Progress progress(console, "drawing", icons.size());
+  makeFolders({&options.output, 1}, options.parents, console);
+  const std::vector<UIImage> images = pictures(icons, options, console);
+  const UIColor& ground = options.paint.attributes.backgroundColor;
+  PixelSheet sheet(layout.width(), layout.height(), ground);
   for (std::size_t i = 0; i < icons.size(); ++i) {
-    progress.step();
-    put(sheet, layout, i, icons[i], options);
+    put(sheet, layout, i, icons[i].name, images[i], labelColorOn(ground));
   }
-  writeOutput(options.output, encodePng(sheet.width(), sheet.height(), sheet.rgba()), console);
+  writeOutput(options.output,
+              encodePng(sheet.width(), sheet.height(), sheet.rgba(), options.compression), console);
   return statusDone;
 }
 

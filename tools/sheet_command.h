@@ -5,7 +5,8 @@
 #include <vector>
 
 #include "console.h"
-#include "render_command.h"
+#include "paint.h"
+#include "png.h"
 
 namespace glyphwright::cli {
 
@@ -17,6 +18,11 @@ struct SheetOptions {
   /// Icons in a row; 0 chooses a sheet about as wide as high.
   std::size_t columns = 0;
   CGFloat scale = 2;
+  Compression compression = Compression::quick;
+  /// Threads; 0 stands for all cores.
+  std::size_t jobs = 0;
+  /// A folder that is missing is made without a word.
+  bool parents = false;
   /// The background is the sheet's ground, white unless given.
   Paint paint;
 

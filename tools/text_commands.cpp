@@ -43,7 +43,7 @@ void addInspect(CLI::App& program, std::optional<Command>& command) {
   CLI::App* const app = program.add_subcommand(
       "inspect", "Show the facts about outlines that an artist looks at: frame, contours, gaps");
   auto options = std::make_shared<InspectOptions>();
-  CLI::Option* const names = app->add_option("NAME", options->names, kNameHelp)->type_name("");
+  CLI::Option* const names = app->add_option("NAME", options->names, kNamesHelp)->type_name("");
   app->add_flag("--all", options->all, "every icon method, in place of names")->excludes(names);
   app->callback([&command, options] {
     if (options->names.empty() && !options->all) {

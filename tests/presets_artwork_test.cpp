@@ -122,16 +122,16 @@ TEST(PresetsArtwork, OutlinesStayInTheirFrames) {
     std::size_t contours;
   };
   const Extent extents[] = {
-      {"sticker", artwork::sticker, {0, 0, 18.56, 17.72}, 3},
-      {"stickerOnDisc", artwork::stickerOnDisc, {6.39, 6.81, 24.95, 24.53}, 3},
-      {"stickerLarge", artwork::stickerLarge, {0, 0, 27.09, 25.88}, 3},
+      {"sticker", artwork::sticker, {0, 0, 18.56, 17.72}, 5},
+      {"stickerOnDisc", artwork::stickerOnDisc, {6.39, 6.81, 24.95, 24.53}, 5},
+      {"stickerLarge", artwork::stickerLarge, {0, 0, 27.09, 25.88}, 5},
       {"stickerDisc", artwork::stickerDisc, {0, 0, 31.34, 31.34}, 1},
       {"gif", artwork::gif, {1, 4, 23, 20}, 4},
-      {"addressBook", artwork::addressBook, {0, 0, 23, 22.25}, 6},
+      {"addressBook", artwork::addressBook, {0, 0, 23, 22.25}, 3},
       {"record", artwork::record, {0, 0, 25, 25}, 4},
       {"beam", artwork::beam, {12.5, 2.5, 22.5, 17.5}, 1},
-      {"moodFlower", artwork::moodFlower, {0.5, 0.5, 14.5, 14.5}, 4},
-      {"moodFlowerOnDisc", artwork::moodFlowerOnDisc, {9.5, 9.5, 23.5, 23.5}, 4},
+      {"moodFlower", artwork::moodFlower, {0, 0.2, 14, 14.2}, 4},
+      {"moodFlowerOnDisc", artwork::moodFlowerOnDisc, {9, 9.2, 23, 23.2}, 4},
       {"moodFlowerLarge", artwork::moodFlowerLarge, {8, 8, 24, 24}, 4},
       {"pinChatBubble", artwork::pinChatBubble, {0, 2.5, 15.5, 17}, 3},
       {"watchRing", artwork::watchRing, {5.5, 5.55, 25.4, 25.45}, 2},
@@ -139,15 +139,14 @@ TEST(PresetsArtwork, OutlinesStayInTheirFrames) {
       {"videoCamera", artwork::videoCamera, {9, 13, 29, 25}, 2},
       {"heartUpright", artwork::heartUpright, {0, 1, 3.6, 4.9}, 1},
       {"heartLeaning", artwork::heartLeaning, {28.6, 9.4, 33, 15.2}, 1},
-      {"bow", artwork::bow, {12, 2, 22.7, 6.3}, 2},
+      {"bow", artwork::bow, {10.9, 1.3, 23.8, 6.3}, 2},
       {"giftBox", artwork::giftBox, {8.4, 6.31, 26.3, 18.17}, 1},
       {"giftShadow", artwork::giftShadow, {7.5, 17.2, 27.2, 19.3}, 1},
       {"copySign", artwork::copySign, {13, 13, 31, 31}, 3},
       {"rewardBodyLeft", artwork::rewardBodyLeft, {12, 24, 23, 40}, 1},
       {"rewardLidRight", artwork::rewardLidRight, {25, 17, 38, 22}, 1},
       {"rewardSparkleLarge", artwork::rewardSparkleLarge, {0, 0, 8, 8}, 1},
-      {"rewardSparkleMiddle", artwork::rewardSparkleMiddle, {0, 0, 6, 6}, 1},
-      {"rewardSparkleSmall", artwork::rewardSparkleSmall, {0, 0, 4, 4}, 1},
+      {"rewardSparkleSmall", artwork::rewardSparkleSmall, {1.5, 0, 6.83, 5.33}, 1},
   };
   for (const Extent& extent : extents) {
     SCOPED_TRACE(extent.name);

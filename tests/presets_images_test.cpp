@@ -183,7 +183,7 @@ int islands(const UIImage& image) {
 TEST(PresetsImages, PiecesOfOneColorStayApart) {
   const ScreenScale screen(4);
   EXPECT_EQ(islands(Banner::rewardIcon({48, 40})), 10);
-  EXPECT_EQ(islands(ActionBar::contactCardNormalIcon()), 4);
+  EXPECT_EQ(islands(ActionBar::contactCardNormalIcon()), 1);
   EXPECT_EQ(islands(ActionBar::stickerNormalIcon()), 2);
   EXPECT_EQ(islands(PinChat::pinChatStarParticleIcon()), 3);
 }

@@ -94,7 +94,7 @@ namespace artwork {
 inline constexpr auto moodFlowerOnDisc = moved(moodFlower, 9, 9);
 // 16 wide about the middle of the disc.
 inline constexpr auto moodFlowerLarge =
-    scaled(moodFlower, 16.0 / 14, 16.0 / 14, 16 - 7.5 * 16 / 14, 16 - 7.5 * 16 / 14);
+    scaled(moodFlower, 16.0 / 14, 16.0 / 14, 16 - 7.0 * 16 / 14, 16 - 7.2 * 16 / 14);
 
 }  // namespace artwork
 

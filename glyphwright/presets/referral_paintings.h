@@ -62,7 +62,7 @@ inline constexpr Piece referralRewardPieces[] = {
         {39.6, 8.0}, 0.1494001839707146, plain(artwork::rewardSparkleLarge), UIColor::whiteColor()},
     Turned{{-0.5, 2.06},
            -0.3321361566545209,
-           plain(artwork::rewardSparkleMiddle),
+           plain(artwork::rewardSparkleLarge),
            UIColor::whiteColor()},
     Turned{
         {5.5, 5.5}, -0.3321361566545209, plain(artwork::rewardSparkleSmall), UIColor::whiteColor()},

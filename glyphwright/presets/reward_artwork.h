@@ -1,6 +1,7 @@
 #pragma once
 
 #include <glyphwright/paths/outline.h>
+#include <glyphwright/presets/outline_copies.h>
 
 /// The gift of the reward banner, all in white; its pieces stay apart.
 namespace glyphwright::presets::artwork {
@@ -57,34 +58,54 @@ inline constexpr Step rewardLidRight[] = {
 
 /// The loops of the bow and the knot.
 inline constexpr Step rewardLoopLeft[] = {
-    move(21.61, 14),
-    curve(20.27, 16, 21.9, 15.1, 21.33, 16),
-    line(17.98, 16),
-    curve(13, 11.2, 15.11, 16, 13, 14),
-    curve(15.58, 8, 13, 9.3, 14.05, 8),
-    curve(21.61, 14, 17.69, 8, 20.27, 10.2),
+    // loop
+    move(22, 14.05),
+    curve(20.59, 16, 22, 15.26, 21.56, 16),
+    line(18.13, 16),
+    curve(13.2, 11.16, 15.49, 16, 13.2, 14.05),
+    curve(15.75, 8.19, 13.2, 9.3, 14.17, 8.19),
+    curve(22, 14.05, 18.74, 8.19, 22, 10.79),
+    close(),
+    // its inside, counter-wound
+    move(19, 13.58),
+    curve(19.27, 13.3, 19.15, 13.58, 19.27, 13.46),
+    curve(19.25, 13.2, 19.27, 13.27, 19.27, 13.23),
+    curve(15.7, 10.7, 18.65, 11.73, 17.06, 10.7),
+    curve(15.06, 11.44, 15.24, 10.7, 15.06, 10.98),
+    curve(17.64, 13.58, 15.06, 12.65, 16.07, 13.58),
+    line(19, 13.58),
     close(),
 };
 
 inline constexpr Step rewardLoopRight[] = {
-    move(26.39, 14),
-    curve(32.42, 8, 27.73, 10.2, 30.31, 8),
-    curve(35, 11.2, 33.95, 8, 35, 9.3),
-    curve(30.02, 16, 35, 14, 32.89, 16),
-    line(27.73, 16),
-    curve(26.39, 14, 26.67, 16, 26.1, 15.1),
+    // loop
+    move(26, 14.05),
+    curve(32.25, 8.19, 26, 10.79, 29.26, 8.19),
+    curve(34.8, 11.16, 33.83, 8.19, 34.8, 9.3),
+    curve(29.87, 16, 34.8, 14.05, 32.51, 16),
+    line(27.41, 16),
+    curve(26, 14.05, 26.44, 16, 26, 15.26),
+    close(),
+    // its inside, counter-wound
+    move(29, 13.58),
+    line(30.36, 13.58),
+    curve(32.94, 11.44, 31.93, 13.58, 32.94, 12.65),
+    curve(32.3, 10.7, 32.94, 10.98, 32.76, 10.7),
+    curve(28.75, 13.2, 30.94, 10.7, 29.35, 11.73),
+    curve(28.73, 13.3, 28.73, 13.23, 28.73, 13.27),
+    curve(29, 13.58, 28.73, 13.46, 28.85, 13.58),
     close(),
 };
 
 inline constexpr Step rewardKnot[] = {
-    move(22.6, 13.5), curve(23.5, 12.6, 22.6, 13, 23, 12.6),
-    line(24.5, 12.6), curve(25.4, 13.5, 25, 12.6, 25.4, 13),
-    line(25.4, 14.5), curve(24.5, 15.4, 25.4, 15, 25, 15.4),
-    line(23.5, 15.4), curve(22.6, 14.5, 23, 15.4, 22.6, 15),
-    line(22.6, 13.5), close(),
+    move(22.9, 10.1), curve(23.6, 9.4, 22.9, 9.71, 23.21, 9.4),
+    line(24.4, 9.4),  curve(25.1, 10.1, 24.79, 9.4, 25.1, 9.71),
+    line(25.1, 15.3), curve(24.4, 16, 25.1, 15.69, 24.79, 16),
+    line(23.6, 16),   curve(22.9, 15.3, 23.21, 16, 22.9, 15.69),
+    line(22.9, 10.1), close(),
 };
 
-/// Sparkles, each in a square of its own at the origin: 8, 6 and 4 wide.
+/// A sparkle of 8 × 8 at the origin.
 inline constexpr Step rewardSparkleLarge[] = {
     move(8, 4),
     curve(7.78, 4.29, 8, 4.13, 7.91, 4.25),
@@ -102,38 +123,8 @@ inline constexpr Step rewardSparkleLarge[] = {
     close(),
 };
 
-inline constexpr Step rewardSparkleMiddle[] = {
-    move(6, 3),
-    curve(5.79, 3.29, 6, 3.13, 5.92, 3.25),
-    curve(3.29, 5.79, 4.53, 3.69, 3.69, 4.53),
-    curve(3, 6, 3.25, 5.92, 3.13, 6),
-    curve(2.71, 5.79, 2.87, 6, 2.75, 5.92),
-    curve(0.21, 3.29, 2.31, 4.53, 1.47, 3.69),
-    curve(0, 3, 0.08, 3.25, 0, 3.13),
-    curve(0.21, 2.71, 0, 2.87, 0.08, 2.75),
-    curve(2.71, 0.21, 1.47, 2.31, 2.31, 1.47),
-    curve(3, 0, 2.75, 0.08, 2.87, 0),
-    curve(3.29, 0.21, 3.13, 0, 3.25, 0.08),
-    curve(5.79, 2.71, 3.69, 1.47, 4.53, 2.31),
-    curve(6, 3, 5.92, 2.75, 6, 2.87),
-    close(),
-};
-
-inline constexpr Step rewardSparkleSmall[] = {
-    move(4, 2),
-    curve(3.81, 2.28, 4, 2.12, 3.92, 2.23),
-    curve(2.28, 3.81, 3.08, 2.57, 2.57, 3.08),
-    curve(2, 4, 2.23, 3.92, 2.12, 4),
-    curve(1.72, 3.81, 1.88, 4, 1.77, 3.92),
-    curve(0.19, 2.28, 1.43, 3.08, 0.92, 2.57),
-    curve(0, 2, 0.08, 2.23, 0, 2.12),
-    curve(0.19, 1.72, 0, 1.88, 0.08, 1.77),
-    curve(1.72, 0.19, 0.92, 1.43, 1.43, 0.92),
-    curve(2, 0, 1.77, 0.08, 1.88, 0),
-    curve(2.28, 0.19, 2.12, 0, 2.23, 0.08),
-    curve(3.81, 1.72, 2.57, 0.92, 3.08, 1.43),
-    curve(4, 2, 3.92, 1.77, 4, 1.88),
-    close(),
-};
+/// One two thirds as large, 1.5 to the right of the origin, so that it stays apart from its
+/// neighbour.
+inline constexpr auto rewardSparkleSmall = scaled(rewardSparkleLarge, 2.0 / 3, 2.0 / 3, 1.5);
 
 }  // namespace glyphwright::presets::artwork

@@ -1,7 +1,8 @@
-// Gradients in every direction against colours worked out pixel by pixel.
+// Gradients of every kind, direction and size against colours worked out at each pixel's centre.
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -10,6 +11,7 @@
 #include <glyphwright/platform/context_stack.h>
 #include <glyphwright/platform/graphics_context.h>
 #include <glyphwright/platform/image.h>
+#include <glyphwright/platform/layers/gradient_layer.h>
 
 #include "pixels.h"
 
@@ -19,10 +21,6 @@ namespace {
 using pixels::at;
 using pixels::Rgba;
 
-constexpr CGSize kSize{61, 37};
-constexpr double kMiddleX = 30.5;
-constexpr double kMiddleY = 18.5;
-
 // With a hard edge in the middle and strengths that change.
 CGGradient gradientWithEdge() {
   return CGGradient({{0, CGColor(1, 0.1, 0, 1)},
@@ -31,59 +29,171 @@ CGGradient gradientWithEdge() {
                      {1, CGColor(1, 1, 0, 1)}});
 }
 
-// The premultiplied colour at `t` in levels of 255.
-std::vector<double> colorAt(const CGGradient& gradient, double t) {
-  const auto stops = gradient.stops();
-  std::size_t next = 0;
-  while (next < stops.size() && stops[next].location <= t) ++next;
-  const auto& a = stops[next == 0 ? 0 : next - 1];
-  const auto& b = stops[std::min(next, stops.size() - 1)];
-  const double part = a.location < b.location ? (t - a.location) / (b.location - a.location) : 0;
-  const auto mix = [&](double from, double to) { return from + (to - from) * part; };
-  const double alpha = mix(a.color.alpha(), b.color.alpha()) * 255;
-  return {mix(a.color.red(), b.color.red()) * alpha, mix(a.color.green(), b.color.green()) * alpha,
-          mix(a.color.blue(), b.color.blue()) * alpha, alpha};
+// In unit coordinates of a picture.
+struct Drawn {
+  std::string type;
+  CGPoint start;
+  CGPoint end;
+  CGSize size;
+  CGFloat scale;
+  std::vector<CGFloat> locations;
+
+  Drawn mirrored() const {
+    Drawn other = *this;
+    other.start.x = 1 - start.x;
+    other.end.x = 1 - end.x;
+    return other;
+  }
+  CGPoint inPicture(CGPoint unit) const { return {unit.x * size.width, unit.y * size.height}; }
+  std::vector<CGGradient::Stop> stops() const {
+    std::vector<CGGradient::Stop> all;
+    const CGGradient gradient = gradientWithEdge();
+    for (const CGGradient::Stop& stop : gradient.stops()) {
+      all.push_back({locations[all.size()], stop.color});
+    }
+    return all;
+  }
+
+  UIImage byContext() const {
+    contexts::Scope scope(size, false, scale, false);
+    const CGGradient gradient(stops());
+    const CGPoint from = inPicture(start);
+    const CGPoint to = inPicture(end);
+    if (type == kCAGradientLayerRadial) {
+      CGContextTranslateCTM(scope.context(), from.x, from.y);
+      CGContextScaleCTM(scope.context(), std::fabs(to.x - from.x), std::fabs(to.y - from.y));
+      CGContextDrawRadialGradient(scope.context(), gradient, {}, 1);
+    } else if (type == kCAGradientLayerConic) {
+      CGContextDrawConicGradient(scope.context(), gradient, from,
+                                 std::atan2(to.y - from.y, to.x - from.x));
+    } else {
+      CGContextDrawLinearGradient(scope.context(), gradient, from, to,
+                                  CGGradientDrawingOptions::drawsBeforeAndAfter);
+    }
+    return scope.image();
+  }
+
+  UIImage byLayer() const {
+    const auto layer = CAGradientLayer::layer();
+    std::vector<CGColor> colors;
+    for (const CGGradient::Stop& stop : stops()) colors.push_back(stop.color);
+    layer->setFrame({{}, size});
+    layer->setColors(colors);
+    layer->setLocations(locations);
+    layer->setStartPoint(start);
+    layer->setEndPoint(end);
+    layer->setType(type);
+    contexts::Scope scope(size, false, scale, false);
+    layer->renderInContext(scope.context());
+    return scope.image();
+  }
+
+  double placeAt(std::size_t column, std::size_t row) const {
+    const CGPoint from = inPicture(start);
+    const CGPoint to = inPicture(end);
+    const double x = (static_cast<double>(column) + 0.5) / scale - from.x;
+    const double y = (static_cast<double>(row) + 0.5) / scale - from.y;
+    const double dx = to.x - from.x;
+    const double dy = to.y - from.y;
+    if (type == kCAGradientLayerRadial) return std::hypot(x / dx, y / dy);
+    if (type == kCAGradientLayerConic) {
+      const double turns = (std::atan2(y, x) - std::atan2(dy, dx)) / (2 * std::numbers::pi);
+      return turns - std::floor(turns);
+    }
+    return (x * dx + y * dy) / (dx * dx + dy * dy);
+  }
+
+  // The premultiplied colour at a place in levels of 255.
+  std::vector<double> colorAt(double place) const {
+    const std::vector<CGGradient::Stop> all = stops();
+    std::size_t next = 0;
+    while (next < all.size() && locations[next] <= place) ++next;
+    const CGGradient::Stop& a = all[next == 0 ? 0 : next - 1];
+    const CGGradient::Stop& b = all[std::min(next, all.size() - 1)];
+    const double part =
+        a.location < b.location ? (place - a.location) / (b.location - a.location) : 0;
+    const auto mix = [&](double before, double after) { return before + (after - before) * part; };
+    const double alpha = mix(a.color.alpha(), b.color.alpha()) * 255;
+    return {mix(a.color.red(), b.color.red()) * alpha,
+            mix(a.color.green(), b.color.green()) * alpha,
+            mix(a.color.blue(), b.color.blue()) * alpha, alpha};
+  }
+
+  // Where rounding may decide for either side of a jump.
+  bool isOnJump(double place) const {
+    const auto isAt = [&](double jump) { return std::fabs(place - jump) < 1e-9; };
+    return isAt(locations[1]) || (type == kCAGradientLayerConic && (isAt(0) || isAt(1)));
+  }
+
+  void expectExact(const UIImage& image, const std::string& name) const {
+    SCOPED_TRACE(testing::Message() << type << name << " to " << end.x << ", " << end.y << " at "
+                                    << size.width << " x " << size.height);
+    // A colour is rounded to 1/64 levels, then to levels.
+    constexpr double kOff = 0.5 + 1.0 / 128 + 0.001;
+    for (std::size_t y = 0; y < image.cgImage().pixelHeight(); ++y) {
+      for (std::size_t x = 0; x < image.cgImage().pixelWidth(); ++x) {
+        if (isOnJump(placeAt(x, y))) continue;
+        const Rgba pixel = at(image, x, y);
+        const std::vector<double> want = colorAt(placeAt(x, y));
+        ASSERT_NEAR(pixel.red, want[0], kOff) << x << ", " << y;
+        ASSERT_NEAR(pixel.green, want[1], kOff) << x << ", " << y;
+        ASSERT_NEAR(pixel.blue, want[2], kOff) << x << ", " << y;
+        ASSERT_NEAR(pixel.alpha, want[3], kOff) << x << ", " << y;
+      }
+    }
+  }
+};
+
+TEST(RasterGradients, EachPixelHasTheColourAtItsCentreAndAMirrorImageMirrorsIt) {
+  const CGSize sizes[] = {{1, 1}, {16, 16}, {23, 40}, {61, 37}, {192, 3}};
+  for (const std::string_view type :
+       {kCAGradientLayerAxial, kCAGradientLayerRadial, kCAGradientLayerConic}) {
+    // Right angles are in the list: rows of one colour, and rows that are all alike.
+    for (int angle = 0; angle < 360; angle += 15) {
+      const double turn = angle * std::numbers::pi / 180;
+      const double dx = angle % 180 == 90 ? 0 : std::cos(turn) / 2;
+      const double dy = angle % 180 == 0 ? 0 : std::sin(turn) / 2;
+      if (type == kCAGradientLayerRadial && angle % 90 == 0) continue;
+      for (const CGSize& size : sizes) {
+        Drawn drawn{std::string(type),          {0.5 - dx / 4, 0.5 - dy / 4},
+                    {0.5 + dx, 0.5 + dy},       size,
+                    angle % 2 == 0 ? 1.0 : 2.0, {0, 0.5, 0.5, 1}};
+        const UIImage image = drawn.byContext();
+        drawn.expectExact(image, "");
+        if (type != kCAGradientLayerConic) {  // whose mirror image turns the other way
+          const UIImage mirror = drawn.mirrored().byContext();
+          const std::size_t width = image.cgImage().pixelWidth();
+          for (std::size_t y = 0; y < image.cgImage().pixelHeight(); ++y) {
+            for (std::size_t x = 0; x < width; ++x) {
+              if (drawn.isOnJump(drawn.placeAt(x, y))) continue;
+              ASSERT_EQ(at(image, x, y), at(mirror, width - 1 - x, y)) << type << ", " << angle;
+            }
+          }
+        }
+        // Layers keep locations outside 0…1.
+        drawn.locations = {-0.5, 0.3, 0.3, 1.5};
+        drawn.expectExact(drawn.byLayer(), " layer");
+      }
+    }
+  }
 }
 
-TEST(RasterGradients, EveryDirectionShowsTheColoursOfItsPlaces) {
-  const CGGradient gradient = gradientWithEdge();
-  constexpr double length = 24;
-  // 90 degrees and its multiples are in the list: rows of one colour, and rows that are all alike.
-  for (int angle = 0; angle < 360; angle += 15) {
-    for (const bool runsOn : {true, false}) {
-      const double turn = angle * 3.14159265358979323846 / 180;
-      const double dx = angle % 180 == 90 ? 0 : std::cos(turn);
-      const double dy = angle % 180 == 0 ? 0 : std::sin(turn);
-      contexts::Scope scope(kSize, false, 1, false);
-      CGContextDrawLinearGradient(
-          scope.context(), gradient, {kMiddleX - dx * length / 2, kMiddleY - dy * length / 2},
-          {kMiddleX + dx * length / 2, kMiddleY + dy * length / 2},
-          runsOn ? CGGradientDrawingOptions::drawsBeforeAndAfter : CGGradientDrawingOptions::none);
-      const UIImage image = scope.image();
-      for (std::size_t y = 0; y < 37; ++y) {
-        for (std::size_t x = 0; x < 61; ++x) {
-          const double along = (static_cast<double>(x) + 0.5 - kMiddleX) * dx +
-                               (static_cast<double>(y) + 0.5 - kMiddleY) * dy;
-          const double t = along / length + 0.5;
-          // Within a quarter pixel of an edge either side will do.
-          const double edges[] = {0, 0.5, 1};
-          const bool isNearEdge = std::any_of(std::begin(edges), std::end(edges), [&](double e) {
-            return std::fabs(t - e) * length < 0.26;
-          });
-          if (isNearEdge) continue;
-          const Rgba pixel = at(image, x, y);
-          if (!runsOn && (t < 0 || t > 1)) {
-            ASSERT_EQ(pixel, pixels::kNone) << angle << " degrees at " << x << ", " << y;
-            continue;
-          }
-          // Colour and strength change by 1.6 × 255 levels in 12 pixels at most; a quarter pixel
-          // makes up to 9 of that.
-          const std::vector<double> want = colorAt(gradient, t);
-          ASSERT_NEAR(pixel.red, want[0], 9) << angle << " degrees at " << x << ", " << y;
-          ASSERT_NEAR(pixel.green, want[1], 9) << angle << " degrees at " << x << ", " << y;
-          ASSERT_NEAR(pixel.blue, want[2], 9) << angle << " degrees at " << x << ", " << y;
-          ASSERT_NEAR(pixel.alpha, want[3], 9) << angle << " degrees at " << x << ", " << y;
-        }
+TEST(RasterGradients, NothingIsDrawnBeyondEndsThatDoNotRunOn) {
+  for (const CGPoint end : {CGPoint{30, 20}, CGPoint{10, 30}, CGPoint{33, 37}}) {
+    contexts::Scope scope({40, 40}, false, 1, false);
+    CGContextDrawLinearGradient(scope.context(), gradientWithEdge(), {10, 20}, end,
+                                CGGradientDrawingOptions::none);
+    const UIImage image = scope.image();
+    const double dx = end.x - 10;
+    const double dy = end.y - 20;
+    for (std::size_t y = 0; y < 40; ++y) {
+      for (std::size_t x = 0; x < 40; ++x) {
+        const double along =
+            (static_cast<double>(x) - 9.5) * dx + (static_cast<double>(y) - 19.5) * dy;
+        const double length = dx * dx + dy * dy;
+        if (along == 0 || along == length) continue;  // rounding may decide for either
+        ASSERT_EQ(at(image, x, y) != pixels::kNone, along > 0 && along < length)
+            << x << ", " << y << " to " << end.x << ", " << end.y;
       }
     }
   }

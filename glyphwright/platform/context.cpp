@@ -233,6 +233,10 @@ void paintGradient(CGContextRef context, const Source& source) {
   if (!paint.isClear()) context->paintArea(context->state.clip.bounds, paint, false);
 }
 
+const raster::Kernels& loops() {
+  return *raster::threadScratch().kernels;
+}
+
 bool canPaint(CGContextRef context) {
   return context != nullptr && !context->state.clip.bounds.isEmpty();
 }
@@ -243,7 +247,7 @@ void CGContextDrawLinearGradient(CGContextRef context, const CGGradient& gradien
                                  CGPoint end, CGGradientDrawingOptions options) {
   if (!canPaint(context)) return;
   paintGradient(context, raster::LinearGradientSource(gradient, start, end, options,
-                                                      context->state.ctm, raster::threadScratch()));
+                                                      context->state.ctm, loops()));
 }
 
 void contexts::fillWithLinearGradient(CGContext& context, const CGPath& path,
@@ -253,7 +257,7 @@ void contexts::fillWithLinearGradient(CGContext& context, const CGPath& path,
   context.pendingPath = {};
   if (path.isEmpty() || !canPaint(&context)) return;
   const raster::LinearGradientSource source(gradient, start, end, options, context.state.ctm,
-                                            raster::threadScratch());
+                                            loops());
   if (!source.isDrawable()) return;
   const Paint paint = sourcePaint(source, context.state.alpha);
   if (paint.isClear()) return;
@@ -265,15 +269,15 @@ void contexts::fillWithLinearGradient(CGContext& context, const CGPath& path,
 void CGContextDrawRadialGradient(CGContextRef context, const CGGradient& gradient, CGPoint center,
                                  CGFloat radius) {
   if (!canPaint(context)) return;
-  paintGradient(context, raster::RadialGradientSource(gradient, center, radius, context->state.ctm,
-                                                      raster::threadScratch()));
+  paintGradient(
+      context, raster::RadialGradientSource(gradient, center, radius, context->state.ctm, loops()));
 }
 
 void CGContextDrawConicGradient(CGContextRef context, const CGGradient& gradient, CGPoint center,
                                 CGFloat angle) {
   if (!canPaint(context)) return;
-  paintGradient(context, raster::ConicGradientSource(gradient, center, angle, context->state.ctm,
-                                                     raster::threadScratch()));
+  paintGradient(context,
+                raster::ConicGradientSource(gradient, center, angle, context->state.ctm, loops()));
 }
 
 void CGContextDrawImage(CGContextRef context, const CGRect& rect, const UIImage& image,

@@ -1,6 +1,7 @@
 #include <glyphwright/platform/gradient.h>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace glyphwright {
@@ -13,9 +14,12 @@ CGFloat unit(CGFloat value) {
 
 }  // namespace
 
-CGGradient::CGGradient(std::vector<Stop> stops) : stops_(std::move(stops)) {
+CGGradient::CGGradient(std::vector<Stop> stops, Locations locations) : stops_(std::move(stops)) {
+  const CGFloat least = locations == Locations::kept ? -kFarthestLocation : 0;
+  const CGFloat most = locations == Locations::kept ? kFarthestLocation : 1;
   for (Stop& stop : stops_) {
-    stop.location = unit(stop.location);
+    const CGFloat location = std::isnan(stop.location) ? 0 : stop.location;
+    stop.location = std::clamp(location, least, most);
     const UIColor& color = stop.color;
     stop.color = UIColor(unit(color.red()), unit(color.green()), unit(color.blue()), color.alpha());
   }

@@ -26,17 +26,22 @@ constexpr bool contains(CGGradientDrawingOptions set, CGGradientDrawingOptions o
   return (static_cast<std::uint32_t>(set) & static_cast<std::uint32_t>(option)) != 0;
 }
 
-/// Colours at locations from 0 to 1 along a line, interpolated on encoded components that are not
+/// Colours at locations along a line from 0 to 1, interpolated on encoded components that are not
 /// premultiplied. Immutable; equal locations make a hard edge.
 class CGGradient {
  public:
   struct Stop {
-    CGFloat location;  // 0…1, never below the one before
+    CGFloat location;  // 0…1 unless kept, never below the one before
     CGColor color;     // components clamped to 0…1
   };
 
-  /// Locations clamped to 0…1 (NaN is 0) and stably sorted.
-  explicit CGGradient(std::vector<Stop> stops);
+  /// What becomes of locations outside 0…1, which a band that moves through passes.
+  enum class Locations : std::uint8_t { clamped, kept };
+  /// As far out as a location is kept.
+  static constexpr CGFloat kFarthestLocation = 1e6;
+
+  /// Locations clamped to 0…1 or to ±kFarthestLocation (NaN is 0) and stably sorted.
+  explicit CGGradient(std::vector<Stop> stops, Locations locations = Locations::clamped);
 
   std::span<const Stop> stops() const { return stops_; }
 

@@ -48,7 +48,7 @@ void CAGradientLayer::drawPart(LayerPart part, CGContextRef context, CGFloat alp
         gradient_.locations ? (*gradient_.locations)[i] : static_cast<CGFloat>(i) / last;
     stops.push_back({location, colors[i].colorWithAlphaComponent(colors[i].alpha() * alpha)});
   }
-  drawGradient(context, CGGradient(std::move(stops)));
+  drawGradient(context, CGGradient(std::move(stops), CGGradient::Locations::kept));
 }
 
 void CAGradientLayer::drawGradient(CGContextRef context, const CGGradient& gradient) const {

@@ -29,7 +29,8 @@ class CAGradientLayer : public CALayer {
   void setColors(std::optional<std::vector<CGColor>> colors) {
     gradient_.colors = std::move(colors);
   }
-  /// One for each colour, 0 to 1; none spreads the colours evenly.
+  /// One for each colour, along 0 to 1; those outside are kept, so that a band can run in and out.
+  /// None spreads the colours evenly.
   const std::optional<std::vector<CGFloat>>& locations() const { return gradient_.locations; }
   void setLocations(std::optional<std::vector<CGFloat>> locations) {
     gradient_.locations = std::move(locations);

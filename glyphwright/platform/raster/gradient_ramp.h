@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -9,40 +10,37 @@
 
 namespace glyphwright::raster {
 
-/// The colours of a gradient at evenly spaced places, premultiplied and rounded once. It refers to
-/// the gradient.
+/// The colours of a gradient at any place, premultiplied and rounded once; four bytes in memory
+/// order. Before the first stop and at no number (NaN) it is the first colour, from the last stop
+/// on the last one.
 class GradientRamp {
  public:
-  /// `devicePixels` is the gradient's length on the device; the ramp is twice as fine, within
-  /// 32…4096 entries, so that a hard edge lies within a quarter pixel.
-  GradientRamp(const CGGradient& gradient, double devicePixels, const Kernels& kernels);
+  /// As many places as `readEach` takes at once.
+  static constexpr std::size_t kAtOnce = 64;
 
-  std::uint32_t size() const { return size_; }
-  /// The entries of the locations origin + step × i for i from `index` on, in units of entries;
-  /// beyond the ends, exactly the first and the last colour. NaN gives the first. Four bytes in
-  /// memory order.
+  GradientRamp(const CGGradient& gradient, const Kernels& kernels);
+
+  /// The colours at the places origin + step × i for i from `index` on.
   void read(double origin, double step, int index, std::span<std::uint32_t> pixels);
-  /// Works out all entries into `memory`, which stays in use: the first colour, all in order, the
-  /// last one.
-  Ramp table(std::vector<std::uint32_t>& memory);
+  /// The colours at places in any order, which are overwritten.
+  void readEach(double (&places)[kAtOnce], std::span<std::uint32_t> pixels);
 
  private:
   // The colours between two stops, or beyond the ends.
-  struct Stretch : ColorStretch {
-    double until = 0;  // the location where the next one begins
+  struct Stretch {
+    double from;
+    double until;  // where the next one begins
+    double perUnit = 0;
+    ColorStretch colors;
 
     bool holds(double place) const { return place >= from && place < until; }
+    double partAt(double place) const { return (place - from) * perUnit; }
   };
-  void enter(std::size_t stretch);
-  void enterAt(double place);
+  const Stretch& stretchAt(double place);
 
-  std::span<const CGGradient::Stop> stops_;
+  std::vector<Stretch> stretches_;
   const Kernels& kernels_;
-  std::uint32_t size_;
-  std::uint32_t first_;
-  std::uint32_t last_;
-  std::size_t next_ = 0;  // the stop that ends the stretch
-  Stretch stretch_;
+  std::size_t current_ = 0;
 };
 
 }  // namespace glyphwright::raster

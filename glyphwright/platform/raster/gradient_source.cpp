@@ -14,25 +14,39 @@ bool isInvertible(const CGAffineTransform& t) {
   return determinant != 0 && std::isfinite(determinant);
 }
 
-// The longest that a unit length becomes under the transform, within a factor of √2.
-double stretch(const CGAffineTransform& t) {
-  return std::sqrt(std::max(t.a * t.a + t.b * t.b, t.c * t.c + t.d * t.d));
+// Rows of pixels need not lie at whole words, so colours go through a few words of their own.
+template <typename Read>
+void putColors(std::size_t count, std::uint8_t* rgba, const Read& read) {
+  std::uint32_t colors[GradientRamp::kAtOnce];
+  for (std::size_t from = 0; from < count; from += GradientRamp::kAtOnce) {
+    const std::span<std::uint32_t> some(colors, std::min(count - from, GradientRamp::kAtOnce));
+    read(from, some);
+    std::memcpy(rgba + from * 4, colors, some.size_bytes());
+  }
 }
 
-// A table's entry for a place counted from its first one, which stands for all before.
-std::uint32_t entryOf(const Ramp& table, double place) {
-  const double atLeast = place > 0 ? place : 0;
-  return table.entries[static_cast<std::size_t>(atLeast < table.last ? atLeast : table.last)];
+// The colours at places that are worked out from points, from the centre of the pixel at x, y on.
+template <typename Place>
+void putEach(GradientRamp& ramp, const CGAffineTransform& t, int x, int y, std::size_t count,
+             std::uint8_t* rgba, const Place& place) {
+  const CGPoint row{t.c * (y + 0.5) + t.tx, t.d * (y + 0.5) + t.ty};
+  putColors(count, rgba, [&](std::size_t from, std::span<std::uint32_t> some) {
+    double places[GradientRamp::kAtOnce];
+    for (std::size_t i = 0; i < some.size(); ++i) {
+      const double column = x + static_cast<double>(from + i) + 0.5;
+      places[i] = place(t.a * column + row.x, t.b * column + row.y);
+    }
+    ramp.readEach(places, some);
+  });
 }
 
 }  // namespace
 
 LinearGradientSource::LinearGradientSource(const CGGradient& gradient, CGPoint start, CGPoint end,
                                            CGGradientDrawingOptions options,
-                                           const CGAffineTransform& toDevice, Scratch& scratch)
-    : ramp_(gradient, stretch(toDevice) * math::hypot(end.x - start.x, end.y - start.y),
-            *scratch.kernels),
-      kernels_(*scratch.kernels),
+                                           const CGAffineTransform& toDevice,
+                                           const Kernels& kernels)
+    : ramp_(gradient, kernels),
       before_(contains(options, CGGradientDrawingOptions::drawsBeforeStartLocation)),
       after_(contains(options, CGGradientDrawingOptions::drawsAfterEndLocation)) {
   const double dx = end.x - start.x;
@@ -43,13 +57,11 @@ LinearGradientSource::LinearGradientSource(const CGGradient& gradient, CGPoint s
     return;
   }
   const CGAffineTransform inverse = CGAffineTransformInvert(toDevice);
-  const double perUnit = ramp_.size() / square;
-  perColumn_ = (inverse.a * dx + inverse.b * dy) * perUnit;
-  perRow_ = (inverse.c * dx + inverse.d * dy) * perUnit;
+  perColumn_ = (inverse.a * dx + inverse.b * dy) / square;
+  perRow_ = (inverse.c * dx + inverse.d * dy) / square;
   const CGPoint corner = CGPointApplyAffineTransform({0.5, 0.5}, inverse);
-  base_ = ((corner.x - start.x) * dx + (corner.y - start.y) * dy) * perUnit;
+  base_ = ((corner.x - start.x) * dx + (corner.y - start.y) * dy) / square;
   drawable_ = std::isfinite(base_) && std::isfinite(perColumn_) && std::isfinite(perRow_);
-  if (perColumn_ != 0) table_ = ramp_.table(scratch.ramp);
 }
 
 PixelSource::Rows LinearGradientSource::rows() const {
@@ -58,11 +70,7 @@ PixelSource::Rows LinearGradientSource::rows() const {
 }
 
 void LinearGradientSource::rowColors(int y, std::span<std::uint32_t> pixels) const {
-  ramp_.read(base_, perRow_, y, pixels);
-  if (before_ && after_) return;
-  for (std::size_t i = 0; i < pixels.size(); ++i) {
-    if (isOutside(base_ + perRow_ * (y + static_cast<double>(i)))) pixels[i] = 0;
-  }
+  colors(base_, perRow_, y, pixels);
 }
 
 void LinearGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const {
@@ -71,69 +79,53 @@ void LinearGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t*
     rowColors(y, {&pixel, 1});
     return fillPixels(rgba, count, solidColor(pixel));
   }
-  const double first = base_ + perColumn_ * x + perRow_ * y;
-  // The table's second entry is the first one within the gradient.
-  kernels_.rampPixels(rgba, table_, first + 1, perColumn_, count);
-  if (!before_ || !after_) clearOutside(first, count, rgba);
+  const double row = base_ + perRow_ * y;
+  putColors(count, rgba, [&](std::size_t from, std::span<std::uint32_t> some) {
+    colors(row, perColumn_, x + static_cast<int>(from), some);
+  });
 }
 
-// Entries rise or fall along the row: what lies outside begins at its ends.
-void LinearGradientSource::clearOutside(double first, std::size_t count, std::uint8_t* rgba) const {
-  const auto isClear = [&](std::size_t i) {
-    return isOutside(first + perColumn_ * static_cast<double>(i));
-  };
-  std::size_t from = 0;
-  while (from < count && isClear(from)) ++from;
-  std::size_t until = count;
-  while (until > from && isClear(until - 1)) --until;
-  std::memset(rgba, 0, from * 4);
-  std::memset(rgba + until * 4, 0, (count - until) * 4);
+void LinearGradientSource::colors(double origin, double step, int index,
+                                  std::span<std::uint32_t> pixels) const {
+  ramp_.read(origin, step, index, pixels);
+  if (before_ && after_) return;
+  for (std::size_t i = 0; i < pixels.size(); ++i) {
+    if (isOutside(origin + step * (index + static_cast<double>(i)))) pixels[i] = 0;
+  }
 }
 
 RadialGradientSource::RadialGradientSource(const CGGradient& gradient, CGPoint center,
                                            CGFloat radius, const CGAffineTransform& toDevice,
-                                           Scratch& scratch) {
+                                           const Kernels& kernels)
+    : ramp_(gradient, kernels) {
   if (!(radius > 0) || !std::isfinite(radius) || !isInvertible(toDevice)) return;
-  GradientRamp ramp(gradient, stretch(toDevice) * radius, *scratch.kernels);
-  const double scale = ramp.size() / radius;
   toUnit_ = CGAffineTransformConcat(
       CGAffineTransformConcat(CGAffineTransformInvert(toDevice),
                               CGAffineTransformMakeTranslation(-center.x, -center.y)),
-      CGAffineTransformMakeScale(scale, scale));
+      CGAffineTransformMakeScale(1 / radius, 1 / radius));
   drawable_ = std::isfinite(toUnit_.tx) && std::isfinite(toUnit_.ty);
-  table_ = ramp.table(scratch.ramp);
 }
 
 void RadialGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const {
-  for (std::size_t i = 0; i < count; ++i) {
-    const CGPoint p =
-        CGPointApplyAffineTransform({x + static_cast<double>(i) + 0.5, y + 0.5}, toUnit_);
-    const std::uint32_t word = entryOf(table_, std::sqrt(p.x * p.x + p.y * p.y) + 1);
-    std::memcpy(rgba + i * 4, &word, sizeof(word));
-  }
+  putEach(ramp_, toUnit_, x, y, count, rgba,
+          [](double px, double py) { return std::sqrt(px * px + py * py); });
 }
 
 ConicGradientSource::ConicGradientSource(const CGGradient& gradient, CGPoint center, CGFloat angle,
-                                         const CGAffineTransform& toDevice, Scratch& scratch)
-    : angle_(angle) {
+                                         const CGAffineTransform& toDevice, const Kernels& kernels)
+    : ramp_(gradient, kernels), angle_(angle) {
   if (!std::isfinite(angle) || !isInvertible(toDevice)) return;
   toCentered_ = CGAffineTransformConcat(CGAffineTransformInvert(toDevice),
                                         CGAffineTransformMakeTranslation(-center.x, -center.y));
   drawable_ = std::isfinite(toCentered_.tx) && std::isfinite(toCentered_.ty);
-  table_ = GradientRamp(gradient, 2048, *scratch.kernels).table(scratch.ramp);
 }
 
 void ConicGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const {
   constexpr double turn = 2 * math::kPi;
-  const double size = table_.last - 1;
-  for (std::size_t i = 0; i < count; ++i) {
-    const CGPoint p =
-        CGPointApplyAffineTransform({x + static_cast<double>(i) + 0.5, y + 0.5}, toCentered_);
-    double part = (math::atan2(p.y, p.x) - angle_) / turn;
-    part -= std::floor(part);
-    const std::uint32_t word = entryOf(table_, part * size + 1);
-    std::memcpy(rgba + i * 4, &word, sizeof(word));
-  }
+  putEach(ramp_, toCentered_, x, y, count, rgba, [&](double px, double py) {
+    const double part = (math::atan2(py, px) - angle_) / turn;
+    return part - std::floor(part);
+  });
 }
 
 }  // namespace glyphwright::raster

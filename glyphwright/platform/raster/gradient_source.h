@@ -7,8 +7,7 @@
 #include <glyphwright/platform/raster/canvas.h>
 #include <glyphwright/platform/raster/gradient_ramp.h>
 
-/// Gradients as sources of pixels. Their tables of colours stand in the thread's scratch: there is
-/// one such source at a time.
+/// Gradients as sources of pixels: each pixel has the colour at its centre.
 namespace glyphwright::raster {
 
 /// Bands across a line; `start` and `end` in user space, which `toDevice` maps to pixels.
@@ -16,7 +15,7 @@ class LinearGradientSource final : public PixelSource {
  public:
   LinearGradientSource(const CGGradient& gradient, CGPoint start, CGPoint end,
                        CGGradientDrawingOptions options, const CGAffineTransform& toDevice,
-                       Scratch& scratch);
+                       const Kernels& kernels);
   /// False when the points or the transform give no direction; then nothing is to be painted.
   bool isDrawable() const { return drawable_; }
   void pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const override;
@@ -26,19 +25,15 @@ class LinearGradientSource final : public PixelSource {
   void rowColors(int y, std::span<std::uint32_t> pixels) const override;
 
  private:
-  bool isOutside(double entry) const {
-    return (entry < 0 && !before_) || (entry > static_cast<double>(ramp_.size()) && !after_);
-  }
+  bool isOutside(double place) const { return (place < 0 && !before_) || (place > 1 && !after_); }
 
-  void clearOutside(double first, std::size_t count, std::uint8_t* rgba) const;
+  void colors(double origin, double step, int index, std::span<std::uint32_t> pixels) const;
 
   mutable GradientRamp ramp_;  // it remembers where it was last asked
-  Ramp table_{};               // unless all rows are of one colour
-  const Kernels& kernels_;
   bool drawable_ = false;
   bool before_ = false;
   bool after_ = false;
-  // The ramp entry at a pixel's centre is base + x·perColumn + y·perRow.
+  // The place at a pixel's centre is base + x·perColumn + y·perRow: 0 at the start, 1 at the end.
   double base_ = 0;
   double perColumn_ = 0;
   double perRow_ = 0;
@@ -48,13 +43,13 @@ class LinearGradientSource final : public PixelSource {
 class RadialGradientSource final : public PixelSource {
  public:
   RadialGradientSource(const CGGradient& gradient, CGPoint center, CGFloat radius,
-                       const CGAffineTransform& toDevice, Scratch& scratch);
+                       const CGAffineTransform& toDevice, const Kernels& kernels);
   bool isDrawable() const { return drawable_; }
   void pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const override;
 
  private:
-  Ramp table_{};
-  CGAffineTransform toUnit_;  // device pixels to a space where the radius is the table's size
+  mutable GradientRamp ramp_;
+  CGAffineTransform toUnit_;  // device pixels to a space where the radius is 1
   bool drawable_ = false;
 };
 
@@ -62,12 +57,12 @@ class RadialGradientSource final : public PixelSource {
 class ConicGradientSource final : public PixelSource {
  public:
   ConicGradientSource(const CGGradient& gradient, CGPoint center, CGFloat angle,
-                      const CGAffineTransform& toDevice, Scratch& scratch);
+                      const CGAffineTransform& toDevice, const Kernels& kernels);
   bool isDrawable() const { return drawable_; }
   void pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const override;
 
  private:
-  Ramp table_{};
+  mutable GradientRamp ramp_;
   CGAffineTransform toCentered_;
   double angle_;
   bool drawable_ = false;

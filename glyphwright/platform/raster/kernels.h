@@ -163,20 +163,13 @@ struct Pieces {
   std::uint8_t wide[kCapacity / 8];
 };
 
-/// Colours that change evenly from place to place: start + change × (place − from) × perUnit.
-/// Components lie within 0…1, alpha last.
+/// Colours along a way between two stops: premultiplied levels at `part` of it are
+/// start + part × (change + part × bend), alpha last, which does not bend. The levels begin with
+/// what rounds them when the rest is cut off.
 struct ColorStretch {
-  double from = 0;
-  double perUnit = 0;
-  double start[4] = {};
-  double change[4] = {};
-};
-
-/// The colours along a gradient, four bytes in memory order: what lies before it, its entries, and
-/// what lies after it, at index `last`.
-struct Ramp {
-  const std::uint32_t* entries;
-  double last;
+  float start[4] = {};
+  float change[4] = {};
+  float bend[3] = {};
 };
 
 /// Rows that a filter fills, `outStride` values from row to row.
@@ -300,18 +293,13 @@ struct Kernels {
                       const std::uint8_t* source);
   void (*blendPixels)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                       const std::uint8_t* source);
-  /// The places, counted in a gradient's length, of the middles of the entries that the locations
-  /// origin + step × (index + i) lie in, where the gradient has `size` entries; −1 for those before
-  /// it and NaN, 2 for those after it. Writes whole fours.
-  void (*placeEntries)(double origin, double step, int index, double size, std::size_t count,
-                       double* places);
-  /// Pixels, four bytes in memory order, of the colours at places: premultiplied and rounded to
-  /// 1/64 levels and then to levels, like any other colour.
-  void (*mixColors)(const ColorStretch& stretch, const double* places, std::size_t count,
-                    std::uint32_t* pixels);
-  /// Pixel i := the ramp's entry at `from` + i·`step`, rounded down and held within the ramp.
-  void (*rampPixels)(std::uint8_t* rgba, const Ramp& ramp, double from, double step,
-                     std::size_t count);
+  /// Pixels, four bytes in memory order, of the colours at the parts from + step × i of a way. No
+  /// channel is above alpha.
+  void (*mixAlong)(const ColorStretch& stretch, double from, double step, std::size_t count,
+                   std::uint32_t* pixels);
+  /// The same at parts in any order. Reads whole eights of them.
+  void (*mixParts)(const ColorStretch& stretch, const double* parts, std::size_t count,
+                   std::uint32_t* pixels);
   /// coverage := coverage × other, or × one fraction.
   void (*multiplyCoverage)(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count);
   void (*scaleCoverage)(std::uint16_t* coverage, int fraction, std::size_t count);

@@ -26,8 +26,8 @@ std::size_t Scratch::keptBytes() const {
          bytes(outline.rowRuns) + bytes(activeEdges) + bytes(bandHeads) + bytes(edgeLinks) +
          bytes(narrowCells) + bytes(wideCells) + bytes(touched) + bytes(coverage) +
          bytes(clippedCoverage) + bytes(sourceRow) + bytes(casterMask) + bytes(insideMask) +
-         bytes(filterRows) + bytes(filterSources) + bytes(taps.taps) + bytes(ramp) +
-         bytes(rowColors) + (upper == nullptr ? 0 : upper->keptBytes());
+         bytes(filterRows) + bytes(filterSources) + bytes(taps.taps) + bytes(rowColors) +
+         (upper == nullptr ? 0 : upper->keptBytes());
 }
 
 void Scratch::trim() {

@@ -63,7 +63,6 @@ struct Scratch {
   std::vector<std::uint16_t> filterRows;
   std::vector<const std::uint16_t*> filterSources;
   GaussianTaps taps;
-  std::vector<std::uint32_t> ramp;
   std::vector<std::uint32_t> rowColors;
   std::unique_ptr<Scratch> upper;
 

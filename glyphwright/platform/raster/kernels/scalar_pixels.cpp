@@ -157,38 +157,36 @@ void writeTwoCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& bel
   blendCells(rgba, rowBytes, above, aboveColor);
 }
 
-void placeEntries(double origin, double step, int index, double size, std::size_t count,
-                  double* places) {
+namespace {
+
+// Parts come in double, so that each has the float next to it from whichever end it was counted;
+// the colour has digits to spare in single precision.
+std::uint32_t mixed(const ColorStretch& stretch, double exactPart) {
+  const float part = static_cast<float>(exactPart);
+  const float alpha = stretch.start[3] + part * stretch.change[3];
+  std::uint8_t bytes[4];
+  for (int c = 0; c < 3; ++c) {
+    const float level = stretch.start[c] + part * (stretch.change[c] + part * stretch.bend[c]);
+    bytes[c] = static_cast<std::uint8_t>(level < alpha ? level : alpha);
+  }
+  bytes[3] = static_cast<std::uint8_t>(alpha);
+  std::uint32_t pixel = 0;
+  std::memcpy(&pixel, bytes, sizeof(pixel));
+  return pixel;
+}
+
+}  // namespace
+
+void mixAlong(const ColorStretch& stretch, double from, double step, std::size_t count,
+              std::uint32_t* pixels) {
   for (std::size_t i = 0; i < count; ++i) {
-    const double location = origin + step * (index + static_cast<double>(i));
-    places[i] = -1;
-    if (location >= 0) places[i] = 2;
-    if (location >= 0 && location < size) places[i] = (static_cast<int>(location) + 0.5) / size;
+    pixels[i] = mixed(stretch, from + step * static_cast<double>(i));
   }
 }
 
-void mixColors(const ColorStretch& stretch, const double* places, std::size_t count,
-               std::uint32_t* pixels) {
-  for (std::size_t i = 0; i < count; ++i) {
-    const double part = (places[i] - stretch.from) * stretch.perUnit;
-    double color[4];
-    for (int c = 0; c < 4; ++c) color[c] = stretch.start[c] + stretch.change[c] * part;
-    std::uint8_t bytes[4];
-    for (int c = 0; c < 4; ++c) {
-      const double value = c == 3 ? color[3] : color[c] * color[3];
-      bytes[c] = toByte(static_cast<int>(value * kChannelOne + 0.5));
-    }
-    std::memcpy(pixels + i, bytes, sizeof(bytes));
-  }
-}
-
-void rampPixels(std::uint8_t* rgba, const Ramp& ramp, double from, double step, std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i) {
-    const double place = from + step * static_cast<double>(i);
-    const double atLeast = place > 0 ? place : 0;
-    const double within = atLeast < ramp.last ? atLeast : ramp.last;
-    std::memcpy(rgba + i * 4, ramp.entries + static_cast<std::size_t>(within), 4);
-  }
+void mixParts(const ColorStretch& stretch, const double* parts, std::size_t count,
+              std::uint32_t* pixels) {
+  for (std::size_t i = 0; i < count; ++i) pixels[i] = mixed(stretch, parts[i]);
 }
 
 void multiplyCoverage(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count) {

@@ -94,19 +94,28 @@ constexpr bool isComplete(std::span<const Step> steps) {
   return before != PathVerb::move;
 }
 
-/// The same for steps that the compiler knows: the path then refers to them, and building it costs
-/// no more than copying a few numbers.
-template <const auto& steps>
+/// Several constant lists one after the other: what icons share is written down once.
+template <const auto&... lists>
+inline constexpr auto joined = [] {
+  std::array<Step, (std::size(lists) + ...)> all{};
+  Step* next = all.data();
+  ((next = std::copy(std::begin(lists), std::end(lists), next)), ...);
+  return all;
+}();
+
+/// The same for steps that the compiler knows, of one list or several: the path then refers to
+/// them, and building it costs no more than copying a few numbers.
+template <const auto&... lists>
 UIBezierPath outline() {
-  static_assert(isComplete(steps), "a move or a segment is missing");
-  static constexpr auto elements = elementsOf<steps>();
+  static_assert(isComplete(joined<lists...>), "a move or a segment is missing");
+  static constexpr auto elements = elementsOf<joined<lists...>>();
   static constexpr CGPath::Literal literal = elements.literal();
   return UIBezierPath::bezierPathWithCGPath(CGPath(literal));
 }
 /// The same with the even-odd rule set.
-template <const auto& steps>
+template <const auto&... lists>
 UIBezierPath evenOddOutline() {
-  UIBezierPath path = outline<steps>();
+  UIBezierPath path = outline<lists...>();
   path.setUsesEvenOddFillRule(true);
   return path;
 }

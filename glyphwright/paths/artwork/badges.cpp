@@ -141,9 +141,7 @@ UIBezierPath UIBezierPath::peopleBadge() {
       curve(18.08, 15.1, 22.28, 17, 20.52, 15.1),
       close(),
   };
-  UIBezierPath path = outline<hexagon>();
-  path.appendPath(outline<steps>());
-  return path;
+  return outline<hexagon, steps>();
 }
 
 UIBezierPath UIBezierPath::badgeOutline() {
@@ -194,9 +192,7 @@ UIBezierPath UIBezierPath::profileBadgeInstagram() {
       curve(13.65, 5.45, 14.55, 5.85, 14.15, 5.45),
       close(),
   };
-  UIBezierPath path = evenOddOutline<squircle>();
-  path.appendPath(outline<steps>());
-  return path;
+  return evenOddOutline<squircle, steps>();
 }
 
 UIBezierPath UIBezierPath::profileBadgePrompt() {
@@ -219,9 +215,7 @@ UIBezierPath UIBezierPath::profileBadgePrompt() {
       curve(12.66, 10.69, 10.9, 9.4, 11.61, 10.36),
       close(),
   };
-  UIBezierPath path = outline<squircle>();
-  path.appendPath(outline<sign>());
-  return path;
+  return outline<squircle, sign>();
 }
 
 UIBezierPath UIBezierPath::profileBadgeSpotify() {
@@ -264,9 +258,7 @@ UIBezierPath UIBezierPath::profileBadgeSpotify() {
       curve(5.85, 12.78, 8.59, 12.15, 7.19, 12.36),
       close(),
   };
-  UIBezierPath path = outline<squircle>();
-  path.appendPath(outline<sign>());
-  return path;
+  return outline<squircle, sign>();
 }
 
 UIBezierPath UIBezierPath::profileBadgeSchool() {
@@ -315,9 +307,7 @@ UIBezierPath UIBezierPath::profileBadgeSchool() {
       line(16.98, 10.6),
       close(),
   };
-  UIBezierPath path = evenOddOutline<squircle>();
-  path.appendPath(outline<sign>());
-  return path;
+  return evenOddOutline<squircle, sign>();
 }
 
 UIBezierPath UIBezierPath::profileBadgeJob() {
@@ -363,9 +353,7 @@ UIBezierPath UIBezierPath::profileBadgeJob() {
       line(4.4, 11.4),
       close(),
   };
-  UIBezierPath path = evenOddOutline<squircle>();
-  path.appendPath(outline<sign>());
-  return path;
+  return evenOddOutline<squircle, sign>();
 }
 
 UIBezierPath UIBezierPath::profileTappyIndicator() {

@@ -4,6 +4,46 @@ namespace glyphwright {
 
 using namespace paths;
 
+namespace {
+
+// The flame and its window, low enough for a sign at its upper right.
+constexpr Step smallFlame[] = {
+    // flame
+    move(10.82, 27.78),
+    curve(10, 28, 10.57, 27.92, 10.29, 28),
+    curve(9.18, 27.78, 9.71, 28, 9.43, 27.92),
+    curve(0, 15.17, 3.55, 24.43, 0, 20.03),
+    curve(2.13, 8.72, 0, 12.72, 1.22, 11.04),
+    curve(2.41, 8.53, 2.18, 8.6, 2.29, 8.53),
+    curve(2.7, 8.76, 2.55, 8.53, 2.67, 8.63),
+    curve(7.91, 15.61, 3.51, 12.37, 5.32, 14.17),
+    curve(8.15, 15.67, 7.98, 15.65, 8.07, 15.67),
+    curve(8.46, 15.56, 8.26, 15.67, 8.37, 15.63),
+    curve(14.37, 4.3, 11.57, 13.07, 13.63, 9.37),
+    curve(14.72, 4, 14.4, 4.13, 14.55, 4),
+    curve(14.98, 4.11, 14.82, 4, 14.91, 4.04),
+    curve(20, 15.17, 18.19, 7.55, 20, 11.18),
+    curve(10.82, 27.78, 20, 20.03, 16.45, 24.43),
+    close(),
+    // window, counter-wound
+    move(9.67, 17.83),
+    line(7.65, 20.73),
+    curve(7.58, 20.96, 7.61, 20.8, 7.58, 20.88),
+    curve(7.65, 21.18, 7.58, 21.04, 7.61, 21.12),
+    line(9.67, 24.24),
+    curve(10, 24.42, 9.74, 24.36, 9.87, 24.42),
+    curve(10.33, 24.24, 10.13, 24.42, 10.26, 24.36),
+    line(12.35, 21.18),
+    curve(12.42, 20.96, 12.39, 21.12, 12.42, 21.04),
+    curve(12.35, 20.73, 12.42, 20.88, 12.39, 20.8),
+    line(10.33, 17.83),
+    curve(10, 17.66, 10.25, 17.73, 10.13, 17.66),
+    curve(9.67, 17.83, 9.87, 17.66, 9.75, 17.73),
+    close(),
+};
+
+}  // namespace
+
 // A collegiate capital under a mortarboard. The hat is appended to the letter.
 UIBezierPath UIBezierPath::vantelUIcon() {
   static constexpr Step letter[] = {
@@ -55,10 +95,7 @@ UIBezierPath UIBezierPath::vantelUIcon() {
       move(220, 30),  line(235, 30),  line(235, 90), line(239.92, 136), line(233, 150),
       line(216, 150), line(209, 136), line(220, 90), line(220, 30),     close(),
   };
-  UIBezierPath path = outline<letter>();
-  path.appendPath(outline<board>());
-  path.appendPath(outline<tassel>());
-  return path;
+  return outline<letter, board, tassel>();
 }
 
 UIBezierPath UIBezierPath::appIconPath() {
@@ -150,39 +187,7 @@ UIBezierPath UIBezierPath::flamePath() {
 }
 
 UIBezierPath UIBezierPath::flameWithPlus() {
-  static constexpr Step steps[] = {
-      // flame
-      move(10.82, 27.78),
-      curve(10, 28, 10.57, 27.92, 10.29, 28),
-      curve(9.18, 27.78, 9.71, 28, 9.43, 27.92),
-      curve(0, 15.17, 3.55, 24.43, 0, 20.03),
-      curve(2.13, 8.72, 0, 12.72, 1.22, 11.04),
-      curve(2.41, 8.53, 2.18, 8.6, 2.29, 8.53),
-      curve(2.7, 8.76, 2.55, 8.53, 2.67, 8.63),
-      curve(7.91, 15.61, 3.51, 12.37, 5.32, 14.17),
-      curve(8.15, 15.67, 7.98, 15.65, 8.07, 15.67),
-      curve(8.46, 15.56, 8.26, 15.67, 8.37, 15.63),
-      curve(14.37, 4.3, 11.57, 13.07, 13.63, 9.37),
-      curve(14.72, 4, 14.4, 4.13, 14.55, 4),
-      curve(14.98, 4.11, 14.82, 4, 14.91, 4.04),
-      curve(20, 15.17, 18.19, 7.55, 20, 11.18),
-      curve(10.82, 27.78, 20, 20.03, 16.45, 24.43),
-      close(),
-      // window, counter-wound
-      move(9.67, 17.83),
-      line(7.65, 20.73),
-      curve(7.58, 20.96, 7.61, 20.8, 7.58, 20.88),
-      curve(7.65, 21.18, 7.58, 21.04, 7.61, 21.12),
-      line(9.67, 24.24),
-      curve(10, 24.42, 9.74, 24.36, 9.87, 24.42),
-      curve(10.33, 24.24, 10.13, 24.42, 10.26, 24.36),
-      line(12.35, 21.18),
-      curve(12.42, 20.96, 12.39, 21.12, 12.42, 21.04),
-      curve(12.35, 20.73, 12.42, 20.88, 12.39, 20.8),
-      line(10.33, 17.83),
-      curve(10, 17.66, 10.25, 17.73, 10.13, 17.66),
-      curve(9.67, 17.83, 9.87, 17.66, 9.75, 17.73),
-      close(),
+  static constexpr Step plus[] = {
       // plus
       move(23.5, 0),
       curve(24.7, 1.2, 24.16, 0, 24.7, 0.54),
@@ -203,43 +208,11 @@ UIBezierPath UIBezierPath::flameWithPlus() {
       curve(23.5, 0, 22.3, 0.54, 22.84, 0),
       close(),
   };
-  return outline<steps>();
+  return outline<smallFlame, plus>();
 }
 
 UIBezierPath UIBezierPath::flameWithSparkle() {
-  static constexpr Step steps[] = {
-      // flame
-      move(10.82, 27.78),
-      curve(10, 28, 10.57, 27.92, 10.29, 28),
-      curve(9.18, 27.78, 9.71, 28, 9.43, 27.92),
-      curve(0, 15.17, 3.55, 24.43, 0, 20.03),
-      curve(2.13, 8.72, 0, 12.72, 1.22, 11.04),
-      curve(2.41, 8.53, 2.18, 8.6, 2.29, 8.53),
-      curve(2.7, 8.76, 2.55, 8.53, 2.67, 8.63),
-      curve(7.91, 15.61, 3.51, 12.37, 5.32, 14.17),
-      curve(8.15, 15.67, 7.98, 15.65, 8.07, 15.67),
-      curve(8.46, 15.56, 8.26, 15.67, 8.37, 15.63),
-      curve(14.37, 4.3, 11.57, 13.07, 13.63, 9.37),
-      curve(14.72, 4, 14.4, 4.13, 14.55, 4),
-      curve(14.98, 4.11, 14.82, 4, 14.91, 4.04),
-      curve(20, 15.17, 18.19, 7.55, 20, 11.18),
-      curve(10.82, 27.78, 20, 20.03, 16.45, 24.43),
-      close(),
-      // window, counter-wound
-      move(9.67, 17.83),
-      line(7.65, 20.73),
-      curve(7.58, 20.96, 7.61, 20.8, 7.58, 20.88),
-      curve(7.65, 21.18, 7.58, 21.04, 7.61, 21.12),
-      line(9.67, 24.24),
-      curve(10, 24.42, 9.74, 24.36, 9.87, 24.42),
-      curve(10.33, 24.24, 10.13, 24.42, 10.26, 24.36),
-      line(12.35, 21.18),
-      curve(12.42, 20.96, 12.39, 21.12, 12.42, 21.04),
-      curve(12.35, 20.73, 12.42, 20.88, 12.39, 20.8),
-      line(10.33, 17.83),
-      curve(10, 17.66, 10.25, 17.73, 10.13, 17.66),
-      curve(9.67, 17.83, 9.87, 17.66, 9.75, 17.73),
-      close(),
+  static constexpr Step sparkle[] = {
       // sparkle
       move(23.15, 0),
       curve(23.6, 0.45, 23.4, 0, 23.6, 0.2),
@@ -256,7 +229,7 @@ UIBezierPath UIBezierPath::flameWithSparkle() {
       curve(23.15, 0, 22.7, 0.2, 22.9, 0),
       close(),
   };
-  return outline<steps>();
+  return outline<smallFlame, sparkle>();
 }
 
 // Evening game night: a die in the arms of the moon.

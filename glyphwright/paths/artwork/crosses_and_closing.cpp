@@ -1,3 +1,4 @@
+#include <glyphwright/paths/artwork/shared_outlines.h>
 #include <glyphwright/paths/outline.h>
 
 namespace glyphwright {
@@ -112,10 +113,7 @@ UIBezierPath UIBezierPath::nopeIconStamp() {
       curve(57.15, 32.3, 50.9, 36.54, 53.53, 32.3),
       close(),
   };
-  UIBezierPath path = outline<stamp>();
-  path.appendPath(outline<counterOfTheO>());
-  path.setUsesEvenOddFillRule(true);
-  return path;
+  return evenOddOutline<stamp, counterOfTheO>();
 }
 
 UIBezierPath UIBezierPath::webViewCloseIcon() {
@@ -128,16 +126,7 @@ UIBezierPath UIBezierPath::webViewCloseIcon() {
 }
 
 UIBezierPath UIBezierPath::clearLocationIconPath() {
-  static constexpr Step steps[] = {
-      // pin
-      move(9, 0),
-      curve(18, 9.02, 13.97, 0, 18, 4.04),
-      curve(9.54, 23.75, 18, 13.81, 13.6, 18.88),
-      curve(9, 24, 9.4, 23.91, 9.21, 24),
-      curve(8.46, 23.75, 8.79, 24, 8.6, 23.91),
-      curve(0, 9.02, 4.4, 18.88, 0, 13.81),
-      curve(9, 0, 0, 4.04, 4.03, 0),
-      close(),
+  static constexpr Step cross[] = {
       // cross, counter-wound
       move(11.29, 5.29),
       line(9, 7.59),
@@ -162,7 +151,7 @@ UIBezierPath UIBezierPath::clearLocationIconPath() {
       curve(11.29, 5.29, 11.73, 5, 11.48, 5.11),
       close(),
   };
-  return evenOddOutline<steps>();
+  return evenOddOutline<mapPin, cross>();
 }
 
 // The arms run into the corners of the box and are clipped by it.
@@ -190,14 +179,7 @@ UIBezierPath UIBezierPath::chatActionBarCloseIcon() {
 
 // Reads filled, stroked or both: the cross is thick enough for the stroke to eat from it.
 UIBezierPath UIBezierPath::liveOpsMoodraPromptCloseButton() {
-  static constexpr Step steps[] = {
-      // disc
-      move(12, 0),
-      curve(24, 12, 18.63, 0, 24, 5.37),
-      curve(12, 24, 24, 18.63, 18.63, 24),
-      curve(0, 12, 5.37, 24, 0, 18.63),
-      curve(12, 0, 0, 5.37, 5.37, 0),
-      close(),
+  static constexpr Step cross[] = {
       // cross, counter-wound
       move(14.44, 7.44),
       line(12, 9.88),
@@ -222,7 +204,7 @@ UIBezierPath UIBezierPath::liveOpsMoodraPromptCloseButton() {
       curve(14.44, 7.44, 15.1, 7, 14.72, 7.16),
       close(),
   };
-  UIBezierPath path = outline<steps>();
+  UIBezierPath path = outline<signDisc, cross>();
   path.setLineWidth(1);
   path.setLineCapStyle(CGLineCap::round);
   path.setLineJoinStyle(CGLineJoin::round);

@@ -1,3 +1,4 @@
+#include <glyphwright/paths/artwork/shared_outlines.h>
 #include <glyphwright/paths/outline.h>
 
 namespace glyphwright {
@@ -271,16 +272,7 @@ UIBezierPath UIBezierPath::distanceIconPath() {
 }
 
 UIBezierPath UIBezierPath::placemarkPath() {
-  static constexpr Step steps[] = {
-      // pin
-      move(9, 0),
-      curve(18, 9.02, 13.97, 0, 18, 4.04),
-      curve(9.54, 23.75, 18, 13.81, 13.6, 18.88),
-      curve(9, 24, 9.4, 23.91, 9.21, 24),
-      curve(8.46, 23.75, 8.79, 24, 8.6, 23.91),
-      curve(0, 9.02, 4.4, 18.88, 0, 13.81),
-      curve(9, 0, 0, 4.04, 4.03, 0),
-      close(),
+  static constexpr Step hole[] = {
       // hole
       move(9, 5.7),
       curve(5.7, 9, 7.18, 5.7, 5.7, 7.18),
@@ -289,7 +281,7 @@ UIBezierPath UIBezierPath::placemarkPath() {
       curve(9, 5.7, 12.3, 7.18, 10.82, 5.7),
       close(),
   };
-  return outline<steps>();
+  return outline<mapPin, hole>();
 }
 
 // A hollow pin that leaves room for placesIconMidCircle.

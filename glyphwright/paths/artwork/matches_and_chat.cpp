@@ -1,3 +1,4 @@
+#include <glyphwright/paths/artwork/shared_outlines.h>
 #include <glyphwright/paths/outline.h>
 
 namespace glyphwright {
@@ -96,14 +97,7 @@ UIBezierPath UIBezierPath::standardCheckMarkIconPath() {
 }
 
 UIBezierPath UIBezierPath::checkInCircle() {
-  static constexpr Step steps[] = {
-      // disc
-      move(12, 0),
-      curve(24, 12, 18.63, 0, 24, 5.37),
-      curve(12, 24, 24, 18.63, 18.63, 24),
-      curve(0, 12, 5.37, 24, 0, 18.63),
-      curve(12, 0, 0, 5.37, 5.37, 0),
-      close(),
+  static constexpr Step tick[] = {
       // tick, counter-wound
       move(16.54, 7.39),
       line(10.19, 13.74),
@@ -120,7 +114,7 @@ UIBezierPath UIBezierPath::checkInCircle() {
       curve(16.54, 7.39, 17.07, 7.04, 16.77, 7.17),
       close(),
   };
-  return outline<steps>();
+  return outline<signDisc, tick>();
 }
 
 // A wide balloon whose lower left corner runs out into a hook.
@@ -195,9 +189,7 @@ UIBezierPath UIBezierPath::messageIconPath() {
       curve(17, 7.7, 18.3, 8.28, 17.72, 7.7),
       close(),
   };
-  UIBezierPath path = evenOddOutline<bubble>();
-  path.appendPath(outline<steps>());
-  return path;
+  return evenOddOutline<bubble, steps>();
 }
 
 UIBezierPath UIBezierPath::chatFlagIconPath() {
@@ -224,9 +216,7 @@ UIBezierPath UIBezierPath::chatFlagIconPath() {
       line(9.22, 3.4),
       close(),
   };
-  UIBezierPath path = outline<bubble>();
-  path.appendPath(outline<steps>());
-  return path;
+  return outline<bubble, steps>();
 }
 
 UIBezierPath UIBezierPath::chatIcon() {

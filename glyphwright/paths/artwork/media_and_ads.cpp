@@ -4,6 +4,20 @@ namespace glyphwright {
 
 using namespace paths;
 
+namespace {
+
+// The disc that the signs of the ads are cut from.
+constexpr Step adDisc[] = {
+    move(24, 0),
+    curve(48, 24, 37.25, 0, 48, 10.75),
+    curve(24, 48, 48, 37.25, 37.25, 48),
+    curve(0, 24, 10.75, 48, 0, 37.25),
+    curve(24, 0, 0, 10.75, 10.75, 0),
+    close(),
+};
+
+}  // namespace
+
 UIBezierPath UIBezierPath::playPath() {
   static constexpr Step steps[] = {
       move(3.06, 0.3),
@@ -26,14 +40,7 @@ UIBezierPath UIBezierPath::stopPath() {
 }
 
 UIBezierPath UIBezierPath::adPlayIcon() {
-  static constexpr Step steps[] = {
-      // disc
-      move(24, 0),
-      curve(48, 24, 37.25, 0, 48, 10.75),
-      curve(24, 48, 48, 37.25, 37.25, 48),
-      curve(0, 24, 10.75, 48, 0, 37.25),
-      curve(24, 0, 0, 10.75, 10.75, 0),
-      close(),
+  static constexpr Step triangle[] = {
       // triangle, counter-wound, centred by area
       move(20.45, 15.24),
       curve(19.6, 15, 20.2, 15.08, 19.9, 15),
@@ -47,18 +54,11 @@ UIBezierPath UIBezierPath::adPlayIcon() {
       line(20.45, 15.24),
       close(),
   };
-  return outline<steps>();
+  return outline<adDisc, triangle>();
 }
 
 UIBezierPath UIBezierPath::adPauseIcon() {
-  static constexpr Step steps[] = {
-      // disc
-      move(24, 0),
-      curve(48, 24, 37.25, 0, 48, 10.75),
-      curve(24, 48, 48, 37.25, 37.25, 48),
-      curve(0, 24, 10.75, 48, 0, 37.25),
-      curve(24, 0, 0, 10.75, 10.75, 0),
-      close(),
+  static constexpr Step bars[] = {
       // bars, counter-wound
       move(16, 16),
       line(16, 32),
@@ -81,18 +81,11 @@ UIBezierPath UIBezierPath::adPauseIcon() {
       curve(27, 16, 27.67, 14.5, 27, 15.17),
       close(),
   };
-  return outline<steps>();
+  return outline<adDisc, bars>();
 }
 
 UIBezierPath UIBezierPath::adArrowIcon() {
-  static constexpr Step steps[] = {
-      // disc
-      move(24, 0),
-      curve(48, 24, 37.25, 0, 48, 10.75),
-      curve(24, 48, 48, 37.25, 37.25, 48),
-      curve(0, 24, 10.75, 48, 0, 37.25),
-      curve(24, 0, 0, 10.75, 10.75, 0),
-      close(),
+  static constexpr Step arrow[] = {
       // arrow, counter-wound
       move(24.5, 30.8),
       curve(25.7, 32, 24.5, 31.46, 25.04, 32),
@@ -111,7 +104,7 @@ UIBezierPath UIBezierPath::adArrowIcon() {
       line(24.5, 30.8),
       close(),
   };
-  return outline<steps>();
+  return outline<adDisc, arrow>();
 }
 
 UIBezierPath UIBezierPath::replayArrowIconPath() {

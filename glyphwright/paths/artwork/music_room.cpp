@@ -46,10 +46,7 @@ UIBezierPath UIBezierPath::vinylInputButton() {
       curve(12.67, 115.53, 5.54, 111.34, 8.66, 114.46),
       close(),
   };
-  UIBezierPath path = evenOddOutline<record>();
-  path.appendPath(outline<upperSheen>());
-  path.appendPath(outline<lowerSheen>());
-  return path;
+  return evenOddOutline<record, upperSheen, lowerSheen>();
 }
 
 UIBezierPath UIBezierPath::vinylSendButton() {

@@ -1,8 +1,52 @@
+#include <glyphwright/paths/artwork/shared_outlines.h>
 #include <glyphwright/paths/outline.h>
 
 namespace glyphwright {
 
 using namespace paths;
+
+namespace {
+
+// The board of the mortarboard, solid or its outside.
+constexpr Step mortarboard[] = {
+    move(13.35, 0.12),
+    curve(14, 0, 13.55, 0.04, 13.78, 0),
+    curve(14.65, 0.12, 14.22, 0, 14.45, 0.04),
+    line(27.36, 5.1),
+    curve(28, 6, 27.72, 5.25, 28, 5.59),
+    curve(27.36, 6.9, 28, 6.41, 27.72, 6.75),
+    line(14.65, 11.88),
+    curve(14, 12, 14.45, 11.96, 14.22, 12),
+    curve(13.35, 11.88, 13.78, 12, 13.55, 11.96),
+    line(0.64, 6.9),
+    curve(0, 6, 0.28, 6.75, 0, 6.41),
+    curve(0.64, 5.1, 0, 5.59, 0.28, 5.25),
+    line(13.35, 0.12),
+    close(),
+};
+
+// Its tassel.
+constexpr Step tassel[] = {
+    move(24.6, 10.9),
+    curve(25.5, 10, 24.6, 10.4, 25, 10),
+    curve(26.4, 10.9, 26, 10, 26.4, 10.4),
+    line(26.4, 15.29),
+    curve(26.44, 15.49, 26.4, 15.35, 26.41, 15.42),
+    curve(26.5, 15.69, 26.47, 15.55, 26.49, 15.62),
+    line(27.22, 20.74),
+    curve(27.23, 20.9, 27.23, 20.79, 27.23, 20.85),
+    curve(26.13, 22, 27.23, 21.51, 26.74, 22),
+    line(24.87, 22),
+    curve(23.77, 20.9, 24.26, 22, 23.77, 21.51),
+    curve(23.78, 20.74, 23.77, 20.85, 23.77, 20.79),
+    line(24.5, 15.69),
+    curve(24.56, 15.48, 24.51, 15.61, 24.53, 15.55),
+    curve(24.6, 15.29, 24.59, 15.42, 24.6, 15.35),
+    line(24.6, 10.9),
+    close(),
+};
+
+}  // namespace
 
 // A briefcase: the lower half is a plain box, closed to the upper one by the clasp gap. The gaps
 // are wide enough for the outline to take its share.
@@ -45,22 +89,7 @@ UIBezierPath UIBezierPath::jobIconPath() {
 }
 
 UIBezierPath UIBezierPath::schoolIconPath() {
-  static constexpr Step steps[] = {
-      // board
-      move(13.35, 0.12),
-      curve(14, 0, 13.55, 0.04, 13.78, 0),
-      curve(14.65, 0.12, 14.22, 0, 14.45, 0.04),
-      line(27.36, 5.1),
-      curve(28, 6, 27.72, 5.25, 28, 5.59),
-      curve(27.36, 6.9, 28, 6.41, 27.72, 6.75),
-      line(14.65, 11.88),
-      curve(14, 12, 14.45, 11.96, 14.22, 12),
-      curve(13.35, 11.88, 13.78, 12, 13.55, 11.96),
-      line(0.64, 6.9),
-      curve(0, 6, 0.28, 6.75, 0, 6.41),
-      curve(0.64, 5.1, 0, 5.59, 0.28, 5.25),
-      line(13.35, 0.12),
-      close(),
+  static constexpr Step cap[] = {
       // cap
       move(6.69, 11.2),
       line(12.7, 13.56),
@@ -78,46 +107,13 @@ UIBezierPath UIBezierPath::schoolIconPath() {
       curve(6.39, 11.15, 5.6, 11.51, 5.95, 11.15),
       curve(6.69, 11.2, 6.5, 11.15, 6.6, 11.16),
       close(),
-      // tassel
-      move(24.6, 10.9),
-      curve(25.5, 10, 24.6, 10.4, 25, 10),
-      curve(26.4, 10.9, 26, 10, 26.4, 10.4),
-      line(26.4, 15.29),
-      curve(26.44, 15.49, 26.4, 15.35, 26.41, 15.42),
-      curve(26.5, 15.69, 26.47, 15.55, 26.49, 15.62),
-      line(27.22, 20.74),
-      curve(27.23, 20.9, 27.23, 20.79, 27.23, 20.85),
-      curve(26.13, 22, 27.23, 21.51, 26.74, 22),
-      line(24.87, 22),
-      curve(23.77, 20.9, 24.26, 22, 23.77, 21.51),
-      curve(23.78, 20.74, 23.77, 20.85, 23.77, 20.79),
-      line(24.5, 15.69),
-      curve(24.56, 15.48, 24.51, 15.61, 24.53, 15.55),
-      curve(24.6, 15.29, 24.59, 15.42, 24.6, 15.35),
-      line(24.6, 10.9),
-      close(),
   };
-  return outline<steps>();
+  return outline<mortarboard, cap, tassel>();
 }
 
 // schoolIconPath in line.
 UIBezierPath UIBezierPath::schoolOutlineIconPath() {
-  static constexpr Step steps[] = {
-      // board, hollow
-      move(13.35, 0.12),
-      curve(14, 0, 13.55, 0.04, 13.78, 0),
-      curve(14.65, 0.12, 14.22, 0, 14.45, 0.04),
-      line(27.36, 5.1),
-      curve(28, 6, 27.72, 5.25, 28, 5.59),
-      curve(27.36, 6.9, 28, 6.41, 27.72, 6.75),
-      line(14.65, 11.88),
-      curve(14, 12, 14.45, 11.96, 14.22, 12),
-      curve(13.35, 11.88, 13.78, 12, 13.55, 11.96),
-      line(0.64, 6.9),
-      curve(0, 6, 0.28, 6.75, 0, 6.41),
-      curve(0.64, 5.1, 0, 5.59, 0.28, 5.25),
-      line(13.35, 0.12),
-      close(),
+  static constexpr Step cap[] = {
       move(14, 2.01),
       line(3.83, 6),
       line(14, 9.99),
@@ -143,26 +139,8 @@ UIBezierPath UIBezierPath::schoolOutlineIconPath() {
       curve(5.6, 15.41, 6.53, 18.15, 5.6, 16.94),
       line(5.6, 12.6),
       close(),
-      // tassel
-      move(24.6, 10.9),
-      curve(25.5, 10, 24.6, 10.4, 25, 10),
-      curve(26.4, 10.9, 26, 10, 26.4, 10.4),
-      line(26.4, 15.29),
-      curve(26.44, 15.49, 26.4, 15.35, 26.41, 15.42),
-      curve(26.5, 15.69, 26.47, 15.55, 26.49, 15.62),
-      line(27.22, 20.74),
-      curve(27.23, 20.9, 27.23, 20.79, 27.23, 20.85),
-      curve(26.13, 22, 27.23, 21.51, 26.74, 22),
-      line(24.87, 22),
-      curve(23.77, 20.9, 24.26, 22, 23.77, 21.51),
-      curve(23.78, 20.74, 23.77, 20.85, 23.77, 20.79),
-      line(24.5, 15.69),
-      curve(24.56, 15.48, 24.51, 15.61, 24.53, 15.55),
-      curve(24.6, 15.29, 24.59, 15.42, 24.6, 15.35),
-      line(24.6, 10.9),
-      close(),
   };
-  return outline<steps>();
+  return outline<mortarboard, cap, tassel>();
 }
 
 UIBezierPath UIBezierPath::genderIconPath() {
@@ -422,26 +400,7 @@ UIBezierPath UIBezierPath::addPhotosIcon() {
 }
 
 UIBezierPath UIBezierPath::onboardingCameraIconPath() {
-  static constexpr Step steps[] = {
-      // body
-      move(10.98, 0),
-      line(17.02, 0),
-      curve(18.45, 0.87, 17.62, 0, 18.17, 0.34),
-      line(19.47, 2.85),
-      curve(20.53, 3.5, 19.67, 3.25, 20.08, 3.5),
-      line(25, 3.5),
-      curve(28, 6.5, 26.66, 3.5, 28, 4.84),
-      line(28, 19),
-      curve(25, 22, 28, 20.66, 26.66, 22),
-      line(3, 22),
-      curve(0, 19, 1.34, 22, 0, 20.66),
-      line(0, 6.5),
-      curve(3, 3.5, 0, 4.84, 1.34, 3.5),
-      line(7.47, 3.5),
-      curve(8.53, 2.85, 7.92, 3.5, 8.33, 3.25),
-      line(9.55, 0.87),
-      curve(10.98, 0, 9.83, 0.34, 10.38, 0),
-      close(),
+  static constexpr Step lens[] = {
       // lens opening, counter-wound
       move(14, 7),
       curve(8, 13, 10.69, 7, 8, 9.69),
@@ -466,7 +425,7 @@ UIBezierPath UIBezierPath::onboardingCameraIconPath() {
       line(22.65, 6.4),
       close(),
   };
-  return outline<steps>();
+  return outline<stillCamera, lens>();
 }
 
 // A tick as a brush leaves it: full at the elbow, thin at the top.

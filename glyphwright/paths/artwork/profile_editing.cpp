@@ -4,6 +4,20 @@ namespace glyphwright {
 
 using namespace paths;
 
+namespace {
+
+// The disc that the plus and the cross are cut from.
+constexpr Step itemDisc[] = {
+    move(14, 0),
+    curve(28, 14, 21.73, 0, 28, 6.27),
+    curve(14, 28, 28, 21.73, 21.73, 28),
+    curve(0, 14, 6.27, 28, 0, 21.73),
+    curve(14, 0, 0, 6.27, 6.27, 0),
+    close(),
+};
+
+}  // namespace
+
 UIBezierPath UIBezierPath::plusInSquirclePath() {
   static constexpr Step steps[] = {
       // squircle
@@ -148,14 +162,7 @@ UIBezierPath UIBezierPath::pencilPathInCircle() {
 }
 
 UIBezierPath UIBezierPath::addItemPath() {
-  static constexpr Step steps[] = {
-      // disc
-      move(14, 0),
-      curve(28, 14, 21.73, 0, 28, 6.27),
-      curve(14, 28, 28, 21.73, 21.73, 28),
-      curve(0, 14, 6.27, 28, 0, 21.73),
-      curve(14, 0, 0, 6.27, 6.27, 0),
-      close(),
+  static constexpr Step plus[] = {
       // plus, counter-wound
       move(12.6, 8.4),
       line(12.6, 12.6),
@@ -176,19 +183,12 @@ UIBezierPath UIBezierPath::addItemPath() {
       curve(12.6, 8.4, 13.23, 7, 12.6, 7.63),
       close(),
   };
-  return evenOddOutline<steps>();
+  return evenOddOutline<itemDisc, plus>();
 }
 
 // addItemPath with its cross turned by 45°.
 UIBezierPath UIBezierPath::removeItemPath() {
-  static constexpr Step steps[] = {
-      // disc
-      move(14, 0),
-      curve(28, 14, 21.73, 0, 28, 6.27),
-      curve(14, 28, 28, 21.73, 21.73, 28),
-      curve(0, 14, 6.27, 28, 0, 21.73),
-      curve(14, 0, 0, 6.27, 6.27, 0),
-      close(),
+  static constexpr Step cross[] = {
       // the same cross turned, counter-wound
       move(11.03, 9.05),
       curve(10.04, 8.64, 10.77, 8.79, 10.41, 8.64),
@@ -213,7 +213,7 @@ UIBezierPath UIBezierPath::removeItemPath() {
       line(11.03, 9.05),
       close(),
   };
-  return evenOddOutline<steps>();
+  return evenOddOutline<itemDisc, cross>();
 }
 
 UIBezierPath UIBezierPath::clearStatusIconPath() {

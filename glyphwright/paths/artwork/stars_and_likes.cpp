@@ -152,10 +152,7 @@ UIBezierPath UIBezierPath::stellonStamp() {
       curve(20.5, 15.5, 23.5, 24.5, 20.5, 21.5),
       close(),
   };
-  UIBezierPath path = outline<stamp>();
-  path.appendPath(outline<smallSparkle>());
-  path.setUsesEvenOddFillRule(true);
-  return path;
+  return evenOddOutline<stamp, smallSparkle>();
 }
 
 UIBezierPath UIBezierPath::likesYouHeart() {

@@ -4,8 +4,22 @@ namespace glyphwright {
 
 using namespace paths;
 
+namespace {
+
+// The home button of both smartphones, counter-wound.
+constexpr Step homeButton[] = {
+    move(8.1, 20.75),
+    curve(7, 19.65, 8.1, 20.14, 7.61, 19.65),
+    curve(5.9, 20.75, 6.39, 19.65, 5.9, 20.14),
+    curve(7, 21.85, 5.9, 21.36, 6.39, 21.85),
+    curve(8.1, 20.75, 7.61, 21.85, 8.1, 21.36),
+    close(),
+};
+
+}  // namespace
+
 UIBezierPath UIBezierPath::phoneIcon() {
-  static constexpr Step steps[] = {
+  static constexpr Step slab[] = {
       // slab
       move(3, 0),
       line(11, 0),
@@ -28,19 +42,12 @@ UIBezierPath UIBezierPath::phoneIcon() {
       curve(11, 3, 12, 3.45, 11.55, 3),
       line(3, 3),
       close(),
-      // home button
-      move(8.1, 20.75),
-      curve(7, 19.65, 8.1, 20.14, 7.61, 19.65),
-      curve(5.9, 20.75, 6.39, 19.65, 5.9, 20.14),
-      curve(7, 21.85, 5.9, 21.36, 6.39, 21.85),
-      curve(8.1, 20.75, 7.61, 21.85, 8.1, 21.36),
-      close(),
   };
-  return outline<steps>();
+  return outline<slab, homeButton>();
 }
 
 UIBezierPath UIBezierPath::smsIcon() {
-  static constexpr Step steps[] = {
+  static constexpr Step slab[] = {
       // slab with an open screen, cut back round the bubble
       move(3, 0),
       line(7.39, 0),
@@ -67,13 +74,8 @@ UIBezierPath UIBezierPath::smsIcon() {
       line(0, 3),
       curve(3, 0, 0, 1.34, 1.34, 0),
       close(),
-      // home button
-      move(8.1, 20.75),
-      curve(7, 19.65, 8.1, 20.14, 7.61, 19.65),
-      curve(5.9, 20.75, 6.39, 19.65, 5.9, 20.14),
-      curve(7, 21.85, 5.9, 21.36, 6.39, 21.85),
-      curve(8.1, 20.75, 7.61, 21.85, 8.1, 21.36),
-      close(),
+  };
+  static constexpr Step bubble[] = {
       // bubble
       move(12, 0),
       line(18.5, 0),
@@ -92,7 +94,7 @@ UIBezierPath UIBezierPath::smsIcon() {
       curve(12, 0, 8.5, 1.57, 10.07, 0),
       close(),
   };
-  return outline<steps>();
+  return outline<slab, homeButton, bubble>();
 }
 
 UIBezierPath UIBezierPath::smsChatBubbleIcon() {

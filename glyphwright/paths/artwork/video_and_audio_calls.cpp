@@ -1,3 +1,4 @@
+#include <glyphwright/paths/artwork/shared_outlines.h>
 #include <glyphwright/paths/outline.h>
 
 namespace glyphwright {
@@ -32,6 +33,26 @@ constexpr Step videoCamera[] = {
     close(),
 };
 
+// A loudspeaker that leaves the right for arcs or a cross.
+constexpr Step loudspeaker[] = {
+    move(10.95, 0.41),
+    curve(11.89, 0, 11.19, 0.15, 11.53, 0),
+    curve(13.2, 1.3, 12.61, 0, 13.2, 0.58),
+    line(13.2, 20.7),
+    curve(11.89, 22, 13.2, 21.42, 12.61, 22),
+    curve(10.95, 21.59, 11.53, 22, 11.19, 21.85),
+    line(5.27, 15.49),
+    curve(4.61, 15.2, 5.1, 15.3, 4.86, 15.2),
+    line(1.4, 15.2),
+    curve(0, 13.8, 0.63, 15.2, 0, 14.57),
+    line(0, 8.2),
+    curve(1.4, 6.8, 0, 7.43, 0.63, 6.8),
+    line(4.61, 6.8),
+    curve(5.27, 6.51, 4.86, 6.8, 5.1, 6.7),
+    line(10.95, 0.41),
+    close(),
+};
+
 }  // namespace
 
 UIBezierPath UIBezierPath::videoActiveIconPath() {
@@ -44,9 +65,7 @@ UIBezierPath UIBezierPath::videoActiveIconPath() {
       curve(9.5, 6, 12.5, 7.34, 11.16, 6),
       close(),
   };
-  UIBezierPath path = outline<videoCamera>();
-  path.appendPath(outline<steps>());
-  return path;
+  return outline<videoCamera, steps>();
 }
 
 UIBezierPath UIBezierPath::videoInactiveIconPath() {
@@ -86,9 +105,7 @@ UIBezierPath UIBezierPath::videoInactiveIconPath() {
       line(12.91, 10.79),
       close(),
   };
-  UIBezierPath path = outline<videoCamera>();
-  path.appendPath(outline<steps>());
-  return path;
+  return outline<videoCamera, steps>();
 }
 
 UIBezierPath UIBezierPath::videoIconPath() {
@@ -149,26 +166,7 @@ UIBezierPath UIBezierPath::videoOffIconPath() {
 }
 
 UIBezierPath UIBezierPath::cameraFlipIconPath() {
-  static constexpr Step steps[] = {
-      // body
-      move(10.98, 0),
-      line(17.02, 0),
-      curve(18.45, 0.87, 17.62, 0, 18.17, 0.34),
-      line(19.47, 2.85),
-      curve(20.53, 3.5, 19.67, 3.25, 20.08, 3.5),
-      line(25, 3.5),
-      curve(28, 6.5, 26.66, 3.5, 28, 4.84),
-      line(28, 19),
-      curve(25, 22, 28, 20.66, 26.66, 22),
-      line(3, 22),
-      curve(0, 19, 1.34, 22, 0, 20.66),
-      line(0, 6.5),
-      curve(3, 3.5, 0, 4.84, 1.34, 3.5),
-      line(7.47, 3.5),
-      curve(8.53, 2.85, 7.92, 3.5, 8.33, 3.25),
-      line(9.55, 0.87),
-      curve(10.98, 0, 9.83, 0.34, 10.38, 0),
-      close(),
+  static constexpr Step arrows[] = {
       // two arrows chasing each other, counter-wound
       move(16.28, 5.78),
       line(15.78, 6.64),
@@ -215,7 +213,7 @@ UIBezierPath UIBezierPath::cameraFlipIconPath() {
       curve(11.72, 20.02, 11.49, 20.24, 11.64, 20.16),
       close(),
   };
-  return outline<steps>();
+  return outline<stillCamera, arrows>();
 }
 
 UIBezierPath UIBezierPath::flipCameraIconPath() {
@@ -288,24 +286,7 @@ UIBezierPath UIBezierPath::flipCameraIconPath() {
 }
 
 UIBezierPath UIBezierPath::audioActiveIconPath() {
-  static constexpr Step steps[] = {
-      // loudspeaker
-      move(10.95, 0.41),
-      curve(11.89, 0, 11.19, 0.15, 11.53, 0),
-      curve(13.2, 1.3, 12.61, 0, 13.2, 0.58),
-      line(13.2, 20.7),
-      curve(11.89, 22, 13.2, 21.42, 12.61, 22),
-      curve(10.95, 21.59, 11.53, 22, 11.19, 21.85),
-      line(5.27, 15.49),
-      curve(4.61, 15.2, 5.1, 15.3, 4.86, 15.2),
-      line(1.4, 15.2),
-      curve(0, 13.8, 0.63, 15.2, 0, 14.57),
-      line(0, 8.2),
-      curve(1.4, 6.8, 0, 7.43, 0.63, 6.8),
-      line(4.61, 6.8),
-      curve(5.27, 6.51, 4.86, 6.8, 5.1, 6.7),
-      line(10.95, 0.41),
-      close(),
+  static constexpr Step arcs[] = {
       // sound arcs
       move(16.24, 4.79),
       curve(17.09, 5.19, 16.57, 4.79, 16.88, 4.94),
@@ -332,28 +313,11 @@ UIBezierPath UIBezierPath::audioActiveIconPath() {
       curve(21.38, 0, 20.29, 0.49, 20.78, 0),
       close(),
   };
-  return outline<steps>();
+  return outline<loudspeaker, arcs>();
 }
 
 UIBezierPath UIBezierPath::audioInactiveIconPath() {
-  static constexpr Step steps[] = {
-      // loudspeaker
-      move(10.95, 0.41),
-      curve(11.89, 0, 11.19, 0.15, 11.53, 0),
-      curve(13.2, 1.3, 12.61, 0, 13.2, 0.58),
-      line(13.2, 20.7),
-      curve(11.89, 22, 13.2, 21.42, 12.61, 22),
-      curve(10.95, 21.59, 11.53, 22, 11.19, 21.85),
-      line(5.27, 15.49),
-      curve(4.61, 15.2, 5.1, 15.3, 4.86, 15.2),
-      line(1.4, 15.2),
-      curve(0, 13.8, 0.63, 15.2, 0, 14.57),
-      line(0, 8.2),
-      curve(1.4, 6.8, 0, 7.43, 0.63, 6.8),
-      line(4.61, 6.8),
-      curve(5.27, 6.51, 4.86, 6.8, 5.1, 6.7),
-      line(10.95, 0.41),
-      close(),
+  static constexpr Step cross[] = {
       // cross
       move(18.96, 6.84),
       line(21.5, 9.37),
@@ -378,7 +342,7 @@ UIBezierPath UIBezierPath::audioInactiveIconPath() {
       curve(18.96, 6.84, 18.45, 6.5, 18.75, 6.62),
       close(),
   };
-  return outline<steps>();
+  return outline<loudspeaker, cross>();
 }
 
 // A handset lying flat, both ends down.

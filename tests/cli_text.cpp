@@ -69,6 +69,18 @@ TEST(CliList, NamesEveryCaseAndMethodAsText) {
   }
 }
 
+TEST(CliList, ShowsWhatFitsAWord) {
+  const Outcome text = run({"list", "HEART"});
+  EXPECT_EQ(text.status, 0);
+  EXPECT_NE(text.out.find("Methods\n    "), std::string::npos);
+  EXPECT_EQ(text.out.find("checkmark"), std::string::npos);
+  const json list = json::parse(run({"list", "--json", "Icons.*mark"}).out);
+  ASSERT_EQ(list.at("icons").size(), 1U);
+  EXPECT_EQ(list["icons"][0].at("name"), "checkmark");
+  EXPECT_EQ(list.at("methods").size() + list.at("tabs").size() + list.at("types").size(), 0U);
+  EXPECT_EQ(run({"list", "zzz"}).status, 1);
+}
+
 void expectElements(const json& elements, const CGPath& path) {
   ASSERT_EQ(elements.size(), path.verbs().size());
   std::size_t next = 0;
@@ -196,6 +208,18 @@ TEST(CliInspect, TakesEveryFormOfName) {
   const Outcome result = run({"inspect", "Icons.checkmark"});
   EXPECT_EQ(result.status, 0) << result.err;
   EXPECT_TRUE(result.out.starts_with("checkmarkPath")) << result.out;
+  const json reports = json::parse(run({"inspect", "*ring*", "7", "--json"}).out);
+  EXPECT_EQ(reports.back().at("name"), "checkmarkPath");
+  EXPECT_EQ(reports.back().at("frame"), json({0, 0, 20, 15}));
+  EXPECT_EQ(reports.back().at("contours").size(), 1U);
+}
+
+TEST(CliPreset, ListsAsJson) {
+  const json list = json::parse(run({"preset", "--list", "--json"}).out);
+  ASSERT_EQ(list.size(), 27U);
+  EXPECT_EQ(list.back(), json({{"name", "ReferralIcons.Banner.rewardIcon"},
+                               {"options", {"--size"}},
+                               {"usualSize", {48, 40}}}));
 }
 
 }  // namespace

@@ -15,9 +15,9 @@ namespace {
 
 using cli_test::run;
 
-const std::vector<std::string> kCommands = {"list",   "search",      "path",    "inspect",
-                                            "render", "sheet",       "animate", "gallery",
-                                            "preset", "completions", "manual",  "help"};
+const std::vector<std::string> kCommands = {"list",  "search",      "path",    "inspect", "render",
+                                            "sheet", "animate",     "gallery", "preset",  "show",
+                                            "diff",  "completions", "manual",  "help"};
 
 /// With one space where there is any.
 std::string inOneLine(const std::string& text) {

@@ -11,4 +11,9 @@ namespace glyphwright {
 /// Returns 0, or 1 when a name is no icon's (the others are still written).
 int runInspect(std::span<const std::string> names, std::ostream& out);
 
+/// The same facts as a JSON array of objects: name, fillRule, frame and ink [x, y, w, h], unit,
+/// lines, curves, leastGap (in units, or null), contours, and what the rules object to, by its name
+/// and number.
+int runInspectJson(std::span<const std::string> names, std::ostream& out);
+
 }  // namespace glyphwright

@@ -11,7 +11,7 @@ int runInspectCommand(const InspectOptions& options, Console& console) {
   std::vector<std::string> methods;
   methods.reserve(icons.size());
   for (const NamedIcon& named : icons) methods.emplace_back(named.icon.method);
-  return runInspect(methods, console.out);
+  return options.json ? runInspectJson(methods, console.out) : runInspect(methods, console.out);
 }
 
 }  // namespace glyphwright::cli

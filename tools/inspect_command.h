@@ -11,6 +11,7 @@ struct InspectOptions {
   std::vector<std::string> names;
   /// Every icon method, in place of names.
   bool all = false;
+  bool json = false;
 };
 
 /// Writes the facts about icons' outlines that an artist looks at.

@@ -1,6 +1,9 @@
 #include "list_command.h"
 
+#include <algorithm>
 #include <iomanip>
+#include <iterator>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -13,6 +16,8 @@
 #include <glyphwright/catalogue/keywords.h>
 #include <glyphwright/catalogue/words.h>
 #include <glyphwright/paths/method_names.h>
+
+#include "glob.h"
 
 namespace glyphwright::cli {
 
@@ -82,49 +87,179 @@ Json catalogueJson() {
 
 namespace {
 
-void writeRow(std::ostream& out, std::string_view name, std::string_view method) {
-  constexpr int nameWidth = 46;
-  out << "    " << std::left << std::setw(nameWidth) << name << ' ' << method << '\n';
-}
+/// Which names were asked for.
+class NameFilter {
+ public:
+  explicit NameFilter(const std::vector<std::string>& words) {
+    for (const std::string& word : words)
+      globs_.emplace_back(isGlob(word) ? word : '*' + word + '*');
+  }
 
-void writeText(std::ostream& out) {
+  bool fits(std::string_view name) const {
+    return globs_.empty() ||
+           std::ranges::any_of(globs_, [&](const Glob& glob) { return glob.matches(name); });
+  }
+  bool isOpen() const { return globs_.empty(); }
+
+ private:
+  std::vector<Glob> globs_;
+};
+
+struct Row {
+  std::string name;
+  std::string_view method;
+};
+
+/// Headings and rows; what is left of them after filtering is written.
+class Listing {
+ public:
+  Listing(std::ostream& out, const NameFilter& filter) : out_(out), filter_(filter) {}
+
+  /// Stands until one of its own level, 0 or 1, follows.
+  void heading(std::size_t level, std::string_view text) {
+    pending_.resize(level);
+    pending_.emplace_back(text);
+  }
+
+  void row(const std::string& name, std::string_view method) {
+    if (!filter_.fits(name) && !filter_.fits(method)) return;
+    constexpr int nameWidth = 46;
+    writeHeadings();
+    out_ << "    " << std::left << std::setw(nameWidth) << name << ' ' << method << '\n';
+  }
+
+  /// In as many columns as there is room for.
+  void names(std::span<const std::string_view> all, std::size_t width) {
+    std::vector<std::string_view> fitting;
+    std::ranges::copy_if(all, std::back_inserter(fitting),
+                         [&](std::string_view name) { return filter_.fits(name); });
+    if (fitting.empty()) return;
+    writeHeadings();
+    std::size_t longest = 0;
+    for (const std::string_view name : fitting) longest = std::max(longest, name.size());
+    const std::size_t columns =
+        std::max<std::size_t>(1, (std::max(width, std::size_t{4}) - 4 + 2) / (longest + 2));
+    const std::size_t rows = (fitting.size() + columns - 1) / columns;
+    for (std::size_t row = 0; row < rows; ++row) {
+      std::string line = "    ";
+      for (std::size_t i = row; i < fitting.size(); i += rows) {
+        line.append(fitting[i]);
+        if (i + rows < fitting.size()) line.append(longest + 2 - fitting[i].size(), ' ');
+      }
+      out_ << line << '\n';
+    }
+  }
+
+  bool isEmpty() const { return isEmpty_; }
+
+ private:
+  void writeHeadings() {
+    isEmpty_ = false;
+    for (std::size_t level = 0; level < pending_.size(); ++level) {
+      if (!pending_[level].empty()) out_ << std::string(2 * level, ' ') << pending_[level] << '\n';
+      pending_[level].clear();
+    }
+  }
+
+  std::ostream& out_;
+  const NameFilter& filter_;
+  std::vector<std::string> pending_;
+  bool isEmpty_ = true;
+};
+
+void writeCatalogue(Listing& listing, std::size_t width) {
   for (const IconTab key : IconTab::allCases) {
     const GlyphwrightIconType tab = key.tab();
-    out << tab.title() << '\n';
+    listing.heading(0, tab.title());
     for (const IconTypeSection& section : tab.sections()) {
-      out << "  " << section.title << '\n';
+      listing.heading(1, section.title);
       for (const Pathable& icon : section.paths) {
-        const std::string name =
-            std::string(icon.enumerationName()).append(".").append(icon.name());
-        writeRow(out, name, icon.rawValue());
+        listing.row(std::string(icon.enumerationName()).append(".").append(icon.name()),
+                    icon.rawValue());
       }
     }
   }
-  out << "In no section\n";
+  listing.heading(0, "In no section");
   for (const App::Shapes::Triangles icon : App::Shapes::Triangles::allCases) {
-    writeRow(out, std::string("App.Shapes.Triangles.").append(icon.name()), icon.rawValue());
+    listing.row(std::string("App.Shapes.Triangles.").append(icon.name()), icon.rawValue());
   }
-  out << "Icons\n";
+  listing.heading(0, "Icons");
   for (const Icons icon : Icons::allCases) {
-    writeRow(out, std::string("Icons.").append(icon.name()), icon.rawValue());
+    listing.row(std::string("Icons.").append(icon.name()), icon.rawValue());
   }
-  out << "Integer types\n";
+  listing.heading(0, "Integer types");
   for (const IconTypeRecord& type : iconTypes) {
-    writeRow(out, std::to_string(static_cast<std::int64_t>(type.type)), type.method);
+    listing.row(std::to_string(static_cast<std::int64_t>(type.type)), type.method);
   }
-  out << "Methods\n";
-  for (const std::string_view name : iconMethodNames) out << "    " << name << '\n';
+  listing.heading(0, "Methods");
+  listing.names(iconMethodNames, width);
+}
+
+bool fits(const Json& entry, const std::string& enumeration, const NameFilter& filter) {
+  const auto field = [&](const char* key) { return entry.value(key, std::string()); };
+  if (entry.is_string()) return filter.fits(entry.get<std::string>());
+  return (entry.contains("name") && filter.fits(enumeration + field("name"))) ||
+         filter.fits(field("rawValue")) || filter.fits(field("method"));
+}
+
+/// Keeps the entries that fit.
+void keep(Json& entries, const std::string& enumeration, const NameFilter& filter) {
+  Json kept = Json::array();
+  for (const Json& entry : entries) {
+    if (fits(entry, enumeration, filter)) kept.push_back(entry);
+  }
+  entries = std::move(kept);
+}
+
+/// The same catalogue with what fits; groups that are left with nothing go.
+Json filtered(Json catalogue, const NameFilter& filter) {
+  const auto dropEmpty = [](Json& groups, const char* list) {
+    Json kept = Json::array();
+    for (const Json& group : groups) {
+      if (!group.at(list).empty()) kept.push_back(group);
+    }
+    groups = std::move(kept);
+  };
+  for (Json& tab : catalogue["tabs"]) {
+    for (Json& section : tab["sections"]) keep(section["cases"], "", filter);
+    dropEmpty(tab["sections"], "cases");
+  }
+  dropEmpty(catalogue["tabs"], "sections");
+  for (Json& enumeration : catalogue["enumerations"]) {
+    keep(enumeration["cases"], enumeration["name"].get<std::string>() + '.', filter);
+  }
+  dropEmpty(catalogue["enumerations"], "cases");
+  keep(catalogue["icons"], "Icons.", filter);
+  keep(catalogue["types"], "", filter);
+  keep(catalogue["methods"], "", filter);
+  Json keywords = Json::object();
+  for (const auto& [name, words] : catalogue["keywords"].items()) {
+    if (filter.fits(name)) keywords[name] = words;
+  }
+  catalogue["keywords"] = std::move(keywords);
+  return catalogue;
 }
 
 }  // namespace
 
 int runList(const ListOptions& options, Console& console) {
+  const NameFilter filter(options.words);
+  bool isEmpty = false;
   if (options.json) {
-    console.out << catalogueJson().dump(2) << '\n';
+    const Json catalogue = filter.isOpen() ? catalogueJson() : filtered(catalogueJson(), filter);
+    console.out << catalogue.dump(2) << '\n';
+    isEmpty = catalogue.at("enumerations").empty() && catalogue.at("icons").empty() &&
+              catalogue.at("methods").empty();
   } else {
-    writeText(console.out);
+    Listing listing(console.out, filter);
+    writeCatalogue(listing, console.columns);
+    isEmpty = listing.isEmpty();
   }
-  return statusDone;
+  if (!isEmpty) return statusDone;
+  console.err
+      << "glyphwright: no name has this in it; `glyphwright search` finds icons by what they "
+         "show\n";
+  return statusFailed;
 }
 
 }  // namespace glyphwright::cli

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include <nlohmann/json_fwd.hpp>
 
 #include "console.h"
@@ -7,6 +10,8 @@
 namespace glyphwright::cli {
 
 struct ListOptions {
+  /// Parts of names or patterns (see Glob); what fits one of them is shown. Everything when empty.
+  std::vector<std::string> words;
   bool json = false;
 };
 
@@ -14,7 +19,8 @@ struct ListOptions {
 /// keywords.
 nlohmann::ordered_json catalogueJson();
 
-/// Writes the whole catalogue, as text without the keywords.
+/// Writes the catalogue, as text without the keywords; method names side by side where the console
+/// is a terminal. Fails when no name fits the words.
 int runList(const ListOptions& options, Console& console);
 
 }  // namespace glyphwright::cli

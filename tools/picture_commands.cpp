@@ -188,6 +188,59 @@ void addPreset(CLI::App& program, std::optional<Command>& command) {
   });
 }
 
+void addShow(CLI::App& program, std::optional<Command>& command) {
+  CLI::App* const app = program.add_subcommand("show", "Draw an icon in the terminal");
+  auto options = std::make_shared<ShowOptions>();
+  app->add_option("NAME", options->name, kNameHelp)->required()->type_name("");
+  addParsed(
+      *app, "--as", "auto|picture|blocks|plain", showFormFrom,
+      [options](ShowForm form) { options->form = form; },
+      "the terminal's own picture, half blocks in colour or half blocks alone; unless given, the "
+      "best "
+      "that the terminal says it has");
+  app->add_option("--columns", options->columns,
+                  "width in characters, 40 unless given or the terminal is narrower")
+      ->check(CLI::Range(1, 1000).description(""))
+      ->type_name("N");
+  addPaint(*app, options->paint);
+  app->footer(
+      "Where the environment variable NO_COLOR is set, nothing is coloured.\n"
+      "Example:\n  glyphwright show heartPath --fill gold");
+  app->callback([&command, options] { command = *options; });
+}
+
+void addDiff(CLI::App& program, std::optional<Command>& command) {
+  CLI::App* const app = program.add_subcommand(
+      "diff", "Compare two icons, or an icon and a PNG file, pixel by pixel");
+  auto options = std::make_shared<DiffOptions>();
+  app->add_option("A", options->a, "the name of an icon, or a file ending in .png")
+      ->required()
+      ->type_name("");
+  app->add_option("B", options->b, "what to compare it with")->required()->type_name("");
+  app->add_option("-o,--output", options->output,
+                  "a .png file to show A, B and where they differ, side by side")
+      ->type_name("FILE");
+  app->add_option("--tolerance", options->tolerance,
+                  "the largest difference that counts as none, of 255; 0 unless given")
+      ->check(CLI::Range(0, 255).description(""))
+      ->type_name("N");
+  app->add_flag("--json", options->json, "the figures as a JSON object");
+  app->add_flag("--parents", options->parents,
+                "make folders that are missing without saying so on standard error");
+  addParsed(
+      *app, "--scale", "S", scaleFrom, [options](CGFloat scale) { options->scale = scale; },
+      "pixels per point of what is rendered, 1 unless given");
+  addPaint(*app, options->paint);
+  app->footer(
+      "A render beside a file takes on the file's size unless --size is given. Exit status: 0 the "
+      "same, "
+      "1 different.\nExample:\n  glyphwright diff heartPath heart.png --fill red -o changed.png");
+  app->callback([&command, options, app] {
+    options->sizeIsGiven = app->count("--size") > 0 || app->count("--attributes") > 0;
+    command = *options;
+  });
+}
+
 }  // namespace
 
 void addPictureCommands(CLI::App& program, std::optional<Command>& chosen) {
@@ -196,6 +249,8 @@ void addPictureCommands(CLI::App& program, std::optional<Command>& chosen) {
   addAnimate(program, chosen);
   addGallery(program, chosen);
   addPreset(program, chosen);
+  addShow(program, chosen);
+  addDiff(program, chosen);
 }
 
 }  // namespace glyphwright::cli

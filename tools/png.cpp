@@ -96,6 +96,12 @@ Bytes imageData(std::size_t width, const Bytes& rows, Compression compression) {
 
 }  // namespace
 
+std::vector<std::uint8_t> straightAlpha(std::span<const std::uint8_t> premultiplied) {
+  Bytes straight(premultiplied.size());
+  putStraight(premultiplied, straight);
+  return straight;
+}
+
 void appendNumber32(Bytes& bytes, std::size_t value) {
   for (int shift = 24; shift >= 0; shift -= 8) {
     bytes.push_back(static_cast<std::uint8_t>(value >> shift));

@@ -21,6 +21,9 @@ std::vector<std::uint8_t> encodePng(std::size_t width, std::size_t height,
                                     std::span<const std::uint8_t> premultiplied,
                                     Compression compression = Compression::quick);
 
+/// The pixels as files have them.
+std::vector<std::uint8_t> straightAlpha(std::span<const std::uint8_t> premultiplied);
+
 /// Big-endian, as the format has all numbers.
 void appendNumber32(std::vector<std::uint8_t>& bytes, std::size_t value);
 

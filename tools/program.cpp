@@ -21,6 +21,8 @@ struct Runner {
   int operator()(const AnimateOptions& options) const { return runAnimate(options, console); }
   int operator()(const GalleryOptions& options) const { return runGallery(options, console); }
   int operator()(const PresetOptions& options) const { return runPreset(options, console); }
+  int operator()(const ShowOptions& options) const { return runShow(options, console); }
+  int operator()(const DiffOptions& options) const { return runDiff(options, console); }
   int operator()(const CompletionsOptions& options) const {
     return runCompletions(options, console);
   }

@@ -10,6 +10,9 @@ void addList(CLI::App& program, std::optional<Command>& command) {
   CLI::App* const app =
       program.add_subcommand("list", "Show the catalogue: tabs, sections, cases, types, methods");
   auto options = std::make_shared<ListOptions>();
+  app->add_option("WORD", options->words,
+                  "parts of names, or patterns such as '*Path'; everything unless given")
+      ->type_name("");
   app->add_flag("--json", options->json, "as one JSON object");
   app->callback([&command, options] { command = *options; });
 }
@@ -45,6 +48,7 @@ void addInspect(CLI::App& program, std::optional<Command>& command) {
   auto options = std::make_shared<InspectOptions>();
   CLI::Option* const names = app->add_option("NAME", options->names, kNamesHelp)->type_name("");
   app->add_flag("--all", options->all, "every icon method, in place of names")->excludes(names);
+  app->add_flag("--json", options->json, "as a JSON array");
   app->callback([&command, options] {
     if (options->names.empty() && !options->all) {
       throw UsageError("inspect: give at least one icon, or --all");

@@ -15,7 +15,7 @@ int runPath(const PathOptions& options, Console& console) {
   }
   const UIBezierPath path = named.icon.builder();
   if (options.svg) {
-    console.out << svgElement(path, {}) << '\n';
+    console.out << svgElement(path, {.hasOwnSize = true}) << '\n';
   } else {
     console.out << pathJson(named.icon.method, path);
   }

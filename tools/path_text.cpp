@@ -90,11 +90,14 @@ std::string svgElement(const UIBezierPath& path, const SvgStyle& style) {
   const CGRect box = CGRectInset(path.bounds(), -margin, -margin);
   const double frame = std::max(box.size.width, box.size.height);
   const auto tidy = [frame](double value) { return tidyTextOf(value, frame); };
+  const std::string boxWidth = tidy(box.size.width);
+  const std::string boxHeight = tidy(box.size.height);
   std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\"" +
                     attribute("viewBox", tidy(box.origin.x) + ' ' + tidy(box.origin.y) + ' ' +
-                                             tidy(box.size.width) + ' ' + tidy(box.size.height)) +
-                    style.attributes + "><path" +
-                    attribute("fill", bare ? "none" : std::string_view(style.fill));
+                                             boxWidth + ' ' + boxHeight);
+  if (style.hasOwnSize) svg += attribute("width", boxWidth) + attribute("height", boxHeight);
+  svg +=
+      style.attributes + "><path" + attribute("fill", bare ? "none" : std::string_view(style.fill));
   if (path.usesEvenOddFillRule()) svg += attribute("fill-rule", "evenodd");
   if (!stroke.empty()) {
     svg += attribute("stroke", stroke) + attribute("stroke-width", tidy(width)) +

@@ -16,12 +16,14 @@ std::string svgPathData(const CGPath& path);
 /// How a path is shown in a document.
 struct SvgStyle {
   /// Attributes of the <svg> element, each with a space before it.
-  std::string attributes;
+  std::string attributes{};
   /// A colour as documents write it.
   std::string fill = "currentColor";
   /// None when empty.
   std::string stroke{};
   double strokeWidth = 0;
+  /// Whether width and height are those of the view box.
+  bool hasOwnSize = false;
 };
 
 /// An <svg> element that shows the path, with its bounds (and the stroke's width around them) as

@@ -129,8 +129,9 @@ TEST(CliPath, TakesEveryFormOfName) {
 TEST(CliPath, DrawsAsSvg) {
   const Outcome result = run({"path", "facebookLogo", "--svg"});
   ASSERT_EQ(result.status, 0) << result.err;
-  EXPECT_TRUE(result.out.starts_with(
-      "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 18 18\" width=\"18\" height=\"18\"><path "))
+  EXPECT_TRUE(
+      result.out.starts_with("<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 18 18\" "
+                             "width=\"18\" height=\"18\"><path "))
       << result.out;
   EXPECT_NE(result.out.find("fill-rule=\"evenodd\""), std::string::npos);
   EXPECT_NE(result.out.find(" d=\"M18 9.05C18 4.05 13.97 0 9 0C"), std::string::npos);
@@ -191,6 +192,8 @@ TEST(CliUsage, AnswersMistakesWithStatusTwoAndAHint) {
            Row{{"render", "xPath", "-o", "x.png", "--stroke", "red:1", "--hairline"}, "excludes"},
            Row{{"sheet", "-o", "x.svg"}, ".png"},
            Row{{"gallery"}, "--output"},
+           Row{{"gallery", "-o", ""}, "--output"},
+           Row{{"render", "xPath", "-o", "x.png", "--attributes", "/"}, "cannot read /"},
            Row{{"preset", "gifNormal", "-o", "x.png"}, "ChatIcons.ActionBar.gifNormalIcon"},
            Row{{"preset", "ChatIcons.ActionBar.gifNormalIcon", "-o", "x.png", "--size", "9"},
                "takes no --size"},

@@ -130,12 +130,20 @@ IconGradient gradient(const Json& value) {
   return result;
 }
 
+Json parsed(const std::string& file) {
+  try {
+    std::ifstream stream(file, std::ios::binary);
+    if (stream.is_open()) return Json::parse(stream, nullptr, false);
+  } catch (const std::ios_base::failure&) {
+    // Opened, but a folder.
+  }
+  throw UsageError("cannot read " + file);
+}
+
 }  // namespace
 
 void readAttributes(const std::string& file, Paint& paint) {
-  std::ifstream stream(file, std::ios::binary);
-  const Json json = Json::parse(stream, nullptr, false);
-  if (!stream.is_open()) throw UsageError("cannot read " + file);
+  const Json json = parsed(file);
   if (json.is_discarded()) throw UsageError(file + " is no JSON");
   IconAttributes& attributes = paint.attributes;
   const Readers readers = {

@@ -43,6 +43,7 @@ CGSize less(CGSize size, CGFloat both) {
 /// The strokes painted with the gradient, as an image of the attributes' size.
 UIImage strokesOfGradient(const UIBezierPath& path, const IconAttributes& attributes, CGFloat pen) {
   const CGSize room = less(attributes.size, shadowRoom(attributes));
+  if (!(room.width > 0 && room.height > 0)) return {};  // the shadow leaves nothing
   UIBezierPath fitted = path;
   fitted.translateToZeroPoint();
   fitted.scaleToFitSize(less(room, pen));

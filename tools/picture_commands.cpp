@@ -142,7 +142,10 @@ void addGallery(CLI::App& program, std::optional<Command>& command) {
   app->add_option("-o,--output", options->folder, "the folder to write into")
       ->required()
       ->type_name("DIR");
-  app->callback([&command, options] { command = *options; });
+  app->callback([&command, options] {
+    if (options->folder.empty()) throw UsageError("gallery: --output is empty: name a folder");
+    command = *options;
+  });
 }
 
 void addPreset(CLI::App& program, std::optional<Command>& command) {

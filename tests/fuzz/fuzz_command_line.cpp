@@ -8,11 +8,13 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const char* const kWords[] = {
-      "list",          "path",    "render",   "sheet",        "gallery",    "inspect",
-      "preset",        "--json",  "--svg",    "-o",           "-",          "--size",
-      "40x30",         "--scale", "--fill",   "--background", "--all",      "--drop-shadow",
-      "red:1,2:3",     "#ff0",    "--stroke", "black:",       "--gradient", "red,",
-      "checkmarkPath", "Icons.",  "7",        "--border"};
+      "list",          "path",    "render",      "sheet",        "gallery",    "inspect",
+      "preset",        "--json",  "--svg",       "-o",           "-",          "--size",
+      "40x30",         "--scale", "--fill",      "--background", "--all",      "--drop-shadow",
+      "red:1,2:3",     "#ff0",    "--stroke",    "black:",       "--gradient", "red,",
+      "checkmarkPath", "Icons.",  "7",           "--border",     "show",       "diff",
+      "search",        "help",    "completions", "manual",       "--jobs",     "--as",
+      "*{a,b}[",       "16,24x8", "--attributes"};
   glyphwright::fuzz::Input input(data, size);
   std::vector<std::string> arguments;
   while (!input.isEmpty() && arguments.size() < 16) {

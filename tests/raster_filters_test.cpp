@@ -10,9 +10,7 @@
 namespace glyphwright::raster {
 namespace {
 
-using RasterFilters = RasterKernels;
-
-TEST_F(RasterFilters, AreTheSame) {
+TEST_P(RasterKernels, FiltersAreTheSame) {
   for (const std::size_t reach : {0U, 1U, 5U, 31U}) {
     for (const std::size_t blocks : {1U, 2U, 3U, 4U, 7U}) {
       constexpr std::size_t kRows = 3;

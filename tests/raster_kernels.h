@@ -10,14 +10,14 @@
 #include <glyphwright/platform/raster/cells.h>
 #include <glyphwright/platform/raster/kernels.h>
 
-/// The loops of this machine and the scalar ones that explain them, with input for both.
+/// A set of loops and the plain ones, with input for both.
 namespace glyphwright::raster {
 
 inline constexpr std::uint16_t kGuard = 0x5A5A;
 inline constexpr std::size_t kCounts[] = {1,  2,  7,  8,  9,  15, 16, 17,
                                           23, 24, 31, 32, 33, 63, 64, 100};
 
-class RasterKernels : public testing::Test {
+class RasterKernels : public testing::TestWithParam<KernelSet> {
  protected:
   int upTo(int most) { return std::uniform_int_distribution<int>(0, most)(random_); }
   float real(float low, float high) {
@@ -65,8 +65,12 @@ class RasterKernels : public testing::Test {
     return values;
   }
 
-  const Kernels& fast_ = kernels();
-  const Kernels& plain_ = scalarKernels();
+  void SetUp() override {
+    if (!GetParam().runsHere()) GTEST_SKIP() << "this processor lacks what the set needs";
+  }
+
+  const Kernels& fast_ = GetParam().loops();
+  const Kernels& plain_ = kernelSets().back().loops();
   std::mt19937 random_{20240607};
 };
 

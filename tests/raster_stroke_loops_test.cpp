@@ -67,7 +67,7 @@ TEST(StrokeLoops, CurvesSampleTheSameOnEveryMachine) {
       for (const int k : {0, 1}) {
         for (auto& side : to[k]) side.assign(64, -1);
         SideEnds sides{to[k][0].data(), to[k][1].data(), to[k][2].data(), to[k][3].data()};
-        reached[k] = (k == 0 ? kernels() : scalarKernels()).putSides(s, nodes, 0, 3, half, sides);
+        reached[k] = (k == 0 ? kernels() : kernelSets().back().loops()).putSides(s, nodes, 0, 3, half, sides);
         counts[k][0] = static_cast<std::size_t>(sides.leftX - to[k][0].data());
         counts[k][1] = static_cast<std::size_t>(sides.rightX - to[k][2].data());
         ASSERT_EQ(sides.leftY - to[k][1].data(), sides.leftX - to[k][0].data());
@@ -130,7 +130,7 @@ TEST(StrokeLoops, CurvesArePreparedAndBentTheSameOnEveryMachine) {
       const StrokeSegments& fast = memory[0].roomFor(count);
       const StrokeSegments& plain = memory[1].roomFor(count);
       kernels().prepareSegments(points.data(), count, pen, fast);
-      scalarKernels().prepareSegments(points.data(), count, pen, plain);
+      kernelSets().back().loops().prepareSegments(points.data(), count, pen, plain);
       for (std::size_t i = 0; i < count; ++i) {
         ASSERT_EQ(fast.chords[i], plain.chords[i]);
         (plain.chords[i] == 0 ? without : (plain.chords[i] < 0 ? tight : gentle)) += 1;
@@ -155,7 +155,7 @@ TEST(StrokeLoops, CurvesArePreparedAndBentTheSameOnEveryMachine) {
           auto& v = to[k];
           bent[k] = {v[0].data(), v[1].data(), v[2].data(), v[3].data(),
                      v[4].data(), v[5].data(), v[6].data(), v[7].data()};
-          (k == 0 ? kernels() : scalarKernels())
+          (k == 0 ? kernels() : kernelSets().back().loops())
               .bendCurve(plain.cubics[i], half, bentChords, bent[k]);
         }
         ASSERT_EQ(bent[0].leftCount, bent[1].leftCount);
@@ -190,7 +190,7 @@ TEST(StrokeLoops, CornersArePlacedTheSameOnEveryMachine) {
     const float* fromX = x.data() + kMargin;
     const float* fromY = y.data() + kMargin;
     const CornerBox a = kernels().boxCorners(fromX, fromY, count);
-    const CornerBox b = scalarKernels().boxCorners(fromX, fromY, count);
+    const CornerBox b = kernelSets().back().loops().boxCorners(fromX, fromY, count);
     ASSERT_EQ(a.hasNaN, b.hasNaN);
     ASSERT_EQ(a.hasNaN, count == 17);
     if (!a.hasNaN) {
@@ -207,7 +207,7 @@ TEST(StrokeLoops, CornersArePlacedTheSameOnEveryMachine) {
         placedX[k].resize(count + kMargin);
         placedY[k].resize(count + kMargin);
         outside[k].resize((count + 7) / 8);
-        (k == 0 ? kernels() : scalarKernels())
+        (k == 0 ? kernels() : kernelSets().back().loops())
             .placeCorners(fromX, fromY, count, backwards, {2.5F, -3, 100, 90},
                           {placedX[k].data(), placedY[k].data(), outside[k].data()});
         placedX[k].resize(count);
@@ -243,7 +243,7 @@ TEST(StrokeLoops, NodesJoinTheSameOnEveryMachine) {
       std::vector<StrokeNode> nodes[2];
       for (auto& list : nodes) list.resize(count + 8);
       kernels().joinSegments(s, count, pen, nodes[0].data());
-      scalarKernels().joinSegments(s, count, pen, nodes[1].data());
+      kernelSets().back().loops().joinSegments(s, count, pen, nodes[1].data());
       for (std::size_t i = 0; i < count; ++i) {
         if (s.chords[i] == 0 || s.chords[i + 1] == 0) continue;
         straightOn += nodes[0][i].left.count + nodes[0][i].right.count == 2 ? 1 : 0;
@@ -329,7 +329,7 @@ TEST(StrokeLoops, RingsJoinTheSameOnEveryMachine) {
       std::vector<Edge> edges[2];
       int runs[2];
       for (const int k : {0, 1}) {
-        const Kernels& loops = k == 0 ? kernels() : scalarKernels();
+        const Kernels& loops = k == 0 ? kernels() : kernelSets().back().loops();
         edges[k].resize(lines + 8);
         runs[k] =
             loops.joinRing(x.data(), y.data(), lines + 1, {2, -3}, backwards, edges[k].data());

@@ -47,10 +47,16 @@ std::string_view roomOf(std::string_view file) {
 }
 
 bool isStandardHeader(std::string_view target) {
-  // The intrinsics of a processor are the compiler's own; the interface for C is written in C.
-  return target == "immintrin.h" || target == "arm_neon.h" || target == "stddef.h" ||
-         target == "stdint.h" ||
+  // The interface for C is written in C.
+  return target == "stddef.h" || target == "stdint.h" ||
          target.find_first_of("./") == std::string_view::npos;
+}
+
+// A processor's own words, which stand where the loops' words are made from them and nowhere else.
+bool isIntrinsic(const Include& include) {
+  return include.file.starts_with("glyphwright/platform/raster/lanes/") &&
+         (include.target == "immintrin.h" || include.target == "arm_neon.h" ||
+          include.target == "smmintrin.h" || include.target == "wasm_simd128.h");
 }
 
 std::string fault(const Include& include, std::string_view why) {
@@ -59,7 +65,7 @@ std::string fault(const Include& include, std::string_view why) {
 
 std::string libraryFault(const Include& include) {
   if (!include.target.starts_with(kLibrary)) {
-    if (!include.quoted && isStandardHeader(include.target)) return {};
+    if (!include.quoted && (isStandardHeader(include.target) || isIntrinsic(include))) return {};
     return fault(include, "the library needs nothing but the standard library");
   }
   const std::string_view from = roomOf(include.file);

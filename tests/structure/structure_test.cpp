@@ -38,6 +38,8 @@ TEST(Structure, TheChecksSeeFaults) {
   EXPECT_TRUE(faulty("glyphwright/bezier_path.h", "glyphwright/paths/outline.h"));
   EXPECT_TRUE(faulty("glyphwright/platform/p.cpp", "glyphwright/glyphwright.h"));
   EXPECT_TRUE(faulty("glyphwright/paths/p.cpp", "png.h"));
+  EXPECT_TRUE(faulty("glyphwright/platform/raster/kernels/k.h", "immintrin.h"));
+  EXPECT_FALSE(faulty("glyphwright/platform/raster/lanes/l.h", "immintrin.h"));
   EXPECT_TRUE(faulty("glyphwright/attic/p.cpp", "glyphwright/platform/path.h"));
   EXPECT_TRUE(faulty("tools/t.cpp", "glyphwright/platform/raster/edges.h"));
   EXPECT_FALSE(faulty("glyphwright/bezier_path.h", "glyphwright/paths/icon_names.inc"));

@@ -300,8 +300,9 @@ void Canvas::Painter::span(std::uint8_t* rgba, const CoverageSpan& s, const std:
   }
   if (copies) return;
   if (paint_.sourceAlpha != kOne) {
-    if (levels != own) std::copy_n(levels, count, own);
-    scratch_.kernels->scaleCoverage(own, paint_.sourceAlpha, count);
+    for (std::size_t i = 0; i < count; ++i) {
+      own[i] = static_cast<std::uint16_t>(scaled(levels[i], paint_.sourceAlpha));
+    }
     levels = own;
   }
   if (writes_) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstdlib>
 #include <cstring>
 #include <variant>
 
@@ -43,7 +44,12 @@ class Sweeper {
     if constexpr (sizeof(Cell) == 2) {
       return scratch_.kernels->sumNarrow(from, count, carry, rule_, out);
     } else {
-      return scratch_.kernels->sumWide(from, count, carry, rule_, out);
+      for (std::size_t i = 0; i < count; ++i) {
+        carry += from[i];
+        from[i] = 0;
+        out[i] = levelOf(carry);
+      }
+      return carry;
     }
   }
 
@@ -90,16 +96,14 @@ class Sweeper {
     sink_.row({y, spans_, scratch_.coverage.data()});
   }
 
-  // The coverage that a running sum stands for.
-  int levelOf(int carry) const {
-    Cell none = 0;
-    std::uint16_t level = 0;
-    if constexpr (sizeof(Cell) == 2) {
-      scalarKernels().sumNarrow(&none, 1, carry, rule_, &level);
-    } else {
-      scalarKernels().sumWide(&none, 1, carry, rule_, &level);
+  // The coverage that a running sum stands for, as sumNarrow has it.
+  std::uint16_t levelOf(int carry) const {
+    int units = std::min(std::abs(carry), kUnitsPerPixel);
+    if (rule_ == FillRule::evenOdd) {
+      const int phase = carry & (2 * kUnitsPerPixel - 1);
+      units = std::min(phase, 2 * kUnitsPerPixel - phase);
     }
-    return level;
+    return static_cast<std::uint16_t>((units << 5) - (units >> 10));
   }
 
   void addSpan(int fromBlock, int toBlock, int constant) {

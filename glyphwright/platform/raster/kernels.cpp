@@ -1,17 +1,42 @@
 #include <glyphwright/platform/raster/kernels.h>
 
-#if defined(__x86_64__)
-#include <glyphwright/platform/raster/kernels/avx2.h>
-#endif
-
 namespace glyphwright::raster {
 
-const Kernels& kernels() {
+const Kernels& plainKernels();
+const Kernels& avx2Kernels();
+const Kernels& sse41Kernels();
+const Kernels& neonKernels();
+const Kernels& wasmKernels();
+
+namespace {
+
+bool always() {
+  return true;
+}
+
+// The fastest first. What is asked of the processor was read by the runtime before main.
+constexpr KernelSet kSets[] = {
 #if defined(__x86_64__)
-  // The check reads a word that the runtime filled in before main.
-  if (__builtin_cpu_supports("avx2")) return avx2Kernels();
+    {"avx2", avx2Kernels, [] { return __builtin_cpu_supports("avx2") != 0; }},
+    {"sse41", sse41Kernels, [] { return __builtin_cpu_supports("sse4.1") != 0; }},
+#elif defined(__aarch64__)
+    {"neon", neonKernels, always},
+#elif defined(__wasm__)
+    {"wasm", wasmKernels, always},
 #endif
-  return scalarKernels();
+    {"plain", plainKernels, always},
+};
+
+}  // namespace
+
+std::span<const KernelSet> kernelSets() {
+  return kSets;
+}
+
+const Kernels& kernels() {
+  const KernelSet* set = kSets;
+  while (!set->runsHere()) ++set;
+  return set->loops();
 }
 
 }  // namespace glyphwright::raster

@@ -35,8 +35,9 @@ struct SolidColor {
   bool isClear() const { return alpha == 0; }
 };
 
-/// The colour of a premultiplied pixel, four bytes in memory order.
-inline SolidColor solidColor(std::uint32_t pixel) {
+/// The colour of a premultiplied pixel, four bytes in memory order. Always inlined, since it is
+/// compiled for several processors, and a program has only one of each function.
+[[gnu::always_inline]] inline SolidColor solidColor(std::uint32_t pixel) {
   std::uint8_t bytes[4];
   std::memcpy(bytes, &pixel, sizeof(bytes));
   SolidColor color;
@@ -218,8 +219,8 @@ struct CellRows {
   std::size_t before = 0;
 };
 
-/// The loops that touch pixels. One table for each instruction set, all equal to the scalar one
-/// bit for bit; kernels/scalar_*.cpp are the text that explains them.
+/// The loops that touch pixels. Each is written once (kernels/), in the words of a set of lanes
+/// (lanes/), and there is a table for each set; all are equal bit for bit.
 struct Kernels {
   /// The box around points given as x, y, x, y…
   PointBox (*boxPoints)(const double* points, std::size_t count);
@@ -258,8 +259,6 @@ struct Kernels {
   /// the even-odd rule leaves free, and how much `rule` covers.
   void (*sumInset)(std::int16_t* cells, std::size_t count, FillRule rule, std::uint16_t* around,
                    std::uint16_t* inside);
-  int (*sumWide)(std::int32_t* cells, std::size_t count, int carry, FillRule rule,
-                 std::uint16_t* coverage);
   /// Sums rows of cells and paints them with a colour, `rowBytes` from row to row: over nothing,
   /// or over what is there.
   void (*writeCells)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
@@ -271,7 +270,8 @@ struct Kernels {
                           const std::uint32_t* colors);
   void (*blendCellsByRow)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                           const std::uint32_t* colors);
-  /// Two shapes in the same pixels, one painted over the other over nothing.
+  /// Two shapes in the same pixels, one painted over the other over nothing. The upper one goes by
+  /// the non-zero rule, as strokes do.
   void (*writeTwoCells)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& below,
                         const CellRows& above, const SolidColor& belowColor,
                         const SolidColor& aboveColor);
@@ -300,9 +300,8 @@ struct Kernels {
   /// The same at parts in any order. Reads whole eights of them.
   void (*mixParts)(const ColorStretch& stretch, const double* parts, std::size_t count,
                    std::uint32_t* pixels);
-  /// coverage := coverage × other, or × one fraction.
+  /// coverage := coverage × other.
   void (*multiplyCoverage)(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count);
-  void (*scaleCoverage)(std::uint16_t* coverage, int fraction, std::size_t count);
   /// A symmetric filter downwards: taps[0] weighs the middle, taps[k] the two values k away from it
   /// together. Taps are fractions that sum to at most one. `middle` points to the first row's
   /// middle one of the rows that it takes, `reach` more on either side, and those of the next rows
@@ -346,6 +345,15 @@ struct Kernels {
 
 /// The fastest table for this machine.
 const Kernels& kernels();
-const Kernels& scalarKernels();
+
+/// A table, and whether this processor has what it needs.
+struct KernelSet {
+  const char* name;
+  const Kernels& (*loops)();
+  bool (*runsHere)();
+};
+/// Those that were compiled for this family of processors, the fastest first and the plain one
+/// last.
+std::span<const KernelSet> kernelSets();
 
 }  // namespace glyphwright::raster

@@ -21,8 +21,8 @@ bool endsIn(const PixelRect& area, const SolidShape& shape) {
 
 bool paintTogether(Canvas& canvas, const SolidShape& below, const SolidShape& above) {
   const PixelRect area = united(below.edges.region, above.edges.region);
-  if (!canvas.isUntouched() || !isNarrow(below) || !isNarrow(above) || !endsIn(area, below) ||
-      !endsIn(area, above)) {
+  if (!canvas.isUntouched() || above.rule != FillRule::nonZero || !isNarrow(below) ||
+      !isNarrow(above) || !endsIn(area, below) || !endsIn(area, above)) {
     return false;
   }
   Canvas::FreshRows pixels(canvas, area);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <immintrin.h>
-
 #include <algorithm>
 #include <bit>
 #include <cstddef>
@@ -9,45 +7,38 @@
 #include <cstring>
 #include <type_traits>
 
-#include <glyphwright/platform/raster/kernels/avx2_lanes.h>
-#include <glyphwright/platform/raster/kernels/avx2_rows.h>
+#include <glyphwright/platform/raster/kernels/rows.h>
 
 /// From rows of cells to whatever paints them, one row or two at a time from left to right.
-namespace glyphwright::raster::avx2 {
+namespace glyphwright::raster::loops {
+namespace {
 
 /// From winding × coverage in 1/1024 to coverage in 1/1024.
-template <FillRule rule>
-__m256i foldWinding(__m256i sums) {
-  const __m256i full = _mm256_set1_epi16(kUnitsPerPixel);
+template <FillRule rule, typename Shorts>
+Shorts foldWinding(Shorts sums) {
   if constexpr (rule == FillRule::nonZero) {
-    return _mm256_min_epi16(_mm256_abs_epi16(sums), full);
+    return min(abs(sums), Shorts::every(kUnitsPerPixel));
   } else {
-    const __m256i phase = _mm256_and_si256(sums, _mm256_set1_epi16(2 * kUnitsPerPixel - 1));
-    return _mm256_min_epi16(phase, _mm256_sub_epi16(_mm256_set1_epi16(2 * kUnitsPerPixel), phase));
+    const Shorts phase = sums & Shorts::every(2 * kUnitsPerPixel - 1);
+    return min(phase, Shorts::every(2 * kUnitsPerPixel) - phase);
   }
 }
 
-/// From 1/1024 to 15-bit fractions.
-inline __m256i fractions(__m256i units) {
-  return _mm256_sub_epi16(_mm256_slli_epi16(units, 5), _mm256_srli_epi16(units, 10));
-}
-
 /// A bit for each of up to 64 blocks, set where it was touched.
-inline std::uint64_t touchedBits(const std::uint8_t* touched, std::size_t count) {
+template <typename L>
+std::uint64_t touchedBits(const std::uint8_t* touched, std::size_t count) {
   const auto half = [&](std::size_t from) {
-    if (from >= count) return std::uint64_t{0};
-    const __m256i none = _mm256_cmpeq_epi8(load(touched + from), _mm256_setzero_si256());
-    return std::uint64_t{~static_cast<std::uint32_t>(_mm256_movemask_epi8(none))};
+    return from >= count ? 0 : std::uint64_t{L::marks(touched + from)};
   };
   return half(0) | half(32) << 32;
 }
 
 /// The coverage of one shape in one row of pixels or two.
-template <FillRule rule, typename Rows>
+template <typename L, FillRule rule, typename Rows>
 class ShapeUnits {
  public:
-  using Units = __m256i;
-  using Block = TwoRows::Block;
+  using Units = typename L::Shorts;
+  using Block = typename TwoRows<L>::Block;
 
   ShapeUnits(const CellRows& rows, std::size_t y)
       : stride_(rows.stride),
@@ -62,7 +53,7 @@ class ShapeUnits {
   }
 
   Units next() {
-    const __m256i sums = sums_.next(Rows::take(cells_, stride_));
+    const Units sums = sums_.next(Rows::take(cells_, stride_));
     cells_ += Rows::kPixels;
     return foldWinding<rule>(sums);
   }
@@ -73,9 +64,9 @@ class ShapeUnits {
   }
   /// Those of a block of two rows.
   Block nextBlock() {
-    const Block block = TwoRows::takeBlock(cells_, stride_);
+    const Block block = TwoRows<L>::takeBlock(cells_, stride_);
     cells_ += kBlock;
-    const __m256i first = foldWinding<rule>(sums_.next(block.first));
+    const Units first = foldWinding<rule>(sums_.next(block.first));
     return {first, foldWinding<rule>(sums_.next(block.second))};
   }
   /// What goes on from the last pixel.
@@ -95,7 +86,7 @@ class ShapeUnits {
   std::uint64_t touched(std::size_t from, std::size_t count) const {
     std::uint64_t set = from == 0 && isCarriedInto_ ? 1 : 0;
     for (std::size_t row = 0; row < Rows::kRows; ++row) {
-      set |= touchedBits(touched_ + row * (stride_ / kBlock) + from, count);
+      set |= touchedBits<L>(touched_ + row * (stride_ / kBlock) + from, count);
     }
     return set;
   }
@@ -168,12 +159,12 @@ class RowPainter {
 };
 
 /// Goes on with the pixel to the left for whole blocks, with nothing at a row's start.
-template <typename Rows>
+template <typename L, typename Rows>
 void repeatPixels(const Rows& rows, std::uint8_t* rgba, std::size_t blocks, bool isStart) {
   for (std::size_t row = 0; row < Rows::kRows; ++row, rgba += rows.rowBytes) {
-    int pixel = 0;
+    std::int32_t pixel = 0;
     if (!isStart) std::memcpy(&pixel, rgba - sizeof(pixel), sizeof(pixel));
-    const __m256i eight = _mm256_set1_epi32(pixel);
+    const auto eight = L::Ints::every(pixel);
     std::uint8_t* at = rgba;
     for (std::size_t b = 0; b < blocks; ++b, at += std::size_t{kBlock} * 4) {
       store(at, eight);
@@ -183,13 +174,13 @@ void repeatPixels(const Rows& rows, std::uint8_t* rgba, std::size_t blocks, bool
 }
 
 /// The same in four rows side by side.
-inline void repeatSideBySide(std::uint8_t* rgba, std::size_t rowBytes, std::size_t blocks,
-                             bool isStart) {
-  __m256i eight[4];
+template <typename L>
+void repeatSideBySide(std::uint8_t* rgba, std::size_t rowBytes, std::size_t blocks, bool isStart) {
+  typename L::Ints eight[4];
   for (std::size_t row = 0; row < 4; ++row) {
-    int pixel = 0;
+    std::int32_t pixel = 0;
     if (!isStart) std::memcpy(&pixel, rgba + row * rowBytes - sizeof(pixel), sizeof(pixel));
-    eight[row] = _mm256_set1_epi32(pixel);
+    eight[row] = L::Ints::every(pixel);
   }
   std::uint8_t* const end = rgba + blocks * kBlock * 4;
   if (blocks % 2 != 0) {
@@ -201,7 +192,7 @@ inline void repeatSideBySide(std::uint8_t* rgba, std::size_t rowBytes, std::size
   }
   for (; rgba < end; rgba += 2 * kBlock * 4) {
     std::uint8_t* to = rgba;
-    for (const __m256i& pixels : eight) {
+    for (const auto& pixels : eight) {
       for (int at = 0; at < 2 * kBlock * 4; at += 32) store(to + at, pixels);
       to += rowBytes;
     }
@@ -240,9 +231,10 @@ void paintRows(const PixelRows& pixels, const Rows& layout, std::size_t from, st
 // Rows up to but not including `until` in fours: what is marked in one of them is taken for marked
 // in all, and their pixels are written side by side, since memory takes several rows at a time
 // faster than one after the other. Gives the row that comes next.
-template <typename ShapeOf, typename PainterOf>
-std::size_t paintFours(const PixelRows& pixels, const TwoRows& two, std::size_t until,
-                       const TwoRowsEnd& end, const ShapeOf& shapeOf, const PainterOf& painterOf) {
+template <typename L, typename ShapeOf, typename PainterOf>
+std::size_t paintFours(const PixelRows& pixels, const TwoRows<L>& two, std::size_t until,
+                       const TwoRowsEnd<L>& end, const ShapeOf& shapeOf,
+                       const PainterOf& painterOf) {
   const std::size_t rowBytes = pixels.rowBytes;
   const std::size_t blocks = pixels.width / kBlock;
   std::size_t y = 0;
@@ -259,7 +251,7 @@ std::size_t paintFours(const PixelRows& pixels, const TwoRows& two, std::size_t 
         const std::size_t next = std::min(static_cast<std::size_t>(std::countr_zero(set)), count);
         if (next > at) {
           const std::size_t gap = next - at;
-          repeatSideBySide(rgba, rowBytes, gap, from + at == 0);
+          repeatSideBySide<L>(rgba, rowBytes, gap, from + at == 0);
           upper.skip(gap);
           lower.skip(gap);
           rgba += gap * kBlock * 4;
@@ -273,8 +265,8 @@ std::size_t paintFours(const PixelRows& pixels, const TwoRows& two, std::size_t 
     }
     const auto finish = [&](auto& shape, const auto& painter, std::uint8_t* to) {
       RowPainter rest(two, shape, painter, to);
-      rest.sum(pixels.width % kBlock / TwoRows::kPixels);
-      if (pixels.width % TwoRows::kPixels != 0) rest.finish(end);
+      rest.sum(pixels.width % kBlock / TwoRows<L>::kPixels);
+      if (pixels.width % TwoRows<L>::kPixels != 0) rest.finish(end);
       rest.clearRest();
     };
     finish(upper, upperPainter, rgba);
@@ -284,24 +276,42 @@ std::size_t paintFours(const PixelRows& pixels, const TwoRows& two, std::size_t 
 }
 
 /// `shapeOf(layout, y)` gives the coverage of row `y`, or of that and the next, and
-/// `painterOf(layout, y)` what they are painted with. Two rows at a time, and the last ones, from
-/// which a whole stretch would reach too far, singly. Four rows at a time where it is marked what
-/// was touched, and untouched pixels only repeat what is left of them.
-template <typename ShapeOf, typename PainterOf>
+/// `painterOf(layout, y)` what they are painted with. Where a set gains by it, two rows at a time,
+/// but for the last ones, from which a whole stretch would reach too far; and four at a time where
+/// it is marked what was touched, and untouched pixels only repeat what is left of them.
+template <typename L, typename ShapeOf, typename PainterOf>
 void paintShape(const PixelRows& pixels, const ShapeOf& shapeOf, const PainterOf& painterOf) {
-  const std::size_t cut = pixels.width % TwoRows::kPixels;
-  const std::size_t reach = cut == 0 ? 0 : (TwoRows::kPixels - cut) * 4;
-  const std::size_t last = std::min((reach + pixels.rowBytes - 1) / pixels.rowBytes, pixels.rows);
-  const std::size_t paired = (pixels.rows - last) / 2 * 2;
-  const TwoRows two{pixels.rowBytes};
-  const TwoRowsEnd twoEnd(two, cut);
   std::size_t done = 0;
-  if constexpr (std::decay_t<decltype(painterOf(two, 0))>::kRepeats) {
-    if (pixels.isMarked) done = paintFours(pixels, two, paired, twoEnd, shapeOf, painterOf);
+  if constexpr (L::kPairsRows) {
+    const std::size_t cut = pixels.width % TwoRows<L>::kPixels;
+    const std::size_t reach = cut == 0 ? 0 : (TwoRows<L>::kPixels - cut) * 4;
+    const std::size_t last = std::min((reach + pixels.rowBytes - 1) / pixels.rowBytes, pixels.rows);
+    const std::size_t paired = (pixels.rows - last) / 2 * 2;
+    const TwoRows<L> two{pixels.rowBytes};
+    const TwoRowsEnd<L> end(two, cut);
+    if constexpr (std::decay_t<decltype(painterOf(two, 0))>::kRepeats) {
+      if (pixels.isMarked) done = paintFours(pixels, two, paired, end, shapeOf, painterOf);
+    }
+    paintRows(pixels, two, done, paired, end, shapeOf, painterOf);
+    done = paired;
   }
-  paintRows(pixels, two, done, paired, twoEnd, shapeOf, painterOf);
-  paintRows(pixels, OneRow{pixels.rowBytes}, paired, pixels.rows,
-            OneRowEnd(pixels.width % OneRow::kPixels), shapeOf, painterOf);
+  paintRows(pixels, OneRow<L>{pixels.rowBytes}, done, pixels.rows,
+            OneRowEnd<L>{pixels.width % OneRow<L>::kPixels}, shapeOf, painterOf);
+}
+
+/// Runs `step` with all that it calls inlined, where the set wants that. What happens for every
+/// block is called in several places, which compilers take for a reason not to inline it.
+template <typename Step>
+[[gnu::flatten]] void flattened(const Step& step) {
+  step();
+}
+template <typename L, typename Step>
+void run(const Step& step) {
+  if constexpr (L::kFlattens) {
+    flattened(step);
+  } else {
+    step();
+  }
 }
 
 /// Runs `step` with a rule that is known when compiling.
@@ -322,4 +332,5 @@ auto evenly(const Painter& painter) {
   };
 }
 
-}  // namespace glyphwright::raster::avx2
+}  // namespace
+}  // namespace glyphwright::raster::loops

@@ -28,6 +28,7 @@ need() {
 build_packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libpng-dev libdeflate-dev
   libgif-dev)
 bench_packages=(pkg-config libcairo2-dev libagg-dev)
+arm_packages=(g++-aarch64-linux-gnu gcc qemu-user)
 test_packages=(ccache zsh fish libgtest-dev clang libclang-rt-dev clang-format clang-tidy)
 
 # configure PRESET [FOLDER] [-DOPTION=VALUE…]: a build folder that came from another place (a copied

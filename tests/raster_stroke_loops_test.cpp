@@ -67,7 +67,8 @@ TEST(StrokeLoops, CurvesSampleTheSameOnEveryMachine) {
       for (const int k : {0, 1}) {
         for (auto& side : to[k]) side.assign(64, -1);
         SideEnds sides{to[k][0].data(), to[k][1].data(), to[k][2].data(), to[k][3].data()};
-        reached[k] = (k == 0 ? kernels() : kernelSets().back().loops()).putSides(s, nodes, 0, 3, half, sides);
+        reached[k] = (k == 0 ? kernels() : kernelSets().back().loops())
+                         .putSides(s, nodes, 0, 3, half, sides);
         counts[k][0] = static_cast<std::size_t>(sides.leftX - to[k][0].data());
         counts[k][1] = static_cast<std::size_t>(sides.rightX - to[k][2].data());
         ASSERT_EQ(sides.leftY - to[k][1].data(), sides.leftX - to[k][0].data());

@@ -52,9 +52,11 @@ bool isStandardHeader(std::string_view target) {
          target.find_first_of("./") == std::string_view::npos;
 }
 
-// A processor's own words, which stand where the loops' words are made from them and nowhere else.
+// A processor's own words, which stand where the loops' words are made from them and, as long as
+// the loops of strokes are written twice, in those.
 bool isIntrinsic(const Include& include) {
-  return include.file.starts_with("glyphwright/platform/raster/lanes/") &&
+  return (include.file.starts_with("glyphwright/platform/raster/lanes/") ||
+          include.file.starts_with("glyphwright/platform/raster/kernels/avx2_")) &&
          (include.target == "immintrin.h" || include.target == "arm_neon.h" ||
           include.target == "smmintrin.h" || include.target == "wasm_simd128.h");
 }

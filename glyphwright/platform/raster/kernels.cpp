@@ -21,7 +21,7 @@ constexpr KernelSet kSets[] = {
     {"sse41", sse41Kernels, [] { return __builtin_cpu_supports("sse4.1") != 0; }},
 #elif defined(__aarch64__)
     {"neon", neonKernels, always},
-#elif defined(__wasm__)
+#elif defined(__wasm_simd128__)
     {"wasm", wasmKernels, always},
 #endif
     {"plain", plainKernels, always},

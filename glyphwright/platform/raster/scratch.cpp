@@ -31,7 +31,10 @@ std::size_t Scratch::keptBytes() const {
 }
 
 void Scratch::trim() {
-  if (keptBytes() > kKeptBytes) *this = Scratch{};
+  if (keptBytes() <= kKeptBytes) return;
+  const Kernels* chosen = kernels;
+  *this = Scratch{};
+  kernels = chosen;
 }
 
 Scratch& threadScratch() {

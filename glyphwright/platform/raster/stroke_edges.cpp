@@ -63,7 +63,8 @@ class WholeRings : public EdgeWriter {
     const float x[] = {from.x[i], to.x[j]};
     const float y[] = {from.y[i], to.y[j]};
     makeRoom(1);
-    runs_ += 2 * kernelSets().back().loops().joinRing(x, y, 2, shift_, false, out_.storage.data() + count_);
+    runs_ += 2 * kernelSets().back().loops().joinRing(x, y, 2, shift_, false,
+                                                      out_.storage.data() + count_);
     ++count_;
   }
 

@@ -113,6 +113,7 @@ inline __m256i firstLanes(std::size_t count) {
   return raw(Ints::load(kLanes + 8 - (count < 8 ? count : 8)));
 }
 inline void storeFirst(void* to, Ints a, std::size_t count) {
+  if (count >= 8) return store(to, a);
   _mm256_maskstore_epi32(static_cast<int*>(to), firstLanes(count), raw(a));
 }
 template <typename T>

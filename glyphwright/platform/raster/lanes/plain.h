@@ -12,7 +12,7 @@
 /// own, and to say what each word computes. Every other set gives the same, bit for bit.
 ///
 /// A set has sixteen `Shorts`, eight `Ints` or `Floats` and four `Doubles`, all of 32 bytes, and
-/// for the points of curves four `Ints4` or `Floats4`. Thirty-two bytes have two halves, and what
+/// for the points of curves four `Floats4`. Thirty-two bytes have two halves, and what
 /// moves from lane to lane stays in its half unless its name says otherwise. The first lane lies
 /// first in memory, and the first byte of a lane is its lowest.
 namespace glyphwright::raster::lanes::plain {

@@ -27,6 +27,8 @@ need() {
 
 build_packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libpng-dev libdeflate-dev
   libgif-dev)
+wasm_packages=(clang-19 lld-19 libc++-19-dev-wasm32 libc++abi-19-dev-wasm32 wasi-libc
+  libclang-rt-19-dev-wasm32)
 bench_packages=(pkg-config libcairo2-dev libagg-dev)
 arm_packages=(g++-aarch64-linux-gnu gcc qemu-user)
 test_packages=(ccache zsh fish libgtest-dev clang libclang-rt-dev clang-format clang-tidy)
@@ -54,4 +56,13 @@ build() {
   shift
   say "building ${folder#"$root"/} (${jobs} at a time)"
   cmake --build "$folder" --parallel "$jobs" ${1:+--target "$@"}
+}
+
+# packed_module FOLDER: the modules of build/wasm as a page carries them.
+packed_module() {
+  local module
+  mkdir -p "$1"
+  for module in "$root"/build/wasm/*.wasm; do
+    gzip -9nc "$module" > "$1/$(basename "$module").gz"
+  done
 }

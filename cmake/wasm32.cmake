@@ -1,0 +1,18 @@
+# Toolchain for WebAssembly: clang with Debian's libraries for wasm32, no emulated system beneath.
+set(CLANG_VERSION 19 CACHE STRING "Version of clang, lld and libc++ to use")
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES CLANG_VERSION)
+set(CMAKE_SYSTEM_NAME Generic)
+set(CMAKE_SYSTEM_PROCESSOR wasm32)
+set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
+set(CMAKE_C_COMPILER clang-${CLANG_VERSION})
+set(CMAKE_CXX_COMPILER clang++-${CLANG_VERSION})
+set(CMAKE_C_COMPILER_TARGET wasm32-wasi)
+set(CMAKE_CXX_COMPILER_TARGET wasm32-wasi)
+# What every browser of the last years has.
+set(CMAKE_CXX_FLAGS_INIT "-mbulk-memory -mnontrapping-fptoint -msign-ext -mmutable-globals -fwasm-exceptions")
+option(GLYPHWRIGHT_SIMD "Build for hosts with vector instructions" OFF)
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES GLYPHWRIGHT_SIMD)
+if(GLYPHWRIGHT_SIMD)
+  string(APPEND CMAKE_CXX_FLAGS_INIT " -msimd128")
+endif()
+set(CMAKE_EXECUTABLE_SUFFIX_CXX .wasm)

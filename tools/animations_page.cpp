@@ -24,7 +24,8 @@ Showpiece piece(AnimationKind kind, std::string name, std::string to, std::strin
   result.options.kind = kind;
   result.options.name = std::move(name);
   result.options.to = std::move(to);
-  result.options.scale = 2;
+  result.options.scale = 1;
+  result.options.framesPerSecond = 10;
   result.options.duration = 2.5;
   result.options.color = UIColor(0.13, 0.15, 0.2, 1);
   return result;

@@ -7,6 +7,7 @@
 #include "animations_page.h"
 #include "gallery_page.h"
 #include "image_output.h"
+#include "library_module.h"
 #include "output.h"
 #include "paintings_page.h"
 #include "png.h"
@@ -15,8 +16,10 @@
 namespace glyphwright::cli {
 namespace {
 
-// Fine enough for the largest that the page shows on a dense screen.
-constexpr CGFloat kPaintingScale = 6;
+// Fine enough for the largest that the page shows on a dense screen. The whole gallery stays small
+// enough to be sent by mail, so the sheet has one pixel a point: the page shows icons larger.
+constexpr CGFloat kPaintingScale = 3;
+constexpr CGFloat kSheetScale = 1;
 
 void writePaintings(const std::filesystem::path& folder, Console& console) {
   writeOutput((folder / "paintings.html").string(), paintingsPage(), console);
@@ -45,11 +48,14 @@ void writeAnimations(const std::filesystem::path& folder, Console& console) {
 
 int runGallery(const GalleryOptions& options, Console& console) {
   const std::filesystem::path folder = options.folder;
-  writeOutput((folder / "index.html").string(), galleryPage(), console);
+  const std::string module = options.module.empty() ? "" : moduleElement(options.module);
+  writeOutput((folder / "index.html").string(), galleryPage(module), console);
+  if (options.pageOnly) return statusDone;
   writePaintings(folder, console);
   writeAnimations(folder, console);
   SheetOptions sheet;
   sheet.output = (folder / "sheet.png").string();
+  sheet.scale = kSheetScale;
   return runSheet(sheet, console);
 }
 

@@ -9,6 +9,10 @@ namespace glyphwright::cli {
 struct GalleryOptions {
   /// The folder to write into; made where it is missing.
   std::string folder;
+  /// The folder of the library's modules (see moduleElement); empty: the page does without.
+  std::string module;
+  /// Only index.html, where the rest is there already.
+  bool pageOnly = false;
 };
 
 /// Writes index.html, a page to browse the whole catalogue, and sheet.png, a contact sheet of all

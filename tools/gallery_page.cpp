@@ -1,9 +1,8 @@
 #include "gallery_page.h"
 
 #include <algorithm>
-#include <map>
-#include <stdexcept>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <glyphwright/bezier_path.h>
@@ -14,51 +13,11 @@
 #include <glyphwright/paths/method_names.h>
 #include <glyphwright/paths/registry.h>
 
-#include "numbers.h"
+#include "page_frame.h"
 #include "path_text.h"
-#include "web_sources.h"
 
 namespace glyphwright::cli {
 namespace {
-
-std::string escaped(std::string_view text) {
-  std::string result;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        result += "&amp;";
-        break;
-      case '<':
-        result += "&lt;";
-        break;
-      case '>':
-        result += "&gt;";
-        break;
-      case '"':
-        result += "&quot;";
-        break;
-      default:
-        result += c;
-    }
-  }
-  return result;
-}
-
-/// The name with places where a line may break before each capital that follows a small letter.
-std::string breakable(std::string_view name) {
-  std::string html;
-  for (std::size_t i = 0; i < name.size(); ++i) {
-    const bool capital = name[i] >= 'A' && name[i] <= 'Z';
-    if (i > 0 && capital && name[i - 1] >= 'a' && name[i - 1] <= 'z') html += "<wbr>";
-    html += name[i];
-  }
-  return html;
-}
-
-std::string attribute(std::string_view name, std::string_view value) {
-  if (value.empty()) return {};
-  return ' ' + std::string(name) + "=\"" + escaped(value) + '"';
-}
 
 std::string dotted(std::string_view enumeration, std::string_view name) {
   return std::string(enumeration).append(".").append(name);
@@ -85,12 +44,16 @@ std::string caseNameOf(std::string_view method) {
   return std::string(method);
 }
 
-/// A size to be read by people: at most two decimals.
 std::string frameText(CGSize size) {
-  const auto rounded = [](CGFloat length) {
-    return textOf(static_cast<double>(static_cast<std::int64_t>(length * 100 + 0.5)) / 100);
-  };
-  return rounded(size.width) + " × " + rounded(size.height);
+  return shortened(size.width) + " × " + shortened(size.height);
+}
+
+/// What a program in C++ writes for the icon.
+std::string spelledInCpp(std::string_view name, std::string_view method) {
+  if (name == method) return "UIBezierPath::" + std::string(method) + "()";
+  std::string spelled;
+  for (const char c : name) spelled += c == '.' ? std::string("::") : std::string(1, c);
+  return spelled;
 }
 
 /// `name` is the qualified case, or the method where there is none.
@@ -111,12 +74,12 @@ std::string card(std::string_view name, std::string_view method) {
     html += attribute("data-frame", frame) +
             attribute("data-rule", path.usesEvenOddFillRule() ? "even-odd" : "non-zero") +
             attribute("data-elements", std::to_string(path.cgPath().verbs().size())) + '>';
-    picture = "<button type=\"button\" class=\"picture\"" +
-              attribute("aria-label", "Details of " + std::string(shortName)) + '>' +
-              svgElement(path, {.attributes = " aria-hidden=\"true\""}) + "</button>";
+    picture = "<button type=\"button\" class=\"picture\"" + attribute("aria-label", shortName) +
+              '>' + svgElement(path, {.attributes = " aria-hidden=\"true\""}) + "</button>";
   }
-  html += picture + "<button type=\"button\" class=\"name\" title=\"Copy the name\"" +
-          attribute("data-copy", name) + '>' + breakable(shortName) +
+  html += picture + "<button type=\"button\" class=\"name\" tabindex=\"-1\"" +
+          attribute("data-copy", spelledInCpp(name, method)) +
+          attribute("title", "Copy " + spelledInCpp(name, method)) + '>' + breakable(shortName) +
           "</button><span class=\"meta\">";
   if (method != shortName) html += "<b>" + breakable(method) + "</b>";
   return html + frame + "</span></li>\n";
@@ -194,33 +157,25 @@ std::string content(const std::vector<Tab>& tabs) {
   return html;
 }
 
-/// The template with each `{{name}}` replaced; what is put in is not searched again.
-std::string filled(std::string_view page, const std::map<std::string_view, std::string>& values) {
-  std::string result;
-  for (;;) {
-    const std::size_t open = page.find("{{");
-    result += page.substr(0, open);
-    if (open == std::string_view::npos) return result;
-    const std::size_t close = page.find("}}", open);
-    const auto value = values.find(page.substr(open + 2, close - open - 2));
-    if (value == values.end()) throw std::logic_error("the page asks for an unknown piece");
-    result += value->second;
-    page.remove_prefix(close + 2);
-  }
-}
+constexpr std::string_view footer =
+    "Press <kbd>/</kbd> to search, <kbd>?</kbd> for all keys. Click a name to copy it, a drawing "
+    "to "
+    "look closer. All icons at a glance: <a href=\"sheet.png\">contact sheet</a>. Of several "
+    "colours: <a href=\"paintings.html\">ready-made images</a>. In motion: "
+    "<a href=\"animations.html\">animations</a>.";
 
 }  // namespace
 
-std::string galleryPage() {
+std::string galleryPage(std::string module) {
   const std::vector<Tab> tabs = tabsOfThePage();
-  return filled(
-      galleryHtml,
-      {{"style", std::string(galleryCss)},
-       {"script", std::string(galleryJs)},
-       {"mark", svgElement(UIBezierPath::flamePath(), {.attributes = " aria-hidden=\"true\""})},
-       {"count", std::to_string(iconMethodCount)},
-       {"navigation", navigation(tabs)},
-       {"content", content(tabs)}});
+  const std::string searchLabel = "Search " + std::to_string(iconMethodCount) + " icons";
+  return framedPage({.title = "Glyphwright icons",
+                     .kind = {},
+                     .searchLabel = searchLabel,
+                     .navigation = navigation(tabs),
+                     .content = content(tabs),
+                     .footer = footer,
+                     .module = std::move(module)});
 }
 
 }  // namespace glyphwright::cli

@@ -1,26 +1,14 @@
 #include "paintings_page.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <string_view>
+#include <utility>
 
 #include "numbers.h"
-#include "web_sources.h"
+#include "page_frame.h"
 
 namespace glyphwright::cli {
 namespace {
-
-constexpr std::string_view kStyle = R"(
-.top a { color: var(--quiet); }
-.paintings { display: grid; grid-template-columns: repeat(auto-fill, minmax(20rem, 1fr)); gap: .8rem; margin: 0; padding: 0; list-style: none; }
-.painting { overflow: hidden; background: var(--card); border: 1px solid var(--line); border-radius: var(--radius); }
-.painting .pair { display: grid; grid-template-columns: 1fr 1fr; }
-.painting .pair div { display: flex; align-items: center; justify-content: space-evenly; gap: .5rem; height: 10rem; padding: .5rem; }
-.painting .light { background: #e9ebf0; }
-.painting .dark { background: #1c1e24; }
-.painting p { margin: 0; padding: .6rem .9rem; overflow-wrap: anywhere; }
-.painting small { display: block; color: var(--quiet); }
-)";
 
 std::string_view spaceOf(std::string_view name) {
   return name.substr(0, name.rfind('.'));
@@ -28,11 +16,6 @@ std::string_view spaceOf(std::string_view name) {
 
 std::string_view shortNameOf(std::string_view name) {
   return name.substr(name.rfind('.') + 1);
-}
-
-/// At most two decimals.
-std::string shortened(CGFloat length) {
-  return textOf(static_cast<double>(static_cast<std::int64_t>(length * 100 + 0.5)) / 100);
 }
 
 /// One picture at `zoom` times its own size.
@@ -48,12 +31,24 @@ std::string card(const PaintingLook& look) {
   const CGFloat beside = std::min((room - size.width) / size.width, 3.0);
   const std::string pictures = beside > 1.5 ? picture(look, size, 1) + picture(look, size, beside)
                                             : picture(look, size, 1.75);
-  std::string html = "<li class=\"painting\"><div class=\"pair\"><div class=\"light\">" + pictures +
-                     "</div><div class=\"dark\">" + pictures + "</div></div><p>" +
-                     std::string(shortNameOf(look.preset->name)) + "<small>";
+  const std::string name(look.preset->name);
+  const std::string file = look.fileName() + ".png";
+  std::string html = "<li class=\"card painting\"" + attribute("data-name", name) +
+                     attribute("data-method", name) + "><div class=\"pair\"><div class=\"light\">" +
+                     pictures + "</div><div class=\"dark\">" + pictures +
+                     "</div></div><button type=\"button\" class=\"name\"" +
+                     attribute("data-copy", look.inCpp()) +
+                     attribute("title", "Copy " + look.inCpp()) + '>' +
+                     breakable(shortNameOf(name)) + "</button><span class=\"meta\">";
   if (!look.look.empty()) html += look.look + " · ";
-  return html + textOf(size.width) + " × " + textOf(size.height) +
-         (look.preset->usualSize ? ", size chosen by the caller" : "") + "</small></p></li>\n";
+  html += textOf(size.width) + " × " + textOf(size.height) +
+          (look.preset->usualSize ? ", size chosen by the caller" : "");
+  return html + "</span><span class=\"take\"><a class=\"pill\" download" +
+         attribute("href", "paintings/" + file) +
+         attribute("aria-label", "PNG of " + look.fileName()) +
+         ">PNG</a><button type=\"button\" class=\"pill\"" + attribute("data-copy", look.command()) +
+         attribute("aria-label", "Copy command for " + look.fileName()) +
+         ">Copy command</button></span></li>\n";
 }
 
 }  // namespace
@@ -89,28 +84,50 @@ std::vector<PaintingLook> allPaintingLooks() {
   return looks;
 }
 
+std::string PaintingLook::inCpp() const {
+  std::string call;
+  for (const char c : preset->name) call += c == '.' ? std::string("::") : std::string(1, c);
+  call += '(';
+  if (preset->usualSize) {
+    call += '{' + textOf(preset->usualSize->width) + ", " + textOf(preset->usualSize->height) + '}';
+  }
+  if (preset->takesFlags) {
+    for (const bool flag : {arguments.selected, arguments.withBackground}) {
+      call += flag ? ", true" : ", false";
+    }
+  }
+  if (preset->takesBackgroundColor) call += ", UIColor::clearColor()";
+  return call + ')';
+}
+
+std::string PaintingLook::command() const {
+  return "glyphwright preset " + std::string(preset->name) +
+         (arguments.selected ? " --selected" : "") +
+         (arguments.withBackground ? " --with-background" : "") + " --scale 2 -o " + fileName() +
+         ".png";
+}
+
 std::string paintingsPage() {
-  std::string html =
-      "<!doctype html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
-      "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
-      "<meta name=\"color-scheme\" content=\"light dark\">\n"
-      "<title>Glyphwright ready-made images</title>\n<style>\n";
-  html += galleryCss;
-  html += kStyle;
-  html +=
-      "</style>\n</head>\n<body>\n<header class=\"top\"><h1><span>Ready-made images</span></h1>"
-      "<a href=\"index.html\">All icons</a></header>\n<main>\n<div class=\"tab\">\n";
+  std::string content = "<div class=\"tab\" id=\"all\">\n";
   std::string_view space;
   for (const PaintingLook& look : allPaintingLooks()) {
     if (spaceOf(look.preset->name) != space) {
-      if (!space.empty()) html += "</ul></section>\n";
+      if (!space.empty()) content += "</ul></section>\n";
       space = spaceOf(look.preset->name);
-      html += "<section class=\"section\"><h3>" + std::string(space) +
-              "</h3>\n<ul class=\"paintings\">\n";
+      content += "<section class=\"section\"><h2>" + std::string(space) +
+                 "</h2>\n<ul class=\"paintings\">\n";
     }
-    html += card(look);
+    content += card(look);
   }
-  return html + "</ul></section>\n</div>\n</main>\n</body>\n</html>\n";
+  content += "</ul></section>\n</div>\n";
+  return framedPage(
+      {.title = "Glyphwright ready-made images",
+       .kind = "paintings-page",
+       .searchLabel = "Search ready-made images",
+       .navigation = "<a href=\"index.html\">← All icons</a>\n",
+       .content = std::move(content),
+       .footer = "Click a name to copy its call in C++. The PNG has three pixels a point.",
+       .module = {}});
 }
 
 }  // namespace glyphwright::cli

@@ -16,6 +16,9 @@ struct PaintingLook {
 
   /// Names the look's file, without folder and ending.
   std::string fileName() const;
+  /// The call that makes it in C++, and the command.
+  std::string inCpp() const;
+  std::string command() const;
 };
 
 /// All ready-made images with all their looks, in the order of their namespaces.

@@ -142,6 +142,12 @@ void addGallery(CLI::App& program, std::optional<Command>& command) {
   app->add_option("-o,--output", options->folder, "the folder to write into")
       ->required()
       ->type_name("DIR");
+  app->add_option("--module", options->module,
+                  "a folder with the library as WebAssembly, with which the page draws by itself; "
+                  "scripts/gallery makes it")
+      ->type_name("DIR");
+  app->add_flag("--page-only", options->pageOnly,
+                "only index.html, where the rest is there already");
   app->callback([&command, options] {
     if (options->folder.empty()) throw UsageError("gallery: --output is empty: name a folder");
     command = *options;

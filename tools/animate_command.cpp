@@ -150,6 +150,8 @@ int runAnimate(const AnimateOptions& options, Console& console) {
   }
   const AnimatedPicture picture = renderAnimation(options, console);
   if (isClear(picture)) throw std::runtime_error("nothing to see: every frame would be clear");
+  // A folder of frames is asked for by its name.
+  if (format != Format::folder) makeFolders({&options.output, 1}, options.parents, console);
   switch (format) {
     case Format::png:
       writeOutput(options.output, encodeAnimatedPng(picture), console);

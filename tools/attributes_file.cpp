@@ -56,7 +56,8 @@ void readObject(const Json& object, const Readers& readers) {
     const auto reader = readers.find(key);
     if (reader == readers.end()) {
       std::string known;
-      for (const auto& [name, ignored] : readers) known += (known.empty() ? "" : ", ") + name;
+      for (const auto& [name, ignored] : readers)
+        known.append(known.empty() ? "" : ", ").append(name);
       throw UsageError(": there is no \"" + key + "\"; the keys are " + known);
     }
     try {

@@ -91,14 +91,14 @@ void writeBashCommand(const CommandWords& command, std::ostream& out) {
 }
 
 void writeBash(const std::vector<CommandWords>& commands, std::ostream& out) {
-  std::vector<std::string> names;
-  for (const CommandWords& command : commands) names.push_back(command.name);
+  std::string names;
+  for (const CommandWords& command : commands) names += command.name + ' ';
   out << "# bash completion for glyphwright\n_glyphwright() {\n"
          "  local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD-1]} icons=\""
       << joined(iconsAmong(commands), " ")
       << "\"\n  COMPREPLY=()\n  if ((COMP_CWORD == 1)); then\n    COMPREPLY=($(compgen -W \""
-      << joined(names, " ")
-      << " --help --version\" -- \"$cur\"))\n    return\n  fi\n  case ${COMP_WORDS[1]} in\n";
+      << names
+      << "--help --version\" -- \"$cur\"))\n    return\n  fi\n  case ${COMP_WORDS[1]} in\n";
   for (const CommandWords& command : commands) writeBashCommand(command, out);
   out << "  esac\n}\ncomplete -F _glyphwright glyphwright\n";
 }

@@ -14,6 +14,12 @@ Compression compressionFrom(const std::string& text) {
   throw UsageError("\"" + text + "\" is neither quick nor small");
 }
 
+template <class Options>
+void addParents(CLI::App& app, const std::shared_ptr<Options>& options) {
+  app.add_flag("--parents", options->parents,
+               "make folders that are missing without saying so on standard error");
+}
+
 /// How files are written.
 template <class Options>
 void addWriting(CLI::App& app, const std::shared_ptr<Options>& options) {
@@ -22,8 +28,7 @@ void addWriting(CLI::App& app, const std::shared_ptr<Options>& options) {
       [options](Compression compression) { options->compression = compression; },
       "PNG files made quickly, unless given, or as small as can be, which takes many times as "
       "long");
-  app.add_flag("--parents", options->parents,
-               "make folders that are missing without saying so on standard error");
+  addParents(app, options);
 }
 
 template <class Options>
@@ -128,6 +133,7 @@ void addAnimate(CLI::App& program, std::optional<Command>& command) {
             "colours and direction of a sweep");
   addParsed(*app, "--background", "C", colorFrom, store(&AnimateOptions::background),
             "colour behind the icon");
+  addParents(*app, options);
   app->footer(
       "Example:\n  glyphwright animate heartPath -o heart.png --gradient "
       "'#ff2d6b,#ff9e33:leftToRight'\n  glyphwright animate heartPath -o change.gif --kind morph "
@@ -234,8 +240,7 @@ void addDiff(CLI::App& program, std::optional<Command>& command) {
       ->check(CLI::Range(0, 255).description(""))
       ->type_name("N");
   app->add_flag("--json", options->json, "the figures as a JSON object");
-  app->add_flag("--parents", options->parents,
-                "make folders that are missing without saying so on standard error");
+  addParents(*app, options);
   addParsed(
       *app, "--scale", "S", scaleFrom, [options](CGFloat scale) { options->scale = scale; },
       "pixels per point of what is rendered, 1 unless given");

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "cli_program.h"
+#include "tools/painting_looks.h"
 #include "tools/paintings_page.h"
 
 namespace glyphwright::cli {

@@ -18,7 +18,7 @@
 
 #include "pixel_manifest.h"
 #include "pixels.h"
-#include "tools/paintings_page.h"
+#include "tools/painting_looks.h"
 
 namespace glyphwright::pixel_manifest {
 namespace {

@@ -9,6 +9,7 @@
 #include "image_output.h"
 #include "library_module.h"
 #include "output.h"
+#include "painting_looks.h"
 #include "paintings_page.h"
 #include "png.h"
 #include "sheet_command.h"

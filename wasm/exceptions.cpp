@@ -8,9 +8,6 @@
 #include <new>
 #include <typeinfo>
 
-// The kind of all C++ exceptions: one address.
-asm(".tagtype __cpp_exception i32\n.globl __cpp_exception\n__cpp_exception:\n");
-
 namespace __cxxabiv1 {
 
 // The virtual functions of every type_info of the C++ library, which only they know to tell whether

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <glyphwright/version.h>
+
 #include <cstdint>
 #include <memory>
 #include <optional>

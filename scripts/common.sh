@@ -31,7 +31,8 @@ wasm_packages=(clang-19 lld-19 libc++-19-dev-wasm32 libc++abi-19-dev-wasm32 wasi
   libclang-rt-19-dev-wasm32)
 bench_packages=(pkg-config libcairo2-dev libagg-dev)
 arm_packages=(g++-aarch64-linux-gnu gcc qemu-user)
-test_packages=(ccache zsh fish libgtest-dev clang libclang-rt-dev clang-format clang-tidy)
+test_packages=(ccache zsh fish libgtest-dev clang libclang-rt-dev clang-format clang-tidy
+  pkg-config dpkg-dev dwarves doxygen libsdl2-dev python3)
 
 # configure PRESET [FOLDER] [-DOPTION=VALUE…]: a build folder that came from another place (a copied
 # or moved clone) is of no use and is made anew.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <glyphwright/version.h>
+
 #include <array>
 #include <compare>
 #include <cstddef>

@@ -26,10 +26,29 @@ TEST(Documents, TheReadmesProgramIsTheOneThatIsBuilt) {
   EXPECT_EQ(shown, readText("examples/first_icon.cpp"));
 }
 
+// Each block of code is the whole program that the line before it links to.
+TEST(Documents, TheCookbooksProgramsAreThoseThatAreBuilt) {
+  const std::string cookbook = readText("docs/cookbook.md");
+  std::vector<std::string> shown;
+  for (std::size_t at = cookbook.find("](../examples/"); at != std::string::npos;
+       at = cookbook.find("](../examples/", at + 1)) {
+    const std::size_t end = cookbook.find(')', at);
+    if (cookbook.substr(end, 6) != "):\n\n```") continue;
+    const std::string file = cookbook.substr(at + 5, end - at - 5);
+    const std::size_t from = cookbook.find('\n', end + 6) + 1;
+    EXPECT_EQ(cookbook.substr(from, cookbook.find("```", from) - from), readText(file)) << file;
+    shown.push_back(file);
+  }
+  EXPECT_EQ(shown.size(), 12U);
+  // None is left out but what the others share.
+  EXPECT_EQ(shown.size() + 1, filesBelow("examples/cookbook").size());
+}
+
 TEST(Documents, EveryLinkLeadsToAFile) {
   const std::filesystem::path root = places::inSource("");
   std::vector<std::string> documents = filesBelow("docs", {".md"});
-  documents.push_back("README.md");
+  for (const char* page : {"README.md", "CONTRIBUTING.md", "CHANGELOG.md"})
+    documents.push_back(page);
   std::size_t links = 0;
   for (const std::string& document : documents) {
     const std::string text = readText(document);

@@ -11,5 +11,6 @@ const {width, height, data} = glyphwright.render('Icons.heart', {
 });
 
 // In a page: canvas.getContext('2d').putImageData(glyphwright.imageData('Icons.heart', …), 0, 0)
-const rgb = data.filter((_, i) => i % 4 !== 3);
-writeFileSync('from_javascript.ppm', Buffer.concat([Buffer.from(`P6 ${width} ${height} 255\n`), rgb]));
+const rgb = Buffer.from(data.filter((_, i) => i % 4 !== 3));
+const header = Buffer.from(`P6 ${width} ${height} 255\n`);
+writeFileSync('from_javascript.ppm', Buffer.concat([header, rgb]));

@@ -81,11 +81,13 @@ GLYPHWRIGHT_C_API void glyphwright_memory_free(void* memory);
 
 typedef struct glyphwright_path glyphwright_path;
 
+/* A place. */
 typedef struct glyphwright_point {
   double x;
   double y;
 } glyphwright_point;
 
+/* An upper left corner and a size. */
 typedef struct glyphwright_rect {
   double x;
   double y;
@@ -187,6 +189,7 @@ typedef struct glyphwright_color {
   double alpha;
 } glyphwright_color;
 
+/* A copy of the shape in one colour, moved and blurred. */
 typedef struct glyphwright_shadow {
   glyphwright_color color;
   double dx;   /* to the right */

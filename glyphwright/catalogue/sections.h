@@ -19,6 +19,7 @@ struct IconTypeSection {
 /// One area of the catalogue, for code that browses any of them.
 class GlyphwrightIconType {
  public:
+  /// Makes the list of an area.
   using Sections = std::vector<IconTypeSection> (*)();
 
   constexpr GlyphwrightIconType(std::string_view heading, Sections list)

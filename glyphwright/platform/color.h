@@ -12,6 +12,7 @@ namespace glyphwright {
 /// 0…1 at once, NaN counting as 0.
 class UIColor {
  public:
+  /// One grey component, or three.
   enum class Model : std::uint8_t { gray, rgb };
 
   /// Opaque black, in grey.

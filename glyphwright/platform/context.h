@@ -13,7 +13,9 @@
 /// Coordinates are points through the current transform (CTM); the base transform holds the scale.
 namespace glyphwright {
 
+/// What is behind a context; only pointers to it are handed out.
 struct CGContext;
+/// A context as functions take it; null draws nothing.
 using CGContextRef = CGContext*;
 
 // State
@@ -46,9 +48,12 @@ void CGContextSetShadowWithColor(CGContextRef context, CGSize offset, CGFloat bl
 
 // The pending path: transformed when added, consumed by the next fill or clip
 
+/// Adds to the pending path.
 void CGContextAddPath(CGContextRef context, const CGPath& path);
+/// Fills the pending path with the fill colour, by the non-zero or the even-odd rule.
 void CGContextFillPath(CGContextRef context);
 void CGContextEOFillPath(CGContextRef context);
+/// Intersects the clip with the pending path, by the non-zero or the even-odd rule.
 void CGContextClip(CGContextRef context);
 void CGContextEOClip(CGContextRef context);
 

@@ -42,6 +42,7 @@ inline constexpr CGRect CGRectNull{std::numeric_limits<CGFloat>::infinity(),
                                    std::numeric_limits<CGFloat>::infinity(), 0, 0};
 inline constexpr CGRect CGRectZero{};
 
+/// Sides of the area that the rectangle covers, also where its width or height is negative.
 constexpr CGFloat CGRectGetMinX(const CGRect& r) {
   return r.size.width < 0 ? r.origin.x + r.size.width : r.origin.x;
 }
@@ -54,12 +55,14 @@ constexpr CGFloat CGRectGetMaxX(const CGRect& r) {
 constexpr CGFloat CGRectGetMaxY(const CGRect& r) {
   return r.size.height < 0 ? r.origin.y : r.origin.y + r.size.height;
 }
+/// The centre.
 constexpr CGFloat CGRectGetMidX(const CGRect& r) {
   return r.origin.x + r.size.width * 0.5;
 }
 constexpr CGFloat CGRectGetMidY(const CGRect& r) {
   return r.origin.y + r.size.height * 0.5;
 }
+/// Never negative.
 constexpr CGFloat CGRectGetWidth(const CGRect& r) {
   return r.size.width < 0 ? -r.size.width : r.size.width;
 }
@@ -67,6 +70,7 @@ constexpr CGFloat CGRectGetHeight(const CGRect& r) {
   return r.size.height < 0 ? -r.size.height : r.size.height;
 }
 
+/// Whether the origin lies at infinity.
 constexpr bool CGRectIsNull(const CGRect& r) {
   constexpr CGFloat infinity = std::numeric_limits<CGFloat>::infinity();
   return r.origin.x == infinity || r.origin.y == infinity;
@@ -108,9 +112,11 @@ struct CGAffineTransform {
 
 inline constexpr CGAffineTransform CGAffineTransformIdentity{};
 
+/// A move by (tx, ty).
 constexpr CGAffineTransform CGAffineTransformMakeTranslation(CGFloat tx, CGFloat ty) {
   return {1, 0, 0, 1, tx, ty};
 }
+/// A scale about the origin.
 constexpr CGAffineTransform CGAffineTransformMakeScale(CGFloat sx, CGFloat sy) {
   return {sx, 0, 0, sy, 0, 0};
 }
@@ -130,6 +136,7 @@ constexpr CGAffineTransform CGAffineTransformConcat(const CGAffineTransform& fir
 /// The inverse, or `transform` itself when it has none (a determinant of zero or not finite).
 CGAffineTransform CGAffineTransformInvert(const CGAffineTransform& transform);
 
+/// The point mapped.
 constexpr CGPoint CGPointApplyAffineTransform(CGPoint p, const CGAffineTransform& t) {
   return {t.a * p.x + t.c * p.y + t.tx, t.b * p.x + t.d * p.y + t.ty};
 }

@@ -30,6 +30,7 @@ constexpr bool contains(CGGradientDrawingOptions set, CGGradientDrawingOptions o
 /// premultiplied. Immutable; equal locations make a hard edge.
 class CGGradient {
  public:
+  /// A colour and where it stands.
   struct Stop {
     CGFloat location;  // 0…1 unless kept, never below the one before
     CGColor color;     // components clamped to 0…1

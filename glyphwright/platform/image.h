@@ -23,6 +23,7 @@ namespace contexts {
 struct ImageMemory;
 }
 
+/// How an image is put over what is there: normal lays it on top by its alpha.
 enum class CGBlendMode : std::uint8_t { normal };
 
 /// Immutable pixels: rows top to bottom, four bytes a pixel, premultiplied red, green, blue, alpha,

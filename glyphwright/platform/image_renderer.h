@@ -29,6 +29,7 @@ class UIGraphicsImageRendererContext {
 /// Draws images of one size.
 class UIGraphicsImageRenderer {
  public:
+  /// What draws; called once, before `image` or `draw` returns.
   using Actions = std::function<void(const UIGraphicsImageRendererContext&)>;
 
   explicit UIGraphicsImageRenderer(CGSize size)

@@ -141,6 +141,7 @@ class CGPath {
   std::optional<CGRect> box_;  // while it is known from the literal
 };
 
+/// Any path can be changed.
 using CGMutablePath = CGPath;
 
 }  // namespace glyphwright

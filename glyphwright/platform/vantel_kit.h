@@ -23,6 +23,7 @@ class Screen {
 
 /// A host gradient: colours and its end points in unit coordinates of the box it fills.
 struct Gradient {
+  /// Where the first and the last colour stand.
   struct Points {
     CGPoint start;
     CGPoint end;

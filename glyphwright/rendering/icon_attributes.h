@@ -54,6 +54,7 @@ struct IconShadow {
 
 /// A gradient fill.
 struct IconGradient {
+  /// Where the gradient runs, by the sides of the box that it fills.
   enum class Direction : std::uint8_t {
     topToBottom,
     leftToRight,

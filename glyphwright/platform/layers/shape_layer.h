@@ -7,6 +7,8 @@
 
 namespace glyphwright {
 
+/// What is inside a path that crosses or surrounds itself: wherever it winds around at all, or
+/// where it winds around an odd number of times.
 enum class CAShapeLayerFillRule : std::uint8_t { nonZero, evenOdd };
 
 /// A layer that fills and strokes a path in its own coordinates, above its contents. The path is

@@ -6,6 +6,7 @@
 
 namespace glyphwright {
 
+/// The paces that have a name; defaultCurve eases in quickly and out slowly.
 enum class CAMediaTimingFunctionName : std::uint8_t {
   linear,
   easeIn,

@@ -1,5 +1,7 @@
 #include <cairo.h>
 
+#include <optional>
+
 #include "blur.h"
 #include "renderer.h"
 
@@ -60,11 +62,12 @@ void traceFitted(cairo_t* context, const Icon& icon, Operation operation, std::s
 
 class Cairo final : public Renderer {
  public:
+  explicit Cairo(Memory memory) : memory_(memory) {}
   std::string_view name() const override { return "cairo"; }
 
   void paint(const Icon& icon, Operation operation, std::size_t side, Pixels* copy) const override {
     const int pixels = static_cast<int>(side);
-    const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, pixels, pixels));
+    const Surface surface(surfaceOf(pixels));
     const Context context(cairo_create(surface));
     cairo_set_fill_rule(context, CAIRO_FILL_RULE_EVEN_ODD);
     if (operation == Operation::dropShadow) {
@@ -99,6 +102,23 @@ class Cairo final : public Renderer {
   }
 
  private:
+  cairo_surface_t* surfaceOf(int pixels) const {
+    if (memory_ == Memory::fresh) {
+      return cairo_image_surface_create(CAIRO_FORMAT_ARGB32, pixels, pixels);
+    }
+    if (!kept_ || cairo_image_surface_get_width(*kept_) != pixels) {
+      kept_.emplace(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, pixels, pixels));
+    } else {
+      const Context clearing(cairo_create(*kept_));
+      cairo_set_operator(clearing, CAIRO_OPERATOR_CLEAR);
+      cairo_paint(clearing);
+    }
+    return cairo_surface_reference(*kept_);
+  }
+
+  Memory memory_;
+  mutable std::optional<Surface> kept_;
+
   /// The blurred mask of the shape, or of all that is not the shape, laid down in half black.
   static void shadow(cairo_t* context, const Icon& icon, Operation operation, std::size_t side,
                      double offsetY) {
@@ -122,8 +142,8 @@ class Cairo final : public Renderer {
 
 }  // namespace
 
-std::unique_ptr<Renderer> makeCairo() {
-  return std::make_unique<Cairo>();
+std::unique_ptr<Renderer> makeCairo(Memory memory) {
+  return std::make_unique<Cairo>(memory);
 }
 
 }  // namespace glyphwright::bench

@@ -50,9 +50,23 @@ class Glyphwright final : public Renderer {
   }
 };
 
+class GlyphwrightInCallersMemory final : public Renderer {
+ public:
+  std::string_view name() const override { return "glyphwright"; }
+  void paint(const Icon& icon, Operation operation, std::size_t side, Pixels* copy) const override {
+    memory_.resize(side * side * 4);
+    icon.method().drawImage(attributesOf(operation, side), 0, {memory_.data(), side, side});
+    if (copy != nullptr) copy->bytes = memory_;
+  }
+
+ private:
+  mutable std::vector<std::uint8_t> memory_;
+};
+
 }  // namespace
 
-std::unique_ptr<Renderer> makeGlyphwright() {
+std::unique_ptr<Renderer> makeGlyphwright(Memory memory) {
+  if (memory == Memory::reused) return std::make_unique<GlyphwrightInCallersMemory>();
   return std::make_unique<Glyphwright>();
 }
 

@@ -34,6 +34,8 @@ struct Options {
   }
 };
 
+/// A flat fill where a program keeps the picture's memory; AGG and the clearing take it anew.
+constexpr std::string_view kReused = "fill-reused";
 constexpr std::string_view kEffects = "effects";
 constexpr std::string_view kPaths = "paths";
 constexpr std::string_view kLayers = "layers";
@@ -71,6 +73,19 @@ int run(const Options& options) {
       if (info.operation == Operation::fill) {
         row.accuracies = measureAccuracy(renderers, icons, side);
       }
+      if (!options.json && results.rows.empty()) writeHeading(results, std::cout);
+      results.rows.push_back(std::move(row));
+      if (!options.json) writeRow(results, results.rows.back(), std::cout);
+    }
+  }
+  if (options.wants(kReused)) {
+    const std::unique_ptr<Renderer> reusing[] = {makeGlyphwright(Memory::reused),
+                                                 makeCairo(Memory::reused)};
+    std::vector<const Renderer*> inTurn = renderers;
+    for (std::size_t i = 0; i < std::size(reusing); ++i) inTurn[i] = reusing[i].get();
+    for (const std::size_t side : options.sizes) {
+      Row row{std::string(kReused), side, {}, {}};
+      row.timings = timeInterleaved(inTurn, icons, Operation::fill, side, options.seconds);
       if (!options.json && results.rows.empty()) writeHeading(results, std::cout);
       results.rows.push_back(std::move(row));
       if (!options.json) writeRow(results, results.rows.back(), std::cout);
@@ -121,7 +136,8 @@ int main(int argc, char** argv) {
   glyphwright::bench::Options options;
   std::vector<std::string> operations;
   for (const auto& info : glyphwright::bench::kOperations) operations.emplace_back(info.name);
-  for (const auto table : {glyphwright::bench::kEffects, glyphwright::bench::kPaths}) {
+  for (const auto table :
+       {glyphwright::bench::kReused, glyphwright::bench::kEffects, glyphwright::bench::kPaths}) {
     operations.emplace_back(table);
   }
   operations.emplace_back(glyphwright::bench::kLayers);

@@ -73,8 +73,12 @@ class Renderer {
                      Pixels* copy = nullptr) const = 0;
 };
 
-std::unique_ptr<Renderer> makeGlyphwright();
-std::unique_ptr<Renderer> makeCairo();
+/// Whether every picture gets memory of its own, or one size's pictures all the same, which a
+/// renderer then keeps and clears; such a one serves one thread.
+enum class Memory : std::uint8_t { fresh, reused };
+
+std::unique_ptr<Renderer> makeGlyphwright(Memory memory = Memory::fresh);
+std::unique_ptr<Renderer> makeCairo(Memory memory = Memory::fresh);
 std::unique_ptr<Renderer> makeAgg();
 /// Allocates the image's memory and clears it.
 std::unique_ptr<Renderer> makeClearing();

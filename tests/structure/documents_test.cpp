@@ -33,7 +33,7 @@ TEST(Documents, TheCookbooksProgramsAreThoseThatAreBuilt) {
   for (std::size_t at = cookbook.find("](../examples/"); at != std::string::npos;
        at = cookbook.find("](../examples/", at + 1)) {
     const std::size_t end = cookbook.find(')', at);
-    if (cookbook.substr(end, 6) != "):\n\n```") continue;
+    if (!cookbook.substr(end).starts_with("):\n\n```")) continue;
     const std::string file = cookbook.substr(at + 5, end - at - 5);
     const std::size_t from = cookbook.find('\n', end + 6) + 1;
     EXPECT_EQ(cookbook.substr(from, cookbook.find("```", from) - from), readText(file)) << file;
@@ -54,7 +54,8 @@ TEST(Documents, EveryLinkLeadsToAFile) {
     const std::string text = readText(document);
     for (std::size_t at = text.find("]("); at != std::string::npos; at = text.find("](", at + 1)) {
       const std::string target = text.substr(at + 2, text.find_first_of(")#", at + 2) - at - 2);
-      if (target.empty() || target.find("://") != std::string::npos) continue;
+      const bool isCode = target.find(' ') != std::string::npos;  // a lambda's parameters
+      if (target.empty() || isCode || target.find("://") != std::string::npos) continue;
       EXPECT_TRUE(exists((root / document).parent_path() / target))
           << document << " points at " << target;
       ++links;

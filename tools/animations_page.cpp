@@ -26,7 +26,7 @@ Showpiece piece(AnimationKind kind, std::string name, std::string to, std::strin
   result.options.to = std::move(to);
   result.options.scale = 1;
   result.options.framesPerSecond = 10;
-  result.options.duration = 2.5;
+  result.options.duration = 2;
   result.options.color = UIColor(0.13, 0.15, 0.2, 1);
   return result;
 }

@@ -22,10 +22,9 @@ export function svgOf(card) {
   const { fill, gradient, size } = page.state;
   const path = $('path', svg);
   const painted = path.getAttribute('fill') === 'none' ? 'stroke' : 'fill';
-  if (fill || gradient) {
-    svg.setAttribute('width', size);
-    svg.setAttribute('height', size);
-  }
+  const [, , width, height] = svg.getAttribute('viewBox').split(' ');
+  svg.setAttribute('width', fill || gradient ? size : width);
+  svg.setAttribute('height', fill || gradient ? size : height);
   if (gradient) {
     const { colors, direction } = attributesOf(page.state).gradient;
     const ends = { topToBottom: [0, 0, 0, 1], leftToRight: [0, 0, 1, 0],

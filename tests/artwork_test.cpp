@@ -105,7 +105,6 @@ void expectMirrored(std::string_view first, std::string_view second, bool uprigh
 TEST(Artwork, TheTableNamesEveryIconOnce) {
   std::set<std::string> names;
   for (const Row& row : readTable()) EXPECT_TRUE(names.insert(row.name).second) << row.name;
-  EXPECT_EQ(names.size(), 183U);
   EXPECT_EQ(names, std::set<std::string>(std::begin(iconMethodNames), std::end(iconMethodNames)));
 }
 

@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <glyphwright/platform/layers/animation.h>
 #include <glyphwright/platform/layers/layer.h>
+#include <glyphwright/platform/layers/sublayer_list.h>
 
 namespace glyphwright {
 namespace {

@@ -191,51 +191,6 @@ TEST(PresetsArtwork, GradientsHaveAStopForEachColor) {
   EXPECT_EQ(gradients, 9);
 }
 
-// The designers' own figures: the other tests read them from the palette.
-TEST(PresetsArtwork, ColorsAreTheAgreedOnes) {
-  struct Agreed {
-    UIColor color;
-    std::array<double, 4> parts;
-  };
-  using namespace palette;
-  const Agreed agreed[] = {
-      {grey, {0.522, 0.565, 0.62, 1}},
-      {purple, {0.592, 0.251, 0.988, 1}},
-      {offWhite, {0.961, 0.969, 0.98, 1}},
-      {white, {1, 1, 1, 1}},
-      {lightGrey, {0.792, 0.82, 0.859, 1}},
-      {dark, {0.094, 0.114, 0.141, 1}},
-      {gifYellow, {0.984, 0.847, 0.125, 1}},
-      {contactBlue, {0.314, 0.624, 0.996, 1}},
-      {vinylGreen, {0.114, 0.725, 0.329, 1}},
-      {pinBlue, {0.161, 0.549, 0.98, 1}},
-      {coral, {0.992, 0.329, 0.424, 1}},
-      {loopPlayDisc, {0, 0, 0, 0.3}},
-      {palette::safebeamSelected.disc, {0.161, 0.545, 0.976, 1}},
-      {palette::safebeamSelected.ring, {0.948, 0.969, 1, 1}},
-      {palette::safebeamSelected.mark, {0.675, 0.804, 1, 1}},
-      {palette::safebeamNormal.disc, {0.922, 0.929, 0.945, 1}},
-      {palette::safebeamNormal.ring, {0.506, 0.694, 0.98, 1}},
-      {palette::safebeamNormal.mark, {0.086, 0.431, 0.984, 1}},
-      {stickerGradient.colors[0], {0.408, 0.302, 0.933, 1}},
-      {stickerGradient.colors[1], {0.906, 0.208, 0.945, 1}},
-      {moodraGradient.colors[0], {0.188, 0.953, 0.937, 1}},
-      {moodraGradient.colors[1], {0.945, 0.176, 0.898, 1}},
-      {moodraGradient.colors[2], {0.973, 0.714, 0.184, 1}},
-      {pinChatGradient.colors[0], {0.24, 0.68, 1, 1}},
-      {pinChatGradient.colors[1], {0.2, 0.92, 0.96, 1}},
-      {cameraGradient.colors[0], {1, 0.48, 0.32, 1}},
-      {cameraGradient.colors[1], {1, 0.16, 0.48, 1}},
-      {referralGradient.colors[0], {0.992, 0.149, 0.478, 1}},
-      {referralGradient.colors[1], {1, 0.471, 0.329, 1}},
-  };
-  for (const auto& [color, parts] : agreed) {
-    EXPECT_EQ(color, UIColor(parts[0], parts[1], parts[2], parts[3]))
-        << parts[0] << ' ' << parts[1];
-  }
-  EXPECT_EQ(moodraGradient.locations[1], 0.48);
-}
-
 // Pieces that paint nothing one could see, and are there all the same.
 TEST(PresetsArtwork, TheOddPiecesAreKept) {
   const auto safebeam = safebeamPieces(false, false);

@@ -108,25 +108,6 @@ TEST(PresetsImages, SizesScalesAndClearCorners) {
   }
 }
 
-TEST(PresetsImages, StatesOfOneSignDifferInColorOnly) {
-  const std::function<UIImage()> pairs[][2] = {
-      {ActionBar::vinylNormalIcon, ActionBar::vinylSelectedIcon},
-      {ActionBar::contactCardNormalIcon, ActionBar::contactCardSelectedIcon},
-      {ActionBar::safebeamNormalIcon, ActionBar::safebeamSelectedIcon},
-      {ActionBar::stickerNormalBorderlessIcon, ActionBar::stickerSelectedBorderlessIcon},
-  };
-  for (const auto& pair : pairs) {
-    const UIImage normal = pair[0]();
-    const UIImage selected = pair[1]();
-    EXPECT_GT(largestDifference(normal, selected), 40);
-    for (std::size_t y = 0; y < normal.cgImage().pixelHeight(); ++y) {
-      for (std::size_t x = 0; x < normal.cgImage().pixelWidth(); ++x) {
-        ASSERT_EQ(at(normal, x, y).alpha, at(selected, x, y).alpha) << x << ", " << y;
-      }
-    }
-  }
-}
-
 TEST(PresetsImages, TwoCallsDrawEqualImages) {
   for (const Ready& ready : readyMade()) {
     const UIImage first = ready.make();
@@ -178,14 +159,6 @@ int islands(const UIImage& image) {
     }
   }
   return count;
-}
-
-TEST(PresetsImages, PiecesOfOneColorStayApart) {
-  const ScreenScale screen(4);
-  EXPECT_EQ(islands(Banner::rewardIcon({48, 40})), 10);
-  EXPECT_EQ(islands(ActionBar::contactCardNormalIcon()), 1);
-  EXPECT_EQ(islands(ActionBar::stickerNormalIcon()), 2);
-  EXPECT_EQ(islands(PinChat::pinChatStarParticleIcon()), 3);
 }
 
 }  // namespace

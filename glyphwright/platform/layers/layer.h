@@ -189,8 +189,7 @@ class CALayer : public CAMediaTiming {
   virtual void setAnimatedValueForKey(const AnimationValue& value, std::string_view key);
 
   /// The bounds with their rounded corners.
-  CGPath boundsPath() const { return boundsPath(boundsRadius()); }
-  CGPath boundsPath(CGFloat radius) const;
+  CGPath boundsPath() const;
   /// The corner radius as it is drawn.
   CGFloat boundsRadius() const;
 
@@ -225,8 +224,8 @@ class CALayer : public CAMediaTiming {
 
   void adopt(CALayer& child);
   CGRect contentsRect(const UIImage& image) const;
-  void drawBackground(CGContextRef context, CGFloat alpha, CGFloat radius) const;
-  void drawBorder(CGContextRef context, CGFloat alpha, CGFloat outerRadius) const;
+  void drawBackground(CGContextRef context, CGFloat alpha, const CGPath& outside) const;
+  void drawBorder(CGContextRef context, CGFloat alpha, CGPath outside) const;
 
   Model model_;
   CALayer* superlayer_ = nullptr;

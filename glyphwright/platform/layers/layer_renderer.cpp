@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace glyphwright {
 namespace {
@@ -32,7 +33,9 @@ LayerParts CALayer::visibleParts() const {
 
 void CALayer::drawPart(LayerPart part, CGContextRef context, CGFloat alpha) const {
   if (part == LayerPart::background) {
-    drawBackground(context, alpha, boundsRadius());
+    if (model_.cornerRadius > 0) return drawBackground(context, alpha, boundsPath());
+    CGContextSetFillColor(context, faded(*model_.backgroundColor, alpha));
+    CGContextFillRect(context, model_.bounds);
   } else if (part == LayerPart::contents) {
     const CGFloat scale =
         model_.contentsScale > 0 && std::isfinite(model_.contentsScale) ? model_.contentsScale : 1;
@@ -41,23 +44,19 @@ void CALayer::drawPart(LayerPart part, CGContextRef context, CGFloat alpha) cons
     const UIImage image(model_.contents, scale, size);
     CGContextDrawImage(context, contentsRect(image), image, alpha);
   } else if (part == LayerPart::border) {
-    drawBorder(context, alpha, boundsRadius());
+    drawBorder(context, alpha, boundsPath());
   }
 }
 
-void CALayer::drawBackground(CGContextRef context, CGFloat alpha, CGFloat radius) const {
+void CALayer::drawBackground(CGContextRef context, CGFloat alpha, const CGPath& outside) const {
   CGContextSetFillColor(context, faded(*model_.backgroundColor, alpha));
-  if (radius > 0) {
-    CGContextFillPath(context, boundsPath(radius), false);
-  } else {
-    CGContextFillRect(context, model_.bounds);
-  }
+  CGContextFillPath(context, outside, false);
 }
 
-void CALayer::drawBorder(CGContextRef context, CGFloat alpha, CGFloat outerRadius) const {
+void CALayer::drawBorder(CGContextRef context, CGFloat alpha, CGPath outside) const {
   const CGRect& bounds = model_.bounds;
   const CGFloat width = model_.borderWidth;
-  CGPath ring = boundsPath(outerRadius);
+  CGPath ring = std::move(outside);
   // A border as wide as the layer leaves no inside.
   if (width * 2 < std::min(bounds.size.width, bounds.size.height)) {
     const CGFloat radius = std::max(boundsRadius() - width, 0.0);
@@ -73,8 +72,9 @@ CGFloat CALayer::boundsRadius() const {
   return model_.cornerRadius > 0 ? std::min(model_.cornerRadius, most) : 0;
 }
 
-CGPath CALayer::boundsPath(CGFloat radius) const {
+CGPath CALayer::boundsPath() const {
   CGPath path;
+  const CGFloat radius = boundsRadius();
   path.addRoundedRect(model_.bounds, UIRectCorner::allCorners, {radius, radius});
   return path;
 }
@@ -204,15 +204,21 @@ void LayerRenderer::renderContent(const Content& content) {
   CGContextRestoreGState(&context_);
 }
 
-// What is cut at the bounds has no edges of its own there: they would count twice.
+// What is cut at the bounds reaches beyond them: edges of its own there would count twice.
 void LayerRenderer::renderParts(const Content& content, bool isCut) {
   const CALayer& layer = content.layer;
   const LayerParts parts = content.parts;
   const auto draw = [&](LayerPart part) {
     if (parts.has(part)) layer.drawPart(part, &context_, content.alpha);
   };
+  const auto beyond = [&] {
+    const CGRect& bounds = layer.model_.bounds;
+    CGPath path;
+    path.addRect(CGRectInset(bounds, -bounds.size.width, -bounds.size.height));
+    return path;
+  };
   if (isCut && parts.has(LayerPart::background)) {
-    layer.drawBackground(&context_, content.alpha, 0);
+    layer.drawBackground(&context_, content.alpha, beyond());
   } else {
     draw(LayerPart::background);
   }
@@ -229,7 +235,7 @@ void LayerRenderer::renderParts(const Content& content, bool isCut) {
   draw(LayerPart::stroke);
   if (content.sublayers > 0) renderSublayers(content);
   if (isCut && parts.has(LayerPart::border)) {
-    layer.drawBorder(&context_, content.alpha, 0);
+    layer.drawBorder(&context_, content.alpha, beyond());
   } else {
     draw(LayerPart::border);
   }

@@ -188,7 +188,9 @@ class CAAnimationGroup : public CAAnimation {
     return std::make_shared<CAAnimationGroup>();
   }
 
+  /// `init` of a group that holds nothing.
   CAAnimationGroup() = default;
+  /// Holds the same animations.
   CAAnimationGroup(const CAAnimationGroup&) = default;
   CAAnimationGroup& operator=(const CAAnimationGroup&) = delete;
   /// Lets go of groups within groups one after the other, however deep they are.

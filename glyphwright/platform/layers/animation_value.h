@@ -17,13 +17,15 @@ namespace glyphwright {
 /// transform, a colour, a list of colours or numbers, a path.
 using AnimationKinds = std::variant<CGFloat, CGPoint, CGSize, CGRect, CGAffineTransform, CGColor,
                                     std::vector<CGColor>, std::vector<CGFloat>, CGPath>;
-/// Made from any of them, from numbers of any arithmetic type and from lists of such.
+/// A value of any of those kinds. Made from any of them, from numbers of any arithmetic type and from lists of such.
 struct AnimationValue : AnimationKinds {
   using AnimationKinds::AnimationKinds;
+  /// A number of any type.
   template <typename Number>
   requires(std::is_arithmetic_v<Number> && !std::is_convertible_v<Number, AnimationKinds>)
       AnimationValue(Number number)
       : AnimationKinds(static_cast<CGFloat>(number)) {}
+  /// A list of numbers of any type.
   template <typename Number>
   requires(std::is_arithmetic_v<Number> && !std::same_as<Number, CGFloat>)
       AnimationValue(const std::vector<Number>& numbers)

@@ -12,13 +12,20 @@ namespace glyphwright {
 template <typename T>
 class SublayerList {
  public:
+  /// The entries in order, in one piece until the list changes.
   const T* begin() const { return entries_.data() + first_; }
+  /// Behind the last one.
   const T* end() const { return entries_.data() + entries_.size(); }
+  /// How many there are.
   std::size_t size() const { return entries_.size() - first_; }
+  /// The entry at an index below the size.
   const T& operator[](std::size_t index) const { return entries_[first_ + index]; }
+  /// The last of at least one.
   const T& back() const { return entries_.back(); }
+  /// Makes room for so many.
   void reserve(std::size_t count) { entries_.reserve(first_ + count); }
 
+  /// Appends.
   void push_back(T entry) {
     // Once as much room as this has been left in front, it is used again.
     if (first_ > size() && entries_.size() == entries_.capacity()) {

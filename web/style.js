@@ -118,7 +118,7 @@ export function codeFor({ name, method, type }, state) {
     ['C++', `${scale}${look}const UIImage image = ${typed};`],
     ['By name', `${scale}${look}const UIImage image = performSelector("${method}").makeImage(look);`],
     type && ['By number', `${scale}${look}const UIImage image =\n    UIBezierPath::pathForIcon(` +
-      `static_cast<VNTLIconType>(${type})).makeImage(look);`],
+      `static_cast<VNTLIconType>(${type}))->makeImage(look);`],
     ['Command line', `glyphwright render ${name} -o ${method}.png ${optionsOf(state)}`],
     ['C', cCode(name, state)],
     ['JavaScript', `import { load } from 'glyphwright';\n\nconst glyphwright = await load();\n` +

@@ -17,7 +17,8 @@ namespace glyphwright {
 /// transform, a colour, a list of colours or numbers, a path.
 using AnimationKinds = std::variant<CGFloat, CGPoint, CGSize, CGRect, CGAffineTransform, CGColor,
                                     std::vector<CGColor>, std::vector<CGFloat>, CGPath>;
-/// A value of any of those kinds. Made from any of them, from numbers of any arithmetic type and from lists of such.
+/// A value of any of those kinds. Made from any of them, from numbers of any arithmetic type and
+/// from lists of such.
 struct AnimationValue : AnimationKinds {
   using AnimationKinds::AnimationKinds;
   /// A number of any type.

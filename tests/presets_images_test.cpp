@@ -130,36 +130,5 @@ TEST(PresetsImages, TheLowDiscLeavesASliverAboveAndIsCutBelow) {
   EXPECT_LT(at(selected, 350, 799).alpha, 100);
 }
 
-/// How many separate painted areas there are.
-int islands(const UIImage& image) {
-  const auto width = static_cast<int>(image.cgImage().pixelWidth());
-  const auto height = static_cast<int>(image.cgImage().pixelHeight());
-  std::vector<bool> seen(static_cast<std::size_t>(width * height));
-  int count = 0;
-  std::vector<int> open;
-  const auto visit = [&](int x, int y) {
-    if (x < 0 || y < 0 || x >= width || y >= height) return false;
-    const auto i = static_cast<std::size_t>(y * width + x);
-    if (seen[i] || at(image, static_cast<std::size_t>(x), static_cast<std::size_t>(y)).alpha == 0) {
-      return false;
-    }
-    seen[i] = true;
-    open.push_back(y * width + x);
-    return true;
-  };
-  for (int start = 0; start < width * height; ++start) {
-    if (visit(start % width, start / width)) ++count;
-    while (!open.empty()) {
-      const int x = open.back() % width;
-      const int y = open.back() / width;
-      open.pop_back();
-      for (int dy = -1; dy <= 1; ++dy) {
-        for (int dx = -1; dx <= 1; ++dx) visit(x + dx, y + dy);
-      }
-    }
-  }
-  return count;
-}
-
 }  // namespace
 }  // namespace glyphwright

@@ -1,5 +1,5 @@
-#include <glyphwright/platform/raster/kernels/loops.h>
 #include <glyphwright/platform/raster/kernels/avx2.h>
+#include <glyphwright/platform/raster/kernels/loops.h>
 #include <glyphwright/platform/raster/lanes/avx2.h>
 
 namespace glyphwright::raster {

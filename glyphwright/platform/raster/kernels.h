@@ -319,17 +319,14 @@ struct Kernels {
   /// more than whole eights, and writes whole eights.
   void (*joinSegments)(const StrokeSegments& segments, std::size_t count, const NodePen& pen,
                        StrokeNode* out);
-  /// Samples a cubic that may bend more tightly than the pen, `half` of whose width is given, and
-  /// puts down the corners of both sides, without those of its ends. It must have a direction
-  /// everywhere.
-  void (*bendCurve)(const StrokeCubic& curve, float half, int chords, BentCurve& out);
-  /// Puts down both sides of the segments from `first` to `end`, each followed by its node unless
-  /// there are none, and gives the segment that it stops ahead of, or `end`: one that bends more
-  /// tightly than the pen (`half` its width) here and less so there. A side that would run
-  /// backwards all along a curve is led through the curve's middle instead. Samples are moved out
-  /// of each side's hollow so that its chords keep the area. Writes up to eight corners too many.
+  /// Puts down both sides of a contour's segments, each followed by its node unless there are none,
+  /// and gives the segment that it stops ahead of, or the range's end: one for which even steps
+  /// will not do, or that bends more tightly than the pen here and less so there. A side that would
+  /// run backwards all along a curve is led through the curve's middle instead, where the
+  /// neighbours cover what that leaves out. Samples are moved out of each side's hollow so that its
+  /// chords keep the area. Writes up to eight corners too many.
   std::size_t (*putSides)(const StrokeSegments& segments, const StrokeNode* nodes,
-                          std::size_t first, std::size_t end, float half, SideEnds& sides);
+                          const SegmentRange& range, const SidePen& pen, SideEnds& sides);
   /// The box around corners.
   CornerBox (*boxCorners)(const float* x, const float* y, std::size_t count);
   /// Makes edges of one corner to the next, moved by `shift` pixels, or of each corner to the one

@@ -22,11 +22,11 @@ std::size_t Scratch::keptBytes() const {
          bytes(outline.left.x) + bytes(outline.left.y) + bytes(outline.right.x) +
          bytes(outline.right.y) + bytes(outline.contours) + bytes(outline.listed) +
          bytes(outline.curves) + bytes(outline.raised) + outline.segments.keptBytes() +
-         bytes(outline.bent) + bytes(outline.nodes) + bytes(outline.outside) +
-         bytes(outline.rowRuns) + bytes(activeEdges) + bytes(bandHeads) + bytes(edgeLinks) +
-         bytes(narrowCells) + bytes(wideCells) + bytes(touched) + bytes(coverage) +
-         bytes(clippedCoverage) + bytes(sourceRow) + bytes(casterMask) + bytes(insideMask) +
-         bytes(filterRows) + bytes(filterSources) + bytes(taps.taps) + bytes(rowColors) +
+         bytes(outline.pieceEnds) + bytes(outline.outside) + bytes(outline.rowRuns) +
+         bytes(activeEdges) + bytes(bandHeads) + bytes(edgeLinks) + bytes(narrowCells) +
+         bytes(wideCells) + bytes(touched) + bytes(coverage) + bytes(clippedCoverage) +
+         bytes(sourceRow) + bytes(casterMask) + bytes(insideMask) + bytes(filterRows) +
+         bytes(filterSources) + bytes(taps.taps) + bytes(rowColors) +
          (upper == nullptr ? 0 : upper->keptBytes());
 }
 

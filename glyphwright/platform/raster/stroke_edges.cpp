@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include <glyphwright/platform/raster/cells.h>
 #include <glyphwright/platform/raster/edge_writer.h>
@@ -181,7 +182,8 @@ class CutRings : public CuttingWriter {
   // Whole eights are written.
   void makeCornerRoom(std::size_t corners) {
     const std::size_t wanted = corners + 2 * kEight;
-    if (out_.cornerX.size() < wanted) {
+    // The one that grows last tells.
+    if (out_.cornerY.size() < wanted) {
       out_.cornerX.resize(2 * wanted);
       out_.cornerY.resize(2 * wanted);
     }
@@ -261,11 +263,17 @@ class RowRuns {
 const StrokeSegments& SegmentMemory::roomFor(std::size_t count) {
   const std::size_t wanted = count + 16;
   if (cubics_.size() >= wanted) return lists_;
+  // All or nothing: what is known of segments is not needed any more, and what throws has changed
+  // nothing.
   const std::size_t room = 2 * wanted;
-  cubics_.resize(room);
-  values_.resize(8 * room);
-  chords_.resize(room);
-  nodes_.resize(room);
+  std::vector<StrokeCubic> cubics(room);
+  std::vector<float> values(8 * room);
+  std::vector<std::int32_t> chords(room);
+  std::vector<StrokeNode> nodes(room);
+  cubics_ = std::move(cubics);
+  values_ = std::move(values);
+  chords_ = std::move(chords);
+  nodes_ = std::move(nodes);
   float* v = values_.data();
   lists_ = {.cubics = cubics_.data(),
             .startX = v,
@@ -274,8 +282,8 @@ const StrokeSegments& SegmentMemory::roomFor(std::size_t count) {
             .startAlongY = v + 3 * room,
             .endAlongX = v + 4 * room,
             .endAlongY = v + 5 * room,
-            .startLength = v + 6 * room,
-            .endLength = v + 7 * room,
+            .startReach = v + 6 * room,
+            .endReach = v + 7 * room,
             .chords = chords_.data()};
   return lists_;
 }
@@ -286,9 +294,10 @@ std::size_t SegmentMemory::keptBytes() const {
 }
 
 void OutlineSide::grow(std::size_t corners) {
-  room = 2 * (count + corners);
-  x.resize(room + kMargin);
-  y.resize(room + kMargin);
+  const std::size_t wanted = 2 * (count + corners);
+  x.resize(wanted + kMargin);
+  y.resize(wanted + kMargin);
+  room = wanted;  // when both have it
 }
 
 void setOrigin(StrokeOutline& outline, const DeviceBox& box, const PixelRect& bitmap) {

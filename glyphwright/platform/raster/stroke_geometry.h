@@ -52,34 +52,10 @@ inline Vector leftOf(Vector direction) {
   return {direction.y, -direction.x};
 }
 
-// A sample of a curve with the unit direction in which the curve runs there.
-struct Node {
+// Where a pen stands on a curve, and the unit direction in which it goes on.
+struct PenPlace {
   Vector at;
   Vector direction;
-};
-
-// The straight way between two nodes.
-struct Leg {
-  Vector along;  // its direction, where it has a length
-  double length = 0;
-
-  bool hasDirection() const { return length > 0; }
-};
-
-inline Leg legBetween(Vector from, Vector to) {
-  Vector along = to - from;
-  const double l = length(along);
-  if (l > 0) along = along * (1 / l);
-  return {along, l};
-}
-
-// One end of a segment: the unit direction in which the segment runs there, and its chord there.
-struct SegmentEnd {
-  Vector direction;
-  Leg leg;
-  // The segment is a curve that may bend more tightly than the pen, so that its sides are those of
-  // its chords.
-  bool isTight = false;
 };
 
 }  // namespace glyphwright::raster::pen

@@ -43,12 +43,34 @@ struct StrokeSegments {
   float* startAlongY;
   float* endAlongX;
   float* endAlongY;
-  float* startLength;  // of the first and the last of its chords, roughly
-  float* endLength;
+  /// How far corners may reach into it where it starts and ends: along the hollow side of its first
+  /// and its last chord, or half of that when this is one. Two corners never meet on one side then.
+  float* startReach;
+  float* endReach;
   /// How many chords it takes; less than 0, and as many, when it bends more tightly than the pen
-  /// where it starts; 0 when it has no direction at one of its ends, or bends away from its middle
-  /// leg by more than a quarter of a turn: then nothing else is set.
+  /// where it starts; 0 when chords of even steps would not do: it may have no direction at an end,
+  /// bend away from its middle leg by more than a quarter of a turn, or bend more tightly than the
+  /// pen in a small part of it.
   std::int32_t* chords;
+};
+
+/// Where a curve turns faster than this many times its turn a step, its steps are not even.
+inline constexpr float kUnevenTurn = 8;
+
+/// What the sides of curves are made for: half the pen's width, and how wide a piece of a stroke may
+/// be missing.
+struct SidePen {
+  float half;
+  float spare;
+};
+
+/// Segments `first` to `end` of a contour, and those whose ends come before and after all of them:
+/// `first` itself and the last one where there are none.
+struct SegmentRange {
+  std::size_t first;
+  std::size_t end;
+  std::size_t before;
+  std::size_t after;
 };
 
 /// How the sides of neighbouring segments are joined.
@@ -58,6 +80,14 @@ struct NodePen {
   float sameSquare;
   /// Half the square of the miter limit; 0 for joins without miters.
   float halfMiterSquare;
+  /// Corners may overrun what they may reach into of a curve by this much: curves that are to run on
+  /// from their neighbours seldom do so quite.
+  float slack;
+  /// And of lines by this part of `half`: directions that are the same differ by the noise of
+  /// floats.
+  static constexpr float kNoise = 1.0F / 65536;
+  /// Segments that turn back by less than this hide the crossing of their inner sides far away.
+  static constexpr float kLeastCosine = -0.99F;
 };
 
 /// The corners of one side of a node between two segments: one to three.
@@ -76,22 +106,6 @@ struct StrokeNode {
 /// its right side would run backwards all along; or now so and now so.
 enum class PenBend : std::uint8_t { follows, foldsLeft, foldsRight, mixed };
 inline constexpr float kFoldTurn = 0.8F;  // half the width times the curvature
-
-/// Where a tightly bent curve goes: its samples with both ends, one more than it has chords, and
-/// the corners of both sides, three for each inner sample at most. There is room for three corners
-/// and for eight samples more than that.
-struct BentCurve {
-  float* x;
-  float* y;
-  float* normalX;
-  float* normalY;
-  float* leftX;
-  float* leftY;
-  float* rightX;
-  float* rightY;
-  std::size_t leftCount = 0;
-  std::size_t rightCount = 0;
-};
 
 /// Where the sides of a contour go on.
 struct SideEnds {

@@ -49,6 +49,13 @@ struct OutlineSide {
   void grow(std::size_t corners);
 };
 
+/// The end of a piece of a curve, and the area between the piece and its chord.
+struct PieceEnd {
+  pen::PenPlace place;
+  double hollow;
+  double chord;
+};
+
 /// Working memory for the segments of strokes; lists grow only.
 class SegmentMemory {
  public:
@@ -82,16 +89,15 @@ struct StrokeOutline {
     bool isClosed;
   };
 
-  /// A contour of the path: verbs from `verb` to `verbEnd`, points from `point` on, and the
-  /// segments that it has a place for in the lists. After those of a closed one its first segment
-  /// stands once more.
+  /// A contour of the path: where it starts, and its segments that lead anywhere. After those of a
+  /// closed one its first segment stands once more. One without segments is a dot when it has more
+  /// than a move.
   struct Listed {
-    std::size_t verb;
-    std::size_t verbEnd;
-    std::size_t point;
+    CGPoint start;
     std::size_t segment;
     std::size_t segmentCount;
     bool isClosed;
+    bool isDot;
   };
 
   /// Whole device pixels, near what is seen of the stroke, so that floats are fine enough from here
@@ -107,10 +113,8 @@ struct StrokeOutline {
   std::vector<const double*> curves;
   std::vector<CGPoint> raised;
   SegmentMemory segments;
-  /// For curves that are bent more tightly than the pen.
-  std::vector<float> bent;
-  /// For those that are followed with care.
-  std::vector<pen::Node> nodes;
+  /// For curves that take more than even steps.
+  std::vector<PieceEnd> pieceEnds;
   /// And for telling the corners outside a region.
   std::vector<std::uint8_t> outside;
   /// And for what runs through each row of one.

@@ -13,30 +13,34 @@ namespace {
 // tolerance.
 constexpr double kSmoothPart = 0.5;
 
+// Thin pens turn by no more than this without an arc, in radians, and none by steps finer than
+// that.
+constexpr double kMostBendTurn = 0.7;
+constexpr double kLeastBendTurn = 1.0 / 128;
+
 }  // namespace
 
 StrokePen::StrokePen(double width, const StrokeStyle& style, double tolerance,
-                     const CGAffineTransform& toDevice, StrokeOutline& out)
+                     const CGPoint& origin, StrokeOutline& out)
     : half_(width * 0.5),
       style_(style),
-      toOutline_(toDevice),
-      onDevice_(toDevice == CGAffineTransformIdentity),
+      tolerance_(tolerance),
+      origin_(origin),
       out_(out),
       // The chord of an angle θ on the outline's circle strays by half·θ²/8.
-      arcStepCosine_(1 - std::min(1.0, 4 * tolerance / half_)) {
-  toOutline_.tx -= out.originX;
-  toOutline_.ty -= out.originY;
-  // The offsets of two directions are half·θ apart, and the cosine falls short of one by θ²/2.
-  sameAngle_ = std::min(kSmoothPart * tolerance / half_, 0.1);
-  sameDirection_ = 1 - sameAngle_ * sameAngle_ * 0.5;
-}
+      arcStepCosine_(1 - std::min(1.0, 4 * tolerance / half_)),
+      // The offsets of two directions are half·θ apart.
+      sameAngle_(std::min(kSmoothPart * tolerance / half_, 0.1)),
+      bendTurn_(std::clamp(std::sqrt(8 * tolerance / half_), kLeastBendTurn, kMostBendTurn)),
+      // cos θ ≈ 1 − θ²/2, half as much again as a curve's pieces should turn
+      smoothCosine_(1 - 1.125 * bendTurn_ * bendTurn_) {}
 
 NodePen StrokePen::nodePen() const {
   const bool hasMiters = style_.join == CGLineJoin::miter && style_.miterLimit >= 1;
   // Miter length / width = 1 / cos(half the turn), and that cosine's square is (1 + cos turn)/2.
   const double halfSquare = hasMiters ? style_.miterLimit * style_.miterLimit * 0.5 : 0;
   return {static_cast<float>(half_), static_cast<float>(sameAngle_ * sameAngle_),
-          static_cast<float>(std::min(halfSquare, 1e30))};
+          static_cast<float>(std::min(halfSquare, 1e30)), static_cast<float>(tolerance_)};
 }
 
 CGLineCap StrokePen::foldStyle() const {
@@ -44,120 +48,90 @@ CGLineCap StrokePen::foldStyle() const {
 }
 
 inline void StrokePen::put(OutlineSide& side, Vector p) const {
-  if (onDevice_) {
-    side.put(static_cast<float>(p.x - out_.originX), static_cast<float>(p.y - out_.originY));
-    return;
-  }
-  const CGPoint q = CGPointApplyAffineTransform({p.x, p.y}, toOutline_);
-  side.put(static_cast<float>(q.x), static_cast<float>(q.y));
+  side.put(static_cast<float>(p.x - origin_.x), static_cast<float>(p.y - origin_.y));
 }
 
-inline void StrokePen::bothSides(Vector at, Vector offset) const {
+void StrokePen::across(Vector at, Vector direction) const {
+  const Vector offset = leftOf(direction) * half_;
   put(out_.left, at + offset);
   put(out_.right, at - offset);
 }
 
-void StrokePen::across(Vector at, Vector direction) const {
-  bothSides(at, leftOf(direction) * half_);
+// The outer side goes round from the offset of one direction to that of the other. The inner sides
+// go to where they cross when that lies within both neighbours, otherwise over the node itself,
+// which keeps every piece wound the same way. Half a turn has no outer side of its own; it is given
+// the left one.
+void StrokePen::join(Vector at, Vector in, Vector out, double reach) const {
+  const bool isLeft = cross(in, out) >= 0;
+  const Vector from = leftOf(in) * (isLeft ? 1 : -1);
+  const Vector to = leftOf(out) * (isLeft ? 1 : -1);
+  OutlineSide& outer = isLeft ? out_.left : out_.right;
+  put(outer, at + from * half_);
+  turn(outer, at, from, to, in);
+  put(outer, at + to * half_);
+  OutlineSide& inner = isLeft ? out_.right : out_.left;
+  const double cosine = dot(in, out);
+  const double factor = half_ / (1 + cosine);
+  if (cosine > NodePen::kLeastCosine && factor * std::fabs(cross(in, out)) <= reach) {
+    return put(inner, at - (from + to) * factor);
+  }
+  put(inner, at - from * half_);
+  put(inner, at);
+  put(inner, at - to * half_);
 }
 
-void StrokePen::join(Vector at, const SegmentEnd& in, const SegmentEnd& out) const {
-  const double cosine = dot(in.direction, out.direction);
-  const Vector from = leftOf(in.direction);
-  const Vector to = leftOf(out.direction);
-  if (cosine > sameDirection_) {
-    Vector normal = (from + to) * 0.5;
-    if (in.isTight || out.isTight) return bend(at, normal, in.leg, out.leg);
-    bothSides(at, normal * half_);
-    return;
-  }
-  const double shorter = std::min(in.leg.length, out.leg.length);
-  // Half a turn has no outer side of its own; it is given the left one.
-  if (cross(in.direction, out.direction) >= 0) {
-    outerJoin(out_.left, at, from, to, in.direction);
-    innerJoin(out_.right, at, -from, -to, shorter);
+// The diameter of the pen that lies across the curve sweeps a narrow strip. Where the curve bends
+// more tightly than the pen, its end runs backwards on the hollow side: both of its places cross,
+// and the strip is two triangles. The far one is run through on its own, so that it is wound like
+// everything else, or left out. True when the side still stands over the centre.
+bool StrokePen::stepSide(OutlineSide& side, double sign, const Steps& steps, bool isOverCentre,
+                         const PenPlace& to, bool withEnd) const {
+  const PenPlace& from = steps.from;
+  const Vector before = leftOf(from.direction) * sign;
+  const Vector after = leftOf(to.direction) * sign;
+  // Chords lose area to the hollow: lift by the square of the turn a step.
+  const Vector turned = after - before;
+  const double lifted = half_ * (1 + std::min(dot(turned, turned) / 12, 0.05));
+  const Vector start = from.at + before * half_;
+  const Vector end = to.at + after * (withEnd ? lifted : half_);
+  // Only a cusp turns by so much.
+  const bool isSudden = dot(before, after) < smoothCosine_;
+  const double turning = cross(before, after);
+  const bool isOuter = (turning >= 0) == (sign > 0);
+  if (!isOuter && steps.hollow != Hollow::backwards &&
+      (isSudden || dot(end - start, from.direction + to.direction) < 0)) {
+    const double crossing = turning != 0 ? cross(to.at - from.at, after) / turning : 0;
+    const Vector centre = from.at + before * std::clamp(crossing, 0.0, half_);
+    put(side, centre);
+    if (steps.hollow == Hollow::leftOut) return true;
+    put(side, end);
+    if (isSudden) turn(side, to.at, after, before, -from.direction);
+    put(side, start);
+    put(side, centre);
   } else {
-    innerJoin(out_.left, at, from, to, shorter);
-    outerJoin(out_.right, at, -from, -to, in.direction);
+    if (isOverCentre) put(side, start);
+    if (isSudden) turn(side, to.at, before, after, from.direction);
   }
+  if (withEnd) put(side, end);
+  return false;
 }
 
-// From the offset of the incoming to that of the outgoing direction.
-void StrokePen::outerJoin(OutlineSide& side, Vector at, Vector from, Vector to,
-                          Vector forward) const {
-  put(side, at + from * half_);
-  switch (style_.join) {
-    case CGLineJoin::round:
-      if (dot(from, to) > -0.9999) {
-        arc(side, at, from, to);
-      } else {
-        halfDisc(side, at, from, forward);
-      }
-      break;
-    case CGLineJoin::miter: {
-      // Miter length / width = 1 / cos(half the turn).
-      const double cosine = dot(from, to);
-      const double halfTurnSquare = (1 + cosine) * 0.5;
-      if (halfTurnSquare > 0 && style_.miterLimit >= 1 &&
-          1 <= style_.miterLimit * style_.miterLimit * halfTurnSquare) {
-        put(side, at + (from + to) * (half_ / (1 + cosine)));
-      }
-      break;
-    }
-    case CGLineJoin::bevel:
-      break;
-  }
-  put(side, at + to * half_);
+void StrokePen::step(Steps& steps, const PenPlace& to, bool withEnd) const {
+  steps.isLeftOverCentre = stepSide(out_.left, 1, steps, steps.isLeftOverCentre, to, withEnd);
+  steps.isRightOverCentre = stepSide(out_.right, -1, steps, steps.isRightOverCentre, to, withEnd);
+  steps.from = to;
 }
 
-// Where the two offsets cross when both neighbours are long enough, otherwise over the node itself,
-// which keeps every piece wound the same way.
-void StrokePen::innerJoin(OutlineSide& side, Vector at, Vector from, Vector to,
-                          double shorter) const {
-  const double cosine = dot(from, to);
-  if (cosine > -0.99) {
-    const double factor = half_ / (1 + cosine);
-    if (factor * std::fabs(cross(from, to)) <= shorter) {
-      put(side, at + (from + to) * factor);
-      return;
-    }
-  }
-  put(side, at + from * half_);
-  put(side, at);
-  put(side, at + to * half_);
+// Points of the circle strictly between two unit normals: the short way, or about a unit vector
+// `forward` when they are opposed.
+void StrokePen::turn(OutlineSide& side, Vector center, Vector from, Vector to,
+                     Vector forward) const {
+  if (dot(from, to) > -0.9999) return arc(side, center, from, to);
+  arc(side, center, from, forward);
+  put(side, center + forward * half_);
+  arc(side, center, forward, to);
 }
 
-// On the hollow side of a bend tighter than the pen, the offset would run backwards; each chord
-// then keeps its own rectangle.
-void StrokePen::bend(Vector at, Vector normal, const Leg& in, const Leg& out) const {
-  const bool turned = in.hasDirection() && out.hasDirection();
-  const Vector turn = out.along - in.along;
-  const double turnSquare = dot(turn, turn);
-  const double shorter = std::min(in.length, out.length);
-  const bool isTight = turned && turnSquare * half_ * half_ > shorter * shorter;
-  const double side = isTight ? cross(in.along, out.along) : 0;
-  // The offset's own chords lose area like any curve's: lift by the square of the turn a step.
-  const double lift = turned ? turnSquare / 12 : 0;
-  const Vector offset = normal * (half_ * (1 + std::min(lift, 0.05)));
-  const Vector before = leftOf(in.along) * half_;
-  const Vector after = leftOf(out.along) * half_;
-  if (side < 0) {
-    put(out_.left, at + before);
-    put(out_.left, at);
-    put(out_.left, at + after);
-  } else {
-    put(out_.left, at + offset);
-  }
-  if (side > 0) {
-    put(out_.right, at - before);
-    put(out_.right, at);
-    put(out_.right, at - after);
-  } else {
-    put(out_.right, at - offset);
-  }
-}
-
-// Points of the circle about `center` strictly between two unit normals, running the short way.
 void StrokePen::arc(OutlineSide& side, Vector center, Vector from, Vector to) const {
   double cosine = dot(from, to);
   int halvings = 0;
@@ -178,12 +152,6 @@ void StrokePen::halved(OutlineSide& side, Vector center, Vector from, Vector to,
   halved(side, center, middle, to, radius, halvings - 1);
 }
 
-void StrokePen::halfDisc(OutlineSide& side, Vector center, Vector from, Vector forward) const {
-  arc(side, center, from, forward);
-  put(side, center + forward * half_);
-  arc(side, center, forward, -from);
-}
-
 // A ring of its own, drawn on the left side's corners.
 void StrokePen::endRing(std::size_t begin) const {
   out_.closeRings(begin, out_.right.count);
@@ -195,7 +163,7 @@ void StrokePen::cap(Vector at, Vector forward, CGLineCap style) const {
   const Vector left = leftOf(forward);
   put(out_.left, at + left * half_);
   if (style == CGLineCap::round) {
-    halfDisc(out_.left, at, left, forward);
+    turn(out_.left, at, left, -left, forward);
   } else {
     put(out_.left, at + (left + forward) * half_);
     put(out_.left, at + (forward - left) * half_);
@@ -209,9 +177,9 @@ void StrokePen::disc(Vector center) const {
   const Vector right{1, 0};
   const Vector down{0, 1};
   put(out_.left, center - down * half_);
-  halfDisc(out_.left, center, -down, right);
+  turn(out_.left, center, -down, down, right);
   put(out_.left, center + down * half_);
-  halfDisc(out_.left, center, down, -right);
+  turn(out_.left, center, down, -down, -right);
   endRing(begin);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include <glyphwright/platform/geometry.h>
 #include <glyphwright/platform/raster/stroke_geometry.h>
 #include <glyphwright/platform/raster/stroke_outline.h>
@@ -8,11 +10,13 @@
 namespace glyphwright::raster {
 
 /// A round pen that draws the corners of an outline: both sides of a point, joins, caps and discs.
+/// All that it draws is wound the same way.
 class StrokePen {
  public:
-  /// `width` (above 0) and `tolerance` are in the pen's space, which `toDevice` maps to pixels.
-  StrokePen(double width, const StrokeStyle& style, double tolerance,
-            const CGAffineTransform& toDevice, StrokeOutline& out);
+  /// `width` (above 0) and `tolerance` are in the pen's space, in which `origin` is that of the
+  /// outline's corners.
+  StrokePen(double width, const StrokeStyle& style, double tolerance, const CGPoint& origin,
+            StrokeOutline& out);
 
   double half() const { return half_; }
   StrokeOutline& outline() const { return out_; }
@@ -21,38 +25,53 @@ class StrokePen {
   bool hasRoundJoins() const { return style_.join == CGLineJoin::round; }
   /// The joins without their roundings, for the loop that works them out.
   NodePen nodePen() const;
+  /// By how much the chords of a curve may turn against each other, in radians.
+  double bendTurn() const { return bendTurn_; }
+  /// The cosine of the most that it may do in one step.
+  double smoothCosine() const { return smoothCosine_; }
 
   /// Both sides of the line across the path at `at`, which runs in `direction`.
   void across(pen::Vector at, pen::Vector direction) const;
-  /// Both sides of the node where one segment ends and the next one starts.
-  void join(pen::Vector at, const pen::SegmentEnd& in, const pen::SegmentEnd& out) const;
-  /// Both sides of a sample inside a curve that may bend more tightly than the pen.
-  void bend(pen::Vector at, pen::Vector normal, const pen::Leg& in, const pen::Leg& out) const;
+  /// A round join of a segment that ends in the direction `in` and one that starts in `out`, into
+  /// both of which corners may reach as far as `reach`.
+  void join(pen::Vector at, pen::Vector in, pen::Vector out, double reach) const;
+  /// What becomes of the sectors that the pen sweeps behind the centres of bends: they are drawn,
+  /// left out because a neighbour's band covers them, or left to run backwards because two do.
+  enum class Hollow : std::uint8_t { drawn, leftOut, backwards };
+  /// Where small steps along a curve that may bend more tightly than the pen have led to.
+  struct Steps {
+    pen::PenPlace from;
+    Hollow hollow;
+    bool isLeftOverCentre = false;  // without a corner on that side yet
+    bool isRightOverCentre = false;
+  };
+  /// Both sides of the next step, without the corners where it begins, which stand already, and
+  /// with those where it ends or without.
+  void step(Steps& steps, const pen::PenPlace& to, bool withEnd) const;
   /// What a cap adds to the end at `at`, seen along `forward`, as a contour of its own.
   void cap(pen::Vector at, pen::Vector forward, CGLineCap style) const;
   void disc(pen::Vector center) const;
 
  private:
   void put(OutlineSide& side, pen::Vector p) const;
-  void bothSides(pen::Vector at, pen::Vector offset) const;
+  bool stepSide(OutlineSide& side, double sign, const Steps& steps, bool isOverCentre,
+                const pen::PenPlace& to, bool withEnd) const;
   void endRing(std::size_t begin) const;
+  void turn(OutlineSide& side, pen::Vector center, pen::Vector from, pen::Vector to,
+            pen::Vector forward) const;
   void arc(OutlineSide& side, pen::Vector center, pen::Vector from, pen::Vector to) const;
   void halved(OutlineSide& side, pen::Vector center, pen::Vector from, pen::Vector to,
               double radius, int halvings) const;
-  void halfDisc(OutlineSide& side, pen::Vector center, pen::Vector from, pen::Vector forward) const;
-  void outerJoin(OutlineSide& side, pen::Vector at, pen::Vector from, pen::Vector to,
-                 pen::Vector forward) const;
-  void innerJoin(OutlineSide& side, pen::Vector at, pen::Vector from, pen::Vector to,
-                 double shorter) const;
 
   double half_;
   const StrokeStyle& style_;
-  CGAffineTransform toOutline_;
-  bool onDevice_;
+  double tolerance_;
+  CGPoint origin_;
   StrokeOutline& out_;
   double arcStepCosine_;
-  double sameAngle_;      // directions that are nearer than this meet without a join
-  double sameDirection_;  // and the cosine of that
+  double sameAngle_;  // directions that are nearer than this meet without a join
+  double bendTurn_;
+  double smoothCosine_;  // of the most that may do without an arc
 };
 
 }  // namespace glyphwright::raster

@@ -4,7 +4,7 @@
 
 #include <immintrin.h>
 
-// Eight curves, or eight samples of one, at a time; scalar_stroke_curves.cpp says what is computed.
+// Eight curves at a time; scalar_stroke_curves.cpp says what is computed.
 namespace glyphwright::raster::avx2 {
 namespace {
 
@@ -36,8 +36,8 @@ Lanes times(Lanes a, __m256 k) {
 __m256 dot(Lanes a, Lanes b) {
   return plus(times(a.x, b.x), times(a.y, b.y));
 }
-__m256 negative(__m256 a) {
-  return _mm256_xor_ps(a, every(-0.0F));
+__m256 magnitudeOfCross(Lanes a, Lanes b) {
+  return _mm256_andnot_ps(every(-0.0F), minus(times(a.x, b.y), times(a.y, b.x)));
 }
 
 // Rows become columns. They are to stay in registers, which takes a word to some compilers.
@@ -78,7 +78,7 @@ void prepareSegments(const double* const* curves, std::size_t count, const Segme
   static_assert(sizeof(StrokeCubic) == 8 * sizeof(float));
   const __m128d origin = _mm_setr_pd(pen.originX, pen.originY);
   const __m256 zero = _mm256_setzero_ps(), one = every(1);
-  const __m256 half = every(pen.half), bendFactor = every(pen.bendFactor);
+  const __m256 penFactor = every(pen.half * (2.0F / 3.0F)), bendFactor = every(pen.bendFactor);
   const __m256 turnFactor = every(pen.turnFactor);
   for (std::size_t i = 0; i < count; i += 8) {
     __m256 r[8];
@@ -111,10 +111,9 @@ void prepareSegments(const double* const* curves, std::size_t count, const Segme
     const Lanes e0 = times(l0, times(length12, inverse));
     const Lanes e2 = times(l2, times(length01, inverse));
     const Lanes u = minus(l1, l0), v = minus(l2, l1), a = minus(v, u);
-    const __m256 turnAtStart =
-        times(times(half, every(2.0F / 3.0F)), minus(times(u.x, e0.y), times(u.y, e0.x)));
-    const __m256 isTight =
-        _mm256_cmp_ps(_mm256_andnot_ps(every(-0.0F), turnAtStart), square0, _CMP_NLE_UQ);
+    const __m256 turnAtStart = times(penFactor, magnitudeOfCross(u, e0));
+    const __m256 turnAtEnd = times(penFactor, magnitudeOfCross(v, e2));
+    const __m256 isTight = _mm256_cmp_ps(turnAtStart, square0, _CMP_NLE_UQ);
     const __m256 bend = _mm256_sqrt_ps(times(every(0.5F), plus(dot(u, u), dot(v, v))));
     const __m256 lacking =
         times(plus(times(minus(length01, dot01), length2), times(minus(length12, dot12), length0)),
@@ -124,8 +123,24 @@ void prepareSegments(const double* const* curves, std::size_t count, const Segme
         _mm256_sqrt_ps(plus(times(bend, bendFactor), times(turnSquare, turnFactor)));
     const __m256 held = _mm256_min_ps(wanted, every(static_cast<float>(kMaxChords - 1)));
     const __m256i number = _mm256_add_epi32(_mm256_cvttps_epi32(held), _mm256_set1_epi32(1));
-    const __m256 step = _mm256_div_ps(every(3), _mm256_cvtepi32_ps(number));
-    const __m256i kept = _mm256_and_si256(number, _mm256_castps_si256(keepsOn));
+    const __m256 step =
+        _mm256_min_ps(_mm256_div_ps(every(3), _mm256_cvtepi32_ps(number)), every(1.5F));
+    const __m256 mostTurned =
+        _mm256_max_ps(_mm256_max_ps(magnitudeOfCross(l0, l1), magnitudeOfCross(l1, l2)),
+                      times(every(0.5F), magnitudeOfCross(l0, l2)));
+    const __m256 slowest = times(_mm256_min_ps(square1, _mm256_min_ps(dot01, dot12)),
+                                 times(times(length0, length2), inverse));
+    const __m256 slowSquare = times(slowest, slowest);
+    const __m256 unevenTurn = times(
+        times(times(slowSquare, slowSquare), every(kUnevenTurn * kUnevenTurn / 4)), turnSquare);
+    const auto isWithin = [](__m256 some, __m256 most) {
+      return _mm256_cmp_ps(some, most, _CMP_LE_OQ);
+    };
+    const __m256 isEven =
+        _mm256_or_ps(isWithin(times(penFactor, mostTurned), times(slowSquare, slowest)),
+                     isWithin(times(mostTurned, mostTurned), unevenTurn));
+    const __m256i kept =
+        _mm256_and_si256(number, _mm256_castps_si256(_mm256_and_ps(keepsOn, isEven)));
     const __m256i chords = _mm256_sign_epi32(
         kept, _mm256_or_si256(_mm256_castps_si256(isTight), _mm256_set1_epi32(1)));
     _mm256_storeu_ps(out.startX + i, r[0]);
@@ -134,8 +149,13 @@ void prepareSegments(const double* const* curves, std::size_t count, const Segme
     _mm256_storeu_ps(out.startAlongY + i, e0.y);
     _mm256_storeu_ps(out.endAlongX + i, e2.x);
     _mm256_storeu_ps(out.endAlongY + i, e2.y);
-    _mm256_storeu_ps(out.startLength + i, times(length0, step));
-    _mm256_storeu_ps(out.endLength + i, times(length2, step));
+    _mm256_storeu_ps(
+        out.startReach + i,
+        times(times(_mm256_max_ps(minus(square0, turnAtStart), zero), times(length12, inverse)),
+              step));
+    _mm256_storeu_ps(out.endReach + i, times(times(_mm256_max_ps(minus(square2, turnAtEnd), zero),
+                                                   times(length01, inverse)),
+                                             step));
     _mm256_storeu_si256(reinterpret_cast<__m256i*>(out.chords + i), chords);
     __m256 cubics[8] = {r[0], r[1], l0.x, l0.y, u.x, u.y, a.x, a.y};
     transpose(cubics);
@@ -143,104 +163,6 @@ void prepareSegments(const double* const* curves, std::size_t count, const Segme
       _mm256_storeu_ps(reinterpret_cast<float*>(out.cubics + i + k), cubics[k]);
     }
   }
-}
-
-namespace {
-
-// Eight samples' corners on one side.
-struct SideCorners {
-  void set(Lanes one, Lanes tight, Lanes after, __m256 isTight) {
-    bits = static_cast<unsigned>(_mm256_movemask_ps(isTight));
-    _mm256_store_ps(firstX, _mm256_blendv_ps(one.x, tight.x, isTight));
-    _mm256_store_ps(firstY, _mm256_blendv_ps(one.y, tight.y, isTight));
-    _mm256_store_ps(lastX, after.x);
-    _mm256_store_ps(lastY, after.y);
-  }
-  // Of one sample: three corners are written, and one or three of them count.
-  std::size_t put(int k, float x, float y, float* toX, float* toY) const {
-    toX[0] = firstX[k];
-    toY[0] = firstY[k];
-    toX[1] = x;
-    toY[1] = y;
-    toX[2] = lastX[k];
-    toY[2] = lastY[k];
-    return 1 + 2 * (bits >> k & 1);
-  }
-
-  unsigned bits;
-  alignas(32) float firstX[8];
-  alignas(32) float firstY[8];
-  alignas(32) float lastX[8];
-  alignas(32) float lastY[8];
-};
-
-}  // namespace
-
-void bendCurve(const StrokeCubic& c, float halfWidth, int chords, BentCurve& out) {
-  const float step = 1.0F / static_cast<float>(chords);
-  const __m256 h = every(step), lift = every(step * step * 0.5F);
-  const Lanes start{every(c.startX), every(c.startY)}, leg{every(c.legX), every(c.legY)};
-  const Lanes bend{every(c.bendX), every(c.bendY)}, change{every(c.changeX), every(c.changeY)};
-  const __m256 half = every(halfWidth), zero = _mm256_setzero_ps(), one = every(1);
-  const __m256 last = every(static_cast<float>(chords));
-  const auto length = [](Lanes v) { return _mm256_sqrt_ps(dot(v, v)); };
-  const auto leftOf = [](Lanes v) { return Lanes{v.y, negative(v.x)}; };
-  __m256 number = _mm256_setr_ps(0, 1, 2, 3, 4, 5, 6, 7);
-  for (int k = 0; k <= chords; k += 8) {
-    const __m256 t = times(number, h);
-    const __m256 isInner = _mm256_and_ps(_mm256_cmp_ps(number, zero, _CMP_GT_OQ),
-                                         _mm256_cmp_ps(number, last, _CMP_LT_OQ));
-    const __m256 move = _mm256_and_ps(lift, isInner);
-    const Lanes at = plus(times(change, t), bend);
-    const Lanes along = plus(times(plus(at, bend), t), leg);
-    const Lanes p = plus(times(plus(plus(along, leg), plus(times(bend, t), leg)), t), start);
-    const Lanes normal = leftOf(times(along, _mm256_div_ps(one, length(along))));
-    const Lanes moved = minus(p, times(at, move));
-    _mm256_storeu_ps(out.x + k, moved.x);
-    _mm256_storeu_ps(out.y + k, moved.y);
-    _mm256_storeu_ps(out.normalX + k, normal.x);
-    _mm256_storeu_ps(out.normalY + k, normal.y);
-    number = plus(number, every(8));
-  }
-  std::size_t left = 0;
-  std::size_t right = 0;
-  SideCorners leftSide;
-  SideCorners rightSide;
-  for (int k = 1; k < chords; k += 8) {
-    const auto sample = [&](int i) {
-      return Lanes{_mm256_loadu_ps(out.x + i), _mm256_loadu_ps(out.y + i)};
-    };
-    const Lanes at = sample(k);
-    const Lanes chordIn = minus(at, sample(k - 1)), chordOut = minus(sample(k + 1), at);
-    const __m256 lengthIn = length(chordIn), lengthOut = length(chordOut);
-    const __m256 shorter = _mm256_min_ps(lengthIn, lengthOut);
-    const __m256 turns = _mm256_cmp_ps(shorter, zero, _CMP_GT_OQ);
-    const Lanes in = times(chordIn, _mm256_div_ps(one, lengthIn));
-    const Lanes on = times(chordOut, _mm256_div_ps(one, lengthOut));
-    const Lanes turn = minus(on, in);
-    const __m256 turnSquare = dot(turn, turn);
-    const __m256 isTight = _mm256_and_ps(turns, _mm256_cmp_ps(times(turnSquare, times(half, half)),
-                                                              times(shorter, shorter), _CMP_GT_OQ));
-    const __m256 side = minus(times(in.x, on.y), times(in.y, on.x));
-    const __m256 tightLeft = _mm256_and_ps(isTight, _mm256_cmp_ps(side, zero, _CMP_LT_OQ));
-    const __m256 tightRight = _mm256_and_ps(isTight, _mm256_cmp_ps(side, zero, _CMP_GT_OQ));
-    const __m256 raised =
-        _mm256_and_ps(_mm256_min_ps(times(turnSquare, every(1.0F / 12.0F)), every(0.05F)), turns);
-    const Lanes normal{_mm256_loadu_ps(out.normalX + k), _mm256_loadu_ps(out.normalY + k)};
-    const Lanes offset = times(normal, plus(half, times(half, raised)));
-    const Lanes before = times(leftOf(in), half), after = times(leftOf(on), half);
-    leftSide.set(plus(at, offset), plus(at, before), plus(at, after), tightLeft);
-    rightSide.set(minus(at, offset), minus(at, before), minus(at, after), tightRight);
-    const int count = chords - k < 8 ? chords - k : 8;
-    for (int i = 0; i < count; ++i) {
-      const float x = out.x[k + i];
-      const float y = out.y[k + i];
-      left += leftSide.put(i, x, y, out.leftX + left, out.leftY + left);
-      right += rightSide.put(i, x, y, out.rightX + right, out.rightY + right);
-    }
-  }
-  out.leftCount = left;
-  out.rightCount = right;
 }
 
 }  // namespace glyphwright::raster::avx2

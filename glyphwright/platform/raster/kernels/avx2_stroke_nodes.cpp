@@ -72,7 +72,7 @@ void joinSegments(const StrokeSegments& s, std::size_t count, const NodePen& pen
   const auto notThis = [](__m256 a, __m256 b) { return _mm256_andnot_ps(a, b); };
   const __m256 zero = _mm256_setzero_ps(), one = every(1), sign = every(-0.0F);
   const __m256 all = _mm256_castsi256_ps(_mm256_set1_epi32(-1));
-  const __m256 half = every(pen.half);
+  const __m256 half = every(pen.half), noise = every(pen.half * NodePen::kNoise);
   const auto isBent = [&](const std::int32_t* chords) {
     const __m256i number = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(chords));
     return notThis(_mm256_castsi256_ps(_mm256_cmpeq_epi32(number, _mm256_set1_epi32(1))), all);
@@ -86,17 +86,19 @@ void joinSegments(const StrokeSegments& s, std::size_t count, const NodePen& pen
     const __m256 runsOn = both(_mm256_cmp_ps(cosine, zero, _CMP_GT_OQ),
                                _mm256_cmp_ps(mul(sine, sine), every(pen.sameSquare), _CMP_LT_OQ));
     const __m256 factor = _mm256_div_ps(half, add(one, cosine));
-    const __m256 inLength = _mm256_loadu_ps(s.endLength + i);
-    const __m256 onLength = _mm256_loadu_ps(s.startLength + i + 1);
-    const __m256 shorter = _mm256_min_ps(inLength, onLength);
-    const __m256 reach = mul(factor, notThis(sign, sine));
-    const __m256 crosses = either(runsOn, both(_mm256_cmp_ps(cosine, every(-0.99F), _CMP_GT_OQ),
-                                               _mm256_cmp_ps(reach, shorter, _CMP_LE_OQ)));
+    const __m256 inReach = _mm256_loadu_ps(s.endReach + i);
+    const __m256 onReach = _mm256_loadu_ps(s.startReach + i + 1);
+    const __m256 inBent = isBent(s.chords + i), onBent = isBent(s.chords + i + 1);
+    const __m256 least = _mm256_blendv_ps(noise, every(pen.slack), either(inBent, onBent));
+    const __m256 reach = _mm256_max_ps(_mm256_min_ps(inReach, onReach), least);
+    const __m256 wanted = mul(factor, notThis(sign, sine));
+    const __m256 crosses = both(_mm256_cmp_ps(cosine, every(NodePen::kLeastCosine), _CMP_GT_OQ),
+                                _mm256_cmp_ps(wanted, reach, _CMP_LE_OQ));
     const __m256 hasTip = either(
         runsOn, _mm256_cmp_ps(mul(add(one, cosine), every(pen.halfMiterSquare)), one, _CMP_GE_OQ));
     const __m256 noTip = notThis(hasTip, all);
-    const __m256 outerFirst = notThis(runsOn, either(noTip, isBent(s.chords + i)));
-    const __m256 outerLast = notThis(runsOn, either(noTip, isBent(s.chords + i + 1)));
+    const __m256 outerFirst = notThis(runsOn, either(noTip, inBent));
+    const __m256 outerLast = notThis(runsOn, either(noTip, onBent));
     const __m256 parted = notThis(crosses, all);
     const __m256 fromX = mul(inY, half), fromY = mul(_mm256_xor_ps(inX, sign), half);
     const __m256 toX = mul(onY, half), toY = mul(_mm256_xor_ps(onX, sign), half);

@@ -72,10 +72,10 @@ PenBend sampleSides(const StrokeCubic& c, float halfWidth, int chords, const Sid
 
 }  // namespace
 
-std::size_t putSides(const StrokeSegments& segments, const StrokeNode* nodes, std::size_t first,
-                     std::size_t end, float half, SideEnds& sides) {
+std::size_t putSides(const StrokeSegments& segments, const StrokeNode* nodes,
+                     const SegmentRange& range, const SidePen& pen, SideEnds& sides) {
   const auto sample = [](const auto&... arguments) { return sampleSides(arguments...); };
-  return putSidesWith(sample, segments, nodes, first, end, half, sides);
+  return putSidesWith(sample, segments, nodes, range, pen, sides);
 }
 
 CornerBox boxCorners(const float* x, const float* y, std::size_t count) {

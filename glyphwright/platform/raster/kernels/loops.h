@@ -47,7 +47,6 @@ inline constexpr Kernels kLoops{
     .filterAlong = filterAlong<L>,
     .prepareSegments = nullptr,
     .joinSegments = nullptr,
-    .bendCurve = nullptr,
     .putSides = nullptr,
     .boxCorners = nullptr,
     .joinRing = nullptr,

@@ -2,10 +2,8 @@
 
 #include <glyphwright/platform/raster/kernels.h>
 #include <glyphwright/platform/raster/kernels/scalar.h>
-#include <glyphwright/platform/raster/kernels/scalar_cubic.h>
 
-// What is to be known of a curve before it is stroked, and curves that bend more tightly than the
-// pen.
+// What is to be known of a curve before it is stroked.
 namespace glyphwright::raster::scalar {
 namespace {
 
@@ -25,6 +23,9 @@ Pair operator*(Pair a, float k) {
 float dot(Pair a, Pair b) {
   return a.x * b.x + a.y * b.y;
 }
+float cross(Pair a, Pair b) {
+  return a.x * b.y - a.y * b.x;
+}
 float larger(float a, float b) {
   return a > b ? a : b;
 }
@@ -37,6 +38,9 @@ float smaller(float a, float b) {
 // The side of a curve that bends by p'' strays from a chord over the parameter step h by h²/8 ·
 // (|p''| + half·θ'²), where θ is the direction and |p''| is about six times the bend. The legs'
 // turns stand for θ; the square of their sum is at most twice the sum of their squares.
+//
+// The legs also bound how fast the direction turns: p'×p'' is 18 times a mixture of l0×l1, l0×l2/2
+// and l1×l2, and p' has three times the least of their parts along l1 at least.
 void prepareSegments(const double* const* curves, std::size_t curveCount, const SegmentPen& pen,
                      const StrokeSegments& out) {
   for (std::size_t i = 0; i < curveCount; ++i) {
@@ -77,16 +81,26 @@ void prepareSegments(const double* const* curves, std::size_t curveCount, const 
     const Pair u = l1 - l0;
     const Pair v = l2 - l1;
     const Pair a = v - u;
-    const float turnAtStart = pen.half * (2.0F / 3.0F) * (u.x * e0.y - u.y * e0.x);
-    const bool isTight = !(std::fabs(turnAtStart) <= square0);
+    const float penFactor = pen.half * (2.0F / 3.0F);
+    const float turnAtStart = std::fabs(penFactor * cross(u, e0));
+    const float turnAtEnd = std::fabs(penFactor * cross(v, e2));
+    const bool isTight = !(turnAtStart <= square0);
 
     const float bend = std::sqrt(0.5F * (dot(u, u) + dot(v, v)));
     // The square of a small angle is twice what its cosine lacks to one.
     const float lacking = ((length01 - dot01) * length2 + (length12 - dot12) * length0) * inverse;
     const float turnSquare = 4.0F * larger(lacking, 0.0F);
     const float wanted = std::sqrt(bend * pen.bendFactor + turnSquare * pen.turnFactor);
+    const float mostTurned = larger(larger(std::fabs(cross(l0, l1)), std::fabs(cross(l1, l2))),
+                                    0.5F * std::fabs(cross(l0, l2)));
+    const float slowest = smaller(square1, smaller(dot01, dot12)) * (length0 * length2 * inverse);
+    const float slowSquare = slowest * slowest;
+    const float unevenTurn = slowSquare * slowSquare * (kUnevenTurn * kUnevenTurn / 4) * turnSquare;
+    const bool isEven =
+        penFactor * mostTurned <= slowSquare * slowest || mostTurned * mostTurned <= unevenTurn;
     const int number = static_cast<int>(smaller(wanted, kMaxChords - 1)) + 1;
-    const float step = 3.0F / static_cast<float>(number);
+    // A single chord may be reached into from either end.
+    const float step = smaller(3.0F / static_cast<float>(number), 1.5F);
     out.cubics[i] = {start.x, start.y, l0.x, l0.y, u.x, u.y, a.x, a.y};
     out.startX[i] = start.x;
     out.startY[i] = start.y;
@@ -94,67 +108,10 @@ void prepareSegments(const double* const* curves, std::size_t curveCount, const 
     out.startAlongY[i] = e0.y;
     out.endAlongX[i] = e2.x;
     out.endAlongY[i] = e2.y;
-    out.startLength[i] = length0 * step;
-    out.endLength[i] = length2 * step;
-    out.chords[i] = !keepsOn ? 0 : (isTight ? -number : number);
+    out.startReach[i] = larger(square0 - turnAtStart, 0) * (length12 * inverse) * step;
+    out.endReach[i] = larger(square2 - turnAtEnd, 0) * (length01 * inverse) * step;
+    out.chords[i] = !(keepsOn && isEven) ? 0 : (isTight ? -number : number);
   }
-}
-
-// Each inner sample has a corner on either side. On the hollow side of a bend tighter than the pen,
-// the side would run backwards; there each chord keeps its own rectangle, whose corners stand on
-// the chord's normals, with the sample between them. Samples move out of the hollow by h²·p''/12,
-// as in filling, so that the area stays, and the corners likewise, by the square of the turn a
-// step.
-void bendCurve(const StrokeCubic& c, float half, int chords, BentCurve& out) {
-  const float h = 1.0F / static_cast<float>(chords);
-  const float lift = h * h * 0.5F;
-  for (int k = 0; k <= chords; ++k) {
-    const float t = static_cast<float>(k) * h;
-    const float move = k > 0 && k < chords ? lift : 0.0F;
-    const CubicSample at(c, t);
-    out.x[k] = at.x - at.bendX * move;
-    out.y[k] = at.y - at.bendY * move;
-    out.normalX[k] = at.normalX;
-    out.normalY[k] = at.normalY;
-  }
-  std::size_t left = 0;
-  std::size_t right = 0;
-  for (int k = 1; k < chords; ++k) {
-    const Pair at{out.x[k], out.y[k]};
-    const Pair chordIn = at - Pair{out.x[k - 1], out.y[k - 1]};
-    const Pair chordOut = Pair{out.x[k + 1], out.y[k + 1]} - at;
-    const float lengthIn = std::sqrt(dot(chordIn, chordIn));
-    const float lengthOut = std::sqrt(dot(chordOut, chordOut));
-    const float shorter = smaller(lengthIn, lengthOut);
-    // Chords without a length do not turn.
-    const bool turns = shorter > 0;
-    const Pair in = chordIn * (1.0F / lengthIn);
-    const Pair on = chordOut * (1.0F / lengthOut);
-    const Pair turn = on - in;
-    const float turnSquare = dot(turn, turn);
-    const bool isTight = turns && turnSquare * (half * half) > shorter * shorter;
-    const float side = in.x * on.y - in.y * on.x;
-    const bool tightLeft = isTight && side < 0;
-    const bool tightRight = isTight && side > 0;
-    const float raised = turns ? smaller(turnSquare * (1.0F / 12.0F), 0.05F) : 0.0F;
-    const Pair offset = Pair{out.normalX[k], out.normalY[k]} * (half + half * raised);
-    const Pair before = Pair{in.y, -in.x} * half;
-    const Pair after = Pair{on.y, -on.x} * half;
-    const auto put = [&](float* toX, float* toY, std::size_t& count, bool tight, Pair one,
-                         Pair first, Pair last) {
-      toX[count] = tight ? first.x : one.x;
-      toY[count] = tight ? first.y : one.y;
-      toX[count + 1] = at.x;
-      toY[count + 1] = at.y;
-      toX[count + 2] = last.x;
-      toY[count + 2] = last.y;
-      count += tight ? 3 : 1;
-    };
-    put(out.leftX, out.leftY, left, tightLeft, at + offset, at + before, at + after);
-    put(out.rightX, out.rightY, right, tightRight, at - offset, at - before, at - after);
-  }
-  out.leftCount = left;
-  out.rightCount = right;
 }
 
 }  // namespace glyphwright::raster::scalar

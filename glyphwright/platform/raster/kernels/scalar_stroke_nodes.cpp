@@ -7,9 +7,6 @@
 namespace glyphwright::raster::scalar {
 namespace {
 
-// Segments that turn back by less than this hide the crossing of their inner sides far away.
-constexpr float kLeastCosine = -0.99F;
-
 // Up to three corners in a row.
 struct Corners {
   bool hasFirst;
@@ -32,9 +29,10 @@ int putCorners(const Corners& c, float* to) {
 // −v where the inner sides cross. Where the segments run on nearly straight, this is all there is
 // to both sides. A miter's tip lies on the sides of both neighbours, so that what leads to a
 // neighbour of one chord needs no corner of its own. Without a tip the outer side goes from side to
-// side. The inner sides cross when both neighbours are long enough; if not, they are led through
+// side. The inner sides cross when neither neighbour is too short; if one is, they are led through
 // the node, which keeps every piece wound the same way.
 void joinSegments(const StrokeSegments& s, std::size_t count, const NodePen& pen, StrokeNode* out) {
+  const float noise = pen.half * NodePen::kNoise;
   for (std::size_t i = 0; i < count; ++i) {
     const std::size_t next = i + 1;
     const float inX = s.endAlongX[i];
@@ -45,9 +43,10 @@ void joinSegments(const StrokeSegments& s, std::size_t count, const NodePen& pen
     const float sine = inX * onY - inY * onX;
     const bool runsOn = cosine > 0 && sine * sine < pen.sameSquare;
     const float factor = pen.half / (1.0F + cosine);
-    const float shorter =
-        s.endLength[i] < s.startLength[next] ? s.endLength[i] : s.startLength[next];
-    const bool crosses = runsOn || (cosine > kLeastCosine && factor * std::fabs(sine) <= shorter);
+    const float reach = s.endReach[i] < s.startReach[next] ? s.endReach[i] : s.startReach[next];
+    const float least = s.chords[i] == 1 && s.chords[next] == 1 ? noise : pen.slack;
+    const bool crosses = cosine > NodePen::kLeastCosine &&
+                         factor * std::fabs(sine) <= (reach > least ? reach : least);
     const bool hasTip = runsOn || (1.0F + cosine) * pen.halfMiterSquare >= 1.0F;
     const bool outerFirst = !runsOn && (!hasTip || s.chords[i] != 1);
     const bool outerLast = !runsOn && (!hasTip || s.chords[next] != 1);

@@ -48,9 +48,9 @@ PenBend sampleSides(const StrokeCubic& c, float half, int chords, const SideEnds
 
 }  // namespace
 
-std::size_t putSides(const StrokeSegments& segments, const StrokeNode* nodes, std::size_t first,
-                     std::size_t end, float half, SideEnds& sides) {
-  return putSidesWith(sampleSides, segments, nodes, first, end, half, sides);
+std::size_t putSides(const StrokeSegments& segments, const StrokeNode* nodes,
+                     const SegmentRange& range, const SidePen& pen, SideEnds& sides) {
+  return putSidesWith(sampleSides, segments, nodes, range, pen, sides);
 }
 
 CornerBox boxCorners(const float* x, const float* y, std::size_t count) {

@@ -1,0 +1,156 @@
+// Hostile requests, and the most memory that each may take at once; and costs that must not grow
+// faster than what is asked for, counted in allocated bytes, not on a clock.
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <glyphwright/bezier_path.h>
+#include <glyphwright/catalogue/catalogue.h>
+#include <glyphwright/catalogue/pathable.h>
+#include <glyphwright/layers/gradient_shape_layer.h>
+#include <glyphwright/platform/context.h>
+#include <glyphwright/platform/image.h>
+#include <glyphwright/rendering/icon_attributes.h>
+
+#include "allocations.h"
+
+namespace glyphwright::memory {
+namespace {
+
+constexpr std::size_t kMiB = std::size_t{1} << 20;
+const UIColor kRose(0.93, 0.26, 0.4, 1);
+
+// The most bytes in use at once, beyond those of `work`'s own input, on a thread without a past.
+std::size_t peakOf(const std::function<void()>& work) {
+  std::size_t peak = 0;
+  std::thread([&] {
+    const Watch watch;
+    work();
+    peak = watch.peak();
+  }).join();
+  return peak;
+}
+
+void drawOn(CGFloat side, const std::function<void(CGContextRef)>& actions) {
+  UIImage::render({side, side}, 1, [&](CGContext& context) { actions(&context); });
+}
+
+CGPath farCubics(int count) {
+  CGPath path;
+  path.moveToPoint({0, 0});
+  for (int i = 0; i < count; ++i) {
+    const CGFloat reach = i % 2 == 0 ? 1e6 : -1e6;
+    path.addCurveToPoint({i * 0.001, i * 0.01}, {reach, 3}, {7, -reach});
+  }
+  return path;
+}
+
+CGPath zigzag(int count) {
+  CGPath path;
+  path.moveToPoint({0, 0});
+  for (int i = 0; i < count; ++i) path.addLineToPoint({i % 2 * 90.0, i * 100.0 / count});
+  return path;
+}
+
+struct Request {
+  std::string name;
+  std::size_t most;  // bytes
+  std::function<std::function<void()>()> prepare;
+};
+
+TEST(Bounds, HostileRequestsTakeBoundedMemory) {
+  const auto stroking = [](CGPath path, StrokeStyle style) {
+    return [path = std::move(path), style] {
+      drawOn(100, [&](CGContextRef context) { CGContextStrokePath(context, path, style); });
+    };
+  };
+  const Request requests[] = {
+      {"100,000 cubics that reach a million pixels, stroked", 64 * kMiB,
+       [&] { return stroking(farCubics(100000), {.width = 3}); }},
+      {"round joins as wide as numbers go", 64 * kMiB,
+       [&] { return stroking(zigzag(10000), {.width = 1e300, .join = CGLineJoin::round}); }},
+      {"a million moves without a line, round caps", 64 * kMiB,
+       [&] {
+         CGPath path;
+         for (int i = 0; i < 1000000; ++i) path.moveToPoint({i % 100 * 1.0, i / 10000.0});
+         return stroking(std::move(path), {.width = 2, .cap = CGLineCap::round});
+       }},
+      {"the same filled", 64 * kMiB,
+       [&] {
+         return [path = farCubics(100000)] {
+           drawOn(100, [&](CGContextRef context) { CGContextFillPath(context, path, true); });
+         };
+       }},
+      {"half of them drawn by a layer", 64 * kMiB,
+       [&] {
+         const auto layer = CAShapeLayer::layer();
+         layer->setPath(farCubics(10000));
+         layer->setStrokeColor(kRose);
+         layer->setStrokeEnd(0.5);
+         return [layer] {
+           drawOn(100, [&](CGContextRef context) { layer->renderInContext(context); });
+         };
+       }},
+      {"an icon with everything, 2048 pixels a side", (16 + 64) * kMiB,
+       [&] {
+         return [] {
+           UIBezierPath::gearPath().makeImage({.fillColor = kRose,
+                                               .backgroundColor = UIColor::clearColor(),
+                                               .border = IconBorder(kRose, 9),
+                                               .dropShadow = IconShadow(kRose, {40, 40}, 1e9),
+                                               .insetShadow = IconShadow(kRose, {40, 40}, 300),
+                                               .size = {1024, 1024}});
+         };
+       }},
+      {"twenty clips that something is painted through, 2048 pixels a side", (16 + 64) * kMiB,
+       [&] {
+         return [] {
+           drawOn(2048, [](CGContextRef context) {
+             for (int i = 0; i < 20; ++i) {
+               CGPath path;
+               path.addEllipseInRect({{0, 0}, {2048.0 - i, 2048.0}});
+               CGContextClipToPath(context, path, false);
+               CGContextFillRect(context, {{0, 0}, {2048, 2048}});
+             }
+           });
+         };
+       }},
+      {"60,000 clips, the last painted through, on a small stack", 64 * kMiB,
+       [&] {
+         return [] {
+           drawOn(20, [](CGContextRef context) {
+             CGPath path;
+             path.addEllipseInRect({{1, 1}, {18, 18}});
+             for (int i = 0; i < 60000; ++i) CGContextClipToPath(context, path, false);
+             CGContextFillRect(context, {{0, 0}, {20, 20}});
+           });
+         };
+       }},
+      {"10,000 icons on one canvas", 16 * kMiB,
+       [&] {
+         const std::size_t count = 10000;
+         return [icons = std::vector<Pathable>(count, App::Shapes::Checks::checkmark),
+                 looks = std::vector<IconAttributes>(
+                     count, {.fillColor = kRose, .backgroundColor = kRose, .size = {32, 32}}),
+                 places = std::vector<CGPoint>(count, CGPoint{3, 3}),
+                 sizes = std::vector<CGSize>(count, CGSize{32, 32})] {
+           UIBezierPath::newImage(icons, looks, places, sizes, {64, 64});
+         };
+       }},
+  };
+  for (const Request& request : requests) {
+    SCOPED_TRACE(request.name);
+    const std::function<void()> work = request.prepare();
+    EXPECT_LE(peakOf(work) / kMiB, request.most / kMiB);
+  }
+}
+
+}  // namespace
+}  // namespace glyphwright::memory

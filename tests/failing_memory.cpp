@@ -1,6 +1,7 @@
 #include "failing_memory.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <limits>
 #include <new>
@@ -12,28 +13,35 @@ namespace {
 constexpr std::size_t kNever = std::numeric_limits<std::size_t>::max();
 
 struct Account {
-  std::size_t left = kNever;  // allocations that succeed
+  std::size_t allocations = 0;
+  std::size_t refusedFrom = kNever;  // of the allocations
+  std::size_t refusedUntil = kNever;
   std::ptrdiff_t held = 0;
   std::ptrdiff_t peak = 0;
 };
 
-thread_local Account account;
+constinit thread_local Account account;
+constinit std::atomic<std::size_t> allHeld = 0;
 
 void* given(void* memory) {
   if (memory == nullptr) throw std::bad_alloc();
-  account.held += static_cast<std::ptrdiff_t>(malloc_usable_size(memory));
+  const std::size_t bytes = malloc_usable_size(memory);
+  allHeld += bytes;
+  account.held += static_cast<std::ptrdiff_t>(bytes);
   account.peak = std::max(account.peak, account.held);
   return memory;
 }
 
 void count() {
-  if (account.left == kNever) return;
-  if (account.left == 0) throw std::bad_alloc();
-  --account.left;
+  const std::size_t number = account.allocations++;
+  if (number >= account.refusedFrom && number < account.refusedUntil) throw std::bad_alloc();
 }
 
 void take(void* memory) {
-  account.held -= static_cast<std::ptrdiff_t>(malloc_usable_size(memory));
+  if (memory == nullptr) return;
+  const std::size_t bytes = malloc_usable_size(memory);
+  allHeld -= bytes;
+  account.held -= static_cast<std::ptrdiff_t>(bytes);
   std::free(memory);
 }
 
@@ -65,18 +73,26 @@ void operator delete(void* memory, std::size_t /*size*/, std::align_val_t /*alig
 
 namespace glyphwright::memory {
 
-FailsAfter::FailsAfter(std::size_t count) {
-  account.left = count;
+FailsAfter::FailsAfter(std::size_t count, Refusal refusal) {
+  account.refusedFrom = account.allocations + count;
+  account.refusedUntil = refusal == Refusal::once ? account.refusedFrom + 1 : kNever;
 }
 FailsAfter::~FailsAfter() {
-  account.left = kNever;
+  account.refusedFrom = account.refusedUntil = kNever;
 }
 
-Peak::Peak() : before_(account.held) {
+Watch::Watch() : allocationsBefore_(account.allocations), heldBefore_(account.held) {
   account.peak = account.held;
 }
-std::size_t Peak::bytes() const {
-  return static_cast<std::size_t>(account.peak - before_);
+std::size_t Watch::allocations() const {
+  return account.allocations - allocationsBefore_;
+}
+std::size_t Watch::peak() const {
+  return static_cast<std::size_t>(account.peak - heldBefore_);
+}
+
+std::size_t bytesHeld() {
+  return allHeld;
 }
 
 }  // namespace glyphwright::memory

@@ -6,25 +6,32 @@
 /// replaces the operators new and delete for that.
 namespace glyphwright::memory {
 
-/// The next `count` allocations of this thread succeed, and those after it throw std::bad_alloc,
-/// until the scope ends.
+enum class Refusal { once, fromThereOn };
+
+/// The next `count` allocations of this thread succeed; the one after them throws std::bad_alloc,
+/// and so do the others, or none, until the scope ends.
 class FailsAfter {
  public:
-  explicit FailsAfter(std::size_t count);
+  explicit FailsAfter(std::size_t count, Refusal refusal = Refusal::fromThereOn);
   FailsAfter(const FailsAfter&) = delete;
   FailsAfter& operator=(const FailsAfter&) = delete;
   ~FailsAfter();
 };
 
-/// The most bytes that this thread has held at once since the scope began, beyond what it held
-/// then.
-class Peak {
+/// What this thread has allocated since the scope began.
+class Watch {
  public:
-  Peak();
-  std::size_t bytes() const;
+  Watch();
+  std::size_t allocations() const;
+  /// The most bytes that it has held at once beyond what it held at first.
+  std::size_t peak() const;
 
  private:
-  std::ptrdiff_t before_;
+  std::size_t allocationsBefore_;
+  std::ptrdiff_t heldBefore_;
 };
+
+/// Bytes that all threads hold.
+std::size_t bytesHeld();
 
 }  // namespace glyphwright::memory

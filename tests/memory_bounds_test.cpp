@@ -19,7 +19,8 @@
 #include <glyphwright/platform/image.h>
 #include <glyphwright/rendering/icon_attributes.h>
 
-#include "allocations.h"
+#include "failing_memory.h"
+#include "pixels.h"
 
 namespace glyphwright::memory {
 namespace {
@@ -122,17 +123,6 @@ TEST(Bounds, HostileRequestsTakeBoundedMemory) {
            });
          };
        }},
-      {"60,000 clips, the last painted through, on a small stack", 64 * kMiB,
-       [&] {
-         return [] {
-           drawOn(20, [](CGContextRef context) {
-             CGPath path;
-             path.addEllipseInRect({{1, 1}, {18, 18}});
-             for (int i = 0; i < 60000; ++i) CGContextClipToPath(context, path, false);
-             CGContextFillRect(context, {{0, 0}, {20, 20}});
-           });
-         };
-       }},
       {"10,000 icons on one canvas", 16 * kMiB,
        [&] {
          const std::size_t count = 10000;
@@ -150,6 +140,25 @@ TEST(Bounds, HostileRequestsTakeBoundedMemory) {
     const std::function<void()> work = request.prepare();
     EXPECT_LE(peakOf(work) / kMiB, request.most / kMiB);
   }
+}
+
+// Nothing is as deep as the input is long: paths that clip what others have clipped, painted
+// through when all are there and when half of them have been taken off again.
+TEST(Bounds, ClipsMayBeNestedWithoutEnd) {
+  CGPath oval;
+  oval.addEllipseInRect({{-10, -10}, {28, 28}});
+  const UIImage image = UIImage::render({8, 8}, 1, [&](CGContext& c) {
+                          for (int i = 0; i < 60000; ++i) {
+                            if (i == 30000) CGContextSaveGState(&c);
+                            CGContextClipToPath(&c, oval, false);
+                          }
+                          CGContextFillRect(&c, {{0, 0}, {3.5, 8}});
+                          CGContextRestoreGState(&c);
+                          CGContextFillRect(&c, {{3.5, 0}, {4.5, 8}});
+                        }).value();
+  // Each of so many products loses a little to its rounding.
+  EXPECT_GT(pixels::at(image, 2, 2).alpha, 127);
+  EXPECT_GT(pixels::at(image, 6, 2).alpha, 127);
 }
 
 }  // namespace

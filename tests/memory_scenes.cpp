@@ -1,4 +1,4 @@
-#include "scenes.h"
+#include "memory_scenes.h"
 
 #include <memory>
 #include <optional>
@@ -106,13 +106,7 @@ void addRecords(std::vector<Scene>& list) {
   list.push_back(record("InsetShadow", [](IconAttributes& a) {
     a.insetShadow = IconShadow(kShade, {1, 2}, 4);
   }));
-  list.push_back(record("Everything", [](IconAttributes& a) {
-    a.border = IconBorder(kTeal, 3);
-    a.stroke = IconStroke(kShade, 1.5);
-    a.gradient = IconGradient({kRose, kTeal}, {}, IconGradient::Direction::leftToRight);
-    a.dropShadow = IconShadow(kShade, {1, 2}, 4);
-    a.insetShadow = IconShadow(kShade, {0, -2}, 3);
-  }));
+  list.push_back(everything());
   list.push_back({"Dictionary", [] {
                     return bytesOf(UIBezierPath::imageWithIcon(
                         VNTLIconType::gear,
@@ -217,6 +211,16 @@ void addLayers(std::vector<Scene>& list) {
 }
 
 }  // namespace
+
+Scene everything() {
+  return record("Everything", [](IconAttributes& a) {
+    a.border = IconBorder(kTeal, 3);
+    a.stroke = IconStroke(kShade, 1.5);
+    a.gradient = IconGradient({kRose, kTeal}, {}, IconGradient::Direction::leftToRight);
+    a.dropShadow = IconShadow(kShade, {1, 2}, 4);
+    a.insetShadow = IconShadow(kShade, {0, -2}, 3);
+  });
+}
 
 std::vector<Scene> scenes() {
   std::vector<Scene> list;

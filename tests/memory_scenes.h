@@ -18,5 +18,7 @@ struct Scene {
 };
 
 std::vector<Scene> scenes();
+/// The one among them with every paint.
+Scene everything();
 
 }  // namespace glyphwright::memory

@@ -107,15 +107,17 @@ void addRecords(std::vector<Scene>& list) {
     a.insetShadow = IconShadow(kShade, {1, 2}, 4);
   }));
   list.push_back(everything());
-  list.push_back({"Dictionary", [] {
-                    return bytesOf(UIBezierPath::imageWithIcon(
-                        VNTLIconType::gear,
-                        {{VNTLGlyphwrightSize, CGSize{40, 40}},
-                         {VNTLGlyphwrightGradientColors, std::vector<UIColor>{kRose, kTeal}},
-                         {VNTLGlyphwrightBorderWidth, 2},
-                         {VNTLGlyphwrightInsetShadow, IconShadow(kShade, {0, 1}, 2).shadow},
-                         {VNTLGlyphwrightDropShadow, IconShadow(kShade, {1, 1}, 3).shadow}}));
-                  }});
+  list.push_back(
+      {"Dictionary", [] {
+         // One by one: gcc 12 destroys what it has not made where a list throws midway.
+         AttributeDictionary look;
+         look.setValue(VNTLGlyphwrightSize, CGSize{40, 40});
+         look.setValue(VNTLGlyphwrightGradientColors, std::vector<UIColor>{kRose, kTeal});
+         look.setValue(VNTLGlyphwrightBorderWidth, 2);
+         look.setValue(VNTLGlyphwrightInsetShadow, IconShadow(kShade, {0, 1}, 2).shadow);
+         look.setValue(VNTLGlyphwrightDropShadow, IconShadow(kShade, {1, 1}, 3).shadow);
+         return bytesOf(UIBezierPath::imageWithIcon(VNTLIconType::gear, look));
+       }});
   list.push_back({"Canvas", [] {
                     const std::vector<Pathable> icons(3, App::Shapes::Checks::checkmark);
                     const std::vector<IconAttributes> attributes(3, plain());

@@ -1,6 +1,7 @@
 #pragma once
 
-/// Everything a program needs to use the icons: paths, the catalogue, search, images, layers, paintings.
+/// Everything a program needs to use the icons: paths, the catalogue, search, images, layers,
+/// paintings.
 
 #include <glyphwright/bezier_path.h>
 #include <glyphwright/catalogue/catalogue.h>

@@ -189,7 +189,8 @@ TEST(AnimateCommand, ShowsSomethingFirst) {
       options.kind = kind;
       options.to = kind == AnimationKind::morph ? "starPath" : "";
       const Bytes first = renderAnimation(options, console).frames.front();
-      EXPECT_LT(std::ranges::count(first, 0), 40 * 20 * 4 - 100) << name << ' ' << static_cast<int>(kind);
+      EXPECT_LT(std::ranges::count(first, 0), 40 * 20 * 4 - 100)
+          << name << ' ' << static_cast<int>(kind);
     }
   }
 }

@@ -57,8 +57,8 @@ struct StrokeSegments {
 /// Where a curve turns faster than this many times its turn a step, its steps are not even.
 inline constexpr float kUnevenTurn = 8;
 
-/// What the sides of curves are made for: half the pen's width, and how wide a piece of a stroke may
-/// be missing.
+/// What the sides of curves are made for: half the pen's width, and how wide a piece of a stroke
+/// may be missing.
 struct SidePen {
   float half;
   float spare;
@@ -80,8 +80,8 @@ struct NodePen {
   float sameSquare;
   /// Half the square of the miter limit; 0 for joins without miters.
   float halfMiterSquare;
-  /// Corners may overrun what they may reach into of a curve by this much: curves that are to run on
-  /// from their neighbours seldom do so quite.
+  /// Corners may overrun what they may reach into of a curve by this much: curves that are to run
+  /// on from their neighbours seldom do so quite.
   float slack;
   /// And of lines by this part of `half`: directions that are the same differ by the noise of
   /// floats.

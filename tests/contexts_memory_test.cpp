@@ -130,7 +130,7 @@ TEST(FailingMemory, IsToldAndLeavesNothingBehind) {
     bool failed = true;
     std::size_t failures = 0;
     for (std::size_t count = 0; failed; ++count) {
-      raster::threadScratch() = {};
+      raster::threadScratch() = raster::Scratch();
       UIGraphicsBeginImageContextWithOptions({scene.side, scene.side}, false, 1);
       const CGContextRef context = UIGraphicsGetCurrentContext();
       failed = false;

@@ -271,7 +271,7 @@ TEST(RasterGradients, OptionsLetTheEndsRunOn) {
 }
 
 TEST(RasterStack, TheLastEntryToCloseGivesMemoryBack) {
-  const auto kept = [] { return raster::threadScratch().casterMask.capacity() * 2; };
+  const auto kept = [] { return raster::threadScratch().keptBytes(); };
   UIGraphicsBeginImageContext({1800, 1800});
   const CGContextRef context = UIGraphicsGetCurrentContext();
   CGContextSetShadowWithColor(context, {2, 2}, 4, UIColor(0, 0, 0, 1));

@@ -13,7 +13,7 @@
 /// Coordinates are points through the current transform (CTM); the base transform holds the scale.
 namespace glyphwright {
 
-struct CGContext;
+class CGContext;
 using CGContextRef = CGContext*;
 
 // State

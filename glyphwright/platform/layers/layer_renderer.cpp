@@ -144,15 +144,12 @@ void LayerRenderer::render(const CALayer& layer, CGFloat alpha) {
 void LayerRenderer::renderInSuperlayer(const CALayer& layer, CGFloat alpha) {
   const CGAffineTransform placement = placementOf(layer);
   if (placement == CGAffineTransformIdentity) return render(layer, alpha);
-  const CGAffineTransform before = context_.state.ctm;
-  CGContextConcatCTM(&context_, placement);
-  render(layer, alpha);
-  context_.state.ctm = before;
+  context_.withTransform(placement, [&] { render(layer, alpha); });
 }
 
 void LayerRenderer::beginGroup(CGFloat alpha) {
   CGContextSaveGState(&context_);
-  CGContextSetAlpha(&context_, context_.state.alpha * alpha);
+  CGContextSetAlpha(&context_, context_.alpha() * alpha);
   context_.beginGroup();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <glyphwright/platform/graphics_context.h>
+#include <glyphwright/platform/contexts/graphics_context.h>
 #include <glyphwright/platform/layers/layer.h>
 
 namespace glyphwright {

@@ -14,9 +14,9 @@ namespace glyphwright::raster {
 template <typename Cell>
 class CellBands {
  public:
-  /// Rows and pixels are those of `area`, which contains the edges' region. The edges may be the
-  /// scratch's own.
-  CellBands(const EdgeList& edges, const PixelRect& area, Scratch& scratch);
+  /// Rows and pixels are those of `area`, which contains the edges' region.
+  CellBands(const EdgeList& edges, const PixelRect& area, CellMemory& memory,
+            const Kernels& kernels);
   CellBands(const CellBands&) = delete;
   CellBands& operator=(const CellBands&) = delete;
   /// Cells that an exception left as they were are set back to zero.
@@ -48,7 +48,8 @@ class CellBands {
   void listByBand(int bands);
 
   const EdgeList& edges_;
-  Scratch& scratch_;
+  CellMemory& memory_;
+  const Kernels& kernels_;
   int height_;
   int top_;  // rows of the area above the region
   std::size_t before_;

@@ -29,7 +29,21 @@ const double* coordinates(std::span<const CGPoint> points) {
   return points.empty() ? nullptr : &points.front().x;
 }
 
+double near(double v) {
+  return std::clamp(v, -kFarthest, kFarthest);
+}
+
+DeviceBox near(const DeviceBox& box) {
+  return {near(box.minX), near(box.minY), near(box.maxX), near(box.maxY)};
+}
+
 }  // namespace
+
+DeviceBox boxOfPoints(const CGPath& path) {
+  const std::span<const CGPoint> points = path.points();
+  const DeviceBox box = finiteBox(kernels().boxPoints(coordinates(points), points.size()));
+  return isFar(box) ? near(box) : box;
+}
 
 DeviceBox mapPoints(const CGPath& path, const CGAffineTransform& toDevice,
                     std::vector<CGPoint>& devicePoints) {
@@ -41,9 +55,8 @@ DeviceBox mapPoints(const CGPath& path, const CGAffineTransform& toDevice,
   DeviceBox box = finiteBox(
       kernels().mapPoints(coordinates(points), points.size(), matrix, &devicePoints.front().x));
   if (isFar(box)) {
-    const auto near = [](double v) { return std::clamp(v, -kFarthest, kFarthest); };
     for (CGPoint& p : devicePoints) p = {near(p.x), near(p.y)};
-    box = {near(box.minX), near(box.minY), near(box.maxX), near(box.maxY)};
+    box = near(box);
   }
   return box;
 }

@@ -75,7 +75,8 @@ class Scene {
     made.translateToZeroPoint();
     made.scaleToFitSize({side_ * (0.3 + 0.2 * below(4)), side_});
     const CGFloat off = one(3) ? side_ : 4;
-    made.applyTransform(CGAffineTransformMakeTranslation(around(off), one(4) ? around(90) : 1));
+    made.applyTransform(
+        CGAffineTransformMakeTranslation(one(2) ? 3 : around(off), one(4) ? around(90) : 1));
     return made.cgPath();
   }
 
@@ -116,7 +117,7 @@ class Scene {
 
   NSShadow insetShadow() {
     NSShadow shadow;
-    shadow.setShadowOffset({around(4), around(4)});
+    shadow.setShadowOffset({around(one(5) ? 100 : 4), around(4)});
     shadow.setShadowBlurRadius(0.5 * below(20) + (one(9) ? 20 : 0));
     shadow.setShadowColor(shade());
     return shadow;
@@ -143,7 +144,7 @@ class Scene {
   CGFloat side_ = 0;
 };
 
-constexpr unsigned kScenes = 500;
+constexpr unsigned kScenes = 1200;
 
 TEST(Plans, GiveThePictureOfThePlainWay) {
   for (const Row& row : drawing::kPlans) {

@@ -165,6 +165,7 @@ void castInset(const Target& target, const Inset& inset) {
 
 void fillWithInset(const Target& target, const Inset& inset, const Paint& paint) {
   std::optional<InPlace> place;
+  raster::ShapeMemory* edges = nullptr;
   const Way way = choose(target.plans, Task::fillAndInset, [&](Fact fact) {
     switch (fact) {
       case Fact::wholeSteps:
@@ -176,18 +177,16 @@ void fillWithInset(const Target& target, const Inset& inset, const Paint& paint)
         return place->isInside;
       case Fact::surrounded:
         return place->isSurrounded(inset);
-      case Fact::bothColorsShow:
-        return !paint.isClear() && !place->shade.isClear();
       case Fact::narrow:
-        return raster::isNarrow(place->shape.edgesWithin(place->region).edges);
+        edges = &place->shape.edgesWithin(place->region);
+        return raster::isNarrow(edges->edges);
       default:
         return target.holds(fact);
     }
   });
   if (way == Way::insetWithFill) {
     const Kernels& kernels = *target.scratch.kernels;
-    const InsetMasks masks(place->shape.edgesWithin(place->region), inset.shows, nullptr,
-                           target.scratch);
+    const InsetMasks masks(*edges, inset.shows, nullptr, target.scratch);
     BothRows rows(target.surface.canvasFor(place->region), masks, paint.color, place->shade.color,
                   kernels);
     place->rows(target, masks, rows);

@@ -126,7 +126,7 @@ void Canvas::multiplyByAlpha(const Canvas& mask) {
       std::memset(rgba, 0, rowBytes_);
       continue;
     }
-    std::memset(rgba, 0, before);
+    if (before > 0) std::memset(rgba, 0, before);
     const std::uint8_t* from =
         mask.rowAt(y) + static_cast<std::size_t>(shared.x0 - mask.bounds_.x0) * 4;
     for (std::size_t i = before; i < after; i += 4) {
@@ -135,7 +135,7 @@ void Canvas::multiplyByAlpha(const Canvas& mask) {
         rgba[c] = static_cast<std::uint8_t>((rgba[c] * alpha + 127) / 255);
       }
     }
-    std::memset(rgba + after, 0, rowBytes_ - after);
+    if (after < rowBytes_) std::memset(rgba + after, 0, rowBytes_ - after);
   }
 }
 

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <limits>
 
+#include <glyphwright/platform/points.h>
 #include <glyphwright/platform/raster/edges.h>
 
 namespace glyphwright::raster {
@@ -11,7 +12,7 @@ namespace {
 constexpr double kFarthest = 1e9;
 
 // The box, or one that touches no pixel when a coordinate is NaN or infinite.
-DeviceBox finiteBox(const PointBox& box) {
+DeviceBox finiteBox(const glyphwright::PointBox& box) {
   const bool isFinite = !box.hasNaN && std::isfinite(box.minX) && std::isfinite(box.minY) &&
                         std::isfinite(box.maxX) && std::isfinite(box.maxY);
   if (isFinite) return {box.minX, box.minY, box.maxX, box.maxY};
@@ -22,11 +23,6 @@ DeviceBox finiteBox(const PointBox& box) {
 bool isFar(const DeviceBox& box) {
   return box.minX < -kFarthest || box.minY < -kFarthest || box.maxX > kFarthest ||
          box.maxY > kFarthest;
-}
-
-const double* coordinates(std::span<const CGPoint> points) {
-  static_assert(sizeof(CGPoint) == 2 * sizeof(double));
-  return points.empty() ? nullptr : &points.front().x;
 }
 
 double near(double v) {
@@ -40,20 +36,15 @@ DeviceBox near(const DeviceBox& box) {
 }  // namespace
 
 DeviceBox boxOfPoints(const CGPath& path) {
-  const std::span<const CGPoint> points = path.points();
-  const DeviceBox box = finiteBox(kernels().boxPoints(coordinates(points), points.size()));
+  const DeviceBox box = finiteBox(boxPoints(path.points()));
   return isFar(box) ? near(box) : box;
 }
 
 DeviceBox mapPoints(const CGPath& path, const CGAffineTransform& toDevice,
                     std::vector<CGPoint>& devicePoints) {
   const std::span<const CGPoint> points = path.points();
-  if (points.empty()) return finiteBox(kernels().boxPoints(nullptr, 0));
   if (devicePoints.size() < points.size()) devicePoints.resize(points.size());
-  const double matrix[] = {toDevice.a, toDevice.b,  toDevice.c,
-                           toDevice.d, toDevice.tx, toDevice.ty};
-  DeviceBox box = finiteBox(
-      kernels().mapPoints(coordinates(points), points.size(), matrix, &devicePoints.front().x));
+  DeviceBox box = finiteBox(glyphwright::mapPoints(points, toDevice, devicePoints.data()));
   if (isFar(box)) {
     for (CGPoint& p : devicePoints) p = {near(p.x), near(p.y)};
     box = near(box);

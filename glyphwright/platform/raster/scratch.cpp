@@ -42,7 +42,7 @@ std::size_t bytes(const FilterMemory& f) {
 template <typename T, std::size_t count>
 std::size_t bytes(const std::array<Shelf<T>, count>& shelves) {
   std::size_t all = 0;
-  for (const Shelf<T>& shelf : shelves) all += bytes(shelf.memory);
+  for (const Shelf<T>& shelf : shelves) all += shelf.wasLent ? bytes(shelf.memory) : 0;
   return all;
 }
 

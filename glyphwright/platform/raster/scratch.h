@@ -89,6 +89,7 @@ template <typename T>
 struct Shelf {
   T memory;
   bool isLent = false;
+  bool wasLent = false;  // ever: otherwise it is empty
 };
 
 /// Memory that is lent for a scope. What it holds is of no use to the next one.
@@ -106,7 +107,7 @@ class Lease {
     }
     memory_ = &shelf.memory;
     isLent_ = &shelf.isLent;
-    shelf.isLent = true;
+    shelf.isLent = shelf.wasLent = true;
   }
   Lease(const Lease&) = delete;
   Lease& operator=(const Lease&) = delete;

@@ -21,6 +21,7 @@ run(${CMAKE_COMMAND} -S ${SOURCE}/tests/consumer -B ${WORK}/consumer -G Ninja
 run(${CMAKE_COMMAND} --build ${WORK}/consumer)
 run(${WORK}/consumer/one_icon)
 run(${WORK}/consumer/pictures)
+run(${WORK}/consumer/paths_only)
 
 # Whoever calls one builder carries one drawing: the linker must have dropped the others.
 if(NOT SHARED AND NM)
@@ -31,5 +32,15 @@ if(NOT SHARED AND NM)
   endif()
   if(symbols MATCHES "UIBezierPath::(swipeLeft|coffee|vantelTextLogoPath|performSelector)")
     message(FATAL_ERROR "the consumer carries artwork that it never calls: ${CMAKE_MATCH_0}")
+  endif()
+endif()
+
+# A program that only builds and transforms paths carries nothing of what draws them.
+if(NOT SHARED)
+  file(SIZE ${WORK}/consumer/nothing nothing)
+  file(SIZE ${WORK}/consumer/paths_only paths_only)
+  math(EXPR more "${paths_only} - ${nothing}")
+  if(more GREATER 40960)
+    message(FATAL_ERROR "a program of paths carries ${more} bytes more than an empty one")
   endif()
 endif()

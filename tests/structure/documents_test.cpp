@@ -1,6 +1,9 @@
 // The documents speak of what is there.
 
 #include <filesystem>
+#include <set>
+#include <sstream>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -24,6 +27,23 @@ TEST(Documents, TheReadmesProgramIsTheOneThatIsBuilt) {
   const std::string shown = firstBlock(readText("README.md"), "cpp");
   ASSERT_FALSE(shown.empty());
   EXPECT_EQ(shown, readText("examples/first_icon.cpp"));
+}
+
+// The way of a drawing is told file by file.
+TEST(Documents, TheFlowShowsTheFilesThatThereAre) {
+  std::istringstream lines(firstBlock(readText("docs/architecture.md"), "flow"));
+  std::set<std::string> shown;
+  for (std::string word; lines >> word;) {
+    if (word.starts_with("contexts/") || word.starts_with("drawing/")) shown.insert(word);
+  }
+  std::set<std::string> there;
+  const std::string platform = "glyphwright/platform/";
+  for (const std::string folder : {"contexts", "drawing"}) {
+    for (const std::string& file : filesBelow(platform + folder, {".h", ".cpp"})) {
+      there.insert(file.substr(platform.size(), file.rfind('.') - platform.size()));
+    }
+  }
+  EXPECT_EQ(shown, there);
 }
 
 TEST(Documents, EveryLinkLeadsToAFile) {

@@ -105,8 +105,9 @@ void Canvas::materialize() {
 }
 
 void Canvas::growTo(const PixelRect& bounds) {
-  Canvas larger(bounds, ground_);
-  if (!pristine_) {
+  Canvas larger(bounds, SolidColor{});
+  if (!isUntouched()) {
+    materialize();
     larger.materialize();
     for (int y = bounds_.y0; y < bounds_.y1; ++y) {
       std::memcpy(larger.rowAt(y) + static_cast<std::size_t>(bounds_.x0 - bounds.x0) * 4, rowAt(y),

@@ -94,7 +94,7 @@ class Canvas {
   void setGround(const SolidColor& ground);
   /// Nothing has been painted, over nothing.
   bool isUntouched() const { return pristine_ && ground_.isClear(); }
-  /// Makes a canvas without a ground larger: what is new is clear.
+  /// Makes a canvas larger: what is new is clear.
   void growTo(const PixelRect& bounds);
   /// Multiplies the pixels by the alpha of another canvas, which is clear beyond its bounds. Both
   /// are real.

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <span>
+#include <vector>
 
 #include <glyphwright/platform/path.h>
 #include <glyphwright/platform/stroke_style.h>
@@ -125,6 +127,16 @@ class UIBezierPath {
   /// origin unless told otherwise; not centred. Nothing for a value that is no icon type.
   static std::optional<UIBezierPath> bezierPathWithIcon(VNTLIconType icon, CGSize size,
                                                         bool translatesToZero = true);
+  /// Both by a plain whole number.
+  template <std::integral Number>
+  static std::optional<UIBezierPath> pathForIcon(Number icon) {
+    return pathForIcon(static_cast<VNTLIconType>(icon));
+  }
+  template <std::integral Number>
+  static std::optional<UIBezierPath> bezierPathWithIcon(Number icon, CGSize size,
+                                                        bool translatesToZero = true) {
+    return bezierPathWithIcon(static_cast<VNTLIconType>(icon), size, translatesToZero);
+  }
 
   // Images
 
@@ -149,6 +161,10 @@ class UIBezierPath {
   /// `imageWithIcon:strokeColor:fillColor:`, not moved to the origin.
   static UIImage imageWithIcon(VNTLIconType icon, const std::optional<UIColor>& strokeColor,
                                const std::optional<UIColor>& fillColor);
+  /// The same. With it, `{}` for the first of two colours is ambiguous instead of meaning empty
+  /// attributes: std::nullopt says that there is no stroke colour.
+  static UIImage imageWithIcon(VNTLIconType icon, const std::optional<UIColor>& strokeColor,
+                               const UIColor& fillColor);
   /// `imageWithIcon:attributes:withOutLineColor:backgroundLayer:` the icon at 85 % of the size on
   /// its own outline filled with a colour, over an optional layer.
   static UIImage imageWithIcon(VNTLIconType icon, const AttributeDictionary& attributes,
@@ -176,6 +192,11 @@ class UIBezierPath {
                           std::span<const IconAttributes> attributes,
                           std::span<const CGPoint> positions, std::span<const CGSize> sizes,
                           CGSize canvasSize);
+  /// The same with lists in braces.
+  static UIImage newImage(const std::vector<Pathable>& with,
+                          const std::vector<IconAttributes>& attributes,
+                          const std::vector<CGPoint>& positions, const std::vector<CGSize>& sizes,
+                          CGSize canvasSize);
 
   // Layers
 
@@ -188,6 +209,16 @@ class UIBezierPath {
   /// `vntl_gradientShapeLayerWithIcon:size:`; a value that is no icon type gives null.
   static std::shared_ptr<VNTLGradientShapeLayer> vntl_gradientShapeLayerWithIcon(VNTLIconType icon,
                                                                                  CGSize size);
+  /// Both by a plain whole number.
+  template <std::integral Number>
+  static std::shared_ptr<CAShapeLayer> shapeLayerWithIcon(Number icon, CGSize size) {
+    return shapeLayerWithIcon(static_cast<VNTLIconType>(icon), size);
+  }
+  template <std::integral Number>
+  static std::shared_ptr<VNTLGradientShapeLayer> vntl_gradientShapeLayerWithIcon(Number icon,
+                                                                                 CGSize size) {
+    return vntl_gradientShapeLayerWithIcon(static_cast<VNTLIconType>(icon), size);
+  }
 
   // Computed paths
 
@@ -199,7 +230,7 @@ class UIBezierPath {
   /// its right side.
   static UIBezierPath curataInfoViewPath(const CGRect& with);
   /// A 3-point frame around a box with round top corners whose lower part a slanted band takes
-  /// away.
+  /// away. A side under 6 leaves no room inside the frame, whose inner outline then turns over.
   static UIBezierPath curataTagBorder(const CGRect& with, CGFloat cornerRadius);
   /// A box at (0, 0) with four radii, used unchanged; the rectangle form ignores its origin.
   static UIBezierPath rectWithRoundedCorners(const CGRect& rect, CGFloat topLeftRadius,

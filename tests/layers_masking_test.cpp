@@ -116,5 +116,26 @@ TEST(LayerMasking, BothWaysOfMaskingAgree) {
   }
 }
 
+// All that shows within the bounds is cut there once, whatever it is made of.
+TEST(LayerMasking, MasksToBoundsCountsAnEdgeOnce) {
+  for (const CGFloat radius : {20.0, 0.0}) {
+    const auto layer = CALayer::layer();
+    layer->setFrame({0, 0, radius > 0 ? 40.0 : 39.5, 40});
+    layer->setBackgroundColor(UIColor(1, 0, 0, 1));
+    layer->setCornerRadius(radius);
+    layer->setMasksToBounds(true);
+    const UIImage plain = layerPictures::drawn(*layer, 1);
+    EXPECT_GT(pixels::at(plain, 39, 14).alpha, 0);
+    EXPECT_LT(pixels::at(plain, 39, 14).alpha, 255);
+    const auto sublayer = CALayer::layer();
+    sublayer->setFrame({0, 0, 40, 40});
+    sublayer->setBackgroundColor(UIColor(1, 0, 0, 1));
+    layer->addSublayer(sublayer);
+    layer->setBorderWidth(2);
+    layer->setBorderColor(UIColor(1, 0, 0, 1));
+    EXPECT_LE(pixels::largestDifference(layerPictures::drawn(*layer, 1), plain), 1);
+  }
+}
+
 }  // namespace
 }  // namespace glyphwright

@@ -118,5 +118,52 @@ TEST(LayerTree, LayersOutliveTheirSuperlayer) {
   expectSublayers(*parent, {});
 }
 
+// Entries that count how often they are moved.
+struct Moved {
+  explicit Moved(int of = -1, int* all = nullptr) : number(of), moves(all) {}
+  Moved(Moved&& other) noexcept : number(other.number), moves(other.moves) { ++*moves; }
+  Moved& operator=(Moved&& other) noexcept {
+    number = other.number;
+    moves = other.moves;
+    ++*moves;
+    return *this;
+  }
+  int number;
+  int* moves;
+};
+
+TEST(LayerTree, TakingOffEitherEndCostsNoMoreForMany) {
+  for (const int count : {1000, 2000, 4000}) {
+    int work = 0;
+    int last = 0;
+    SublayerList<Moved> list;
+    const auto take = [&](int number) {
+      return list.take([&](const Moved& entry) { return ++work, entry.number == number; });
+    };
+    for (; last < count; ++last) list.push_back(Moved(last, &work));
+    // Each moves to the end, twice over; then all go, from both ends by turns.
+    for (int i = 0; i < 2 * count; ++i) list.push_back(take(i % count));
+    for (int i = 0; i < count; ++i) {
+      const int number = i % 2 == 0 ? i / 2 : count - 1 - i / 2;
+      EXPECT_EQ(take(number).number, number);
+    }
+    EXPECT_EQ(list.size(), 0U);
+    EXPECT_LT(work, 40 * count);
+  }
+}
+
+TEST(LayerTree, GroupsInGroupsEndOneAfterTheOther) {
+  auto group = CAAnimationGroup::animation();
+  for (int i = 0; i < 200000; ++i) {
+    const auto outer = CAAnimationGroup::animation();
+    outer->setAnimations({group});
+    group = outer;
+  }
+  const auto layer = CALayer::layer();
+  layer->addAnimation(group, "deep");
+  group.reset();
+  EXPECT_NE(layer->animationForKey("deep"), nullptr);
+}
+
 }  // namespace
 }  // namespace glyphwright

@@ -49,8 +49,9 @@ void VNTLGradientShapeLayer::copyCustomPropertiesFromLayer(CALayer& layer) {
 void VNTLGradientShapeLayer::copyCustomProperties(PresentationPass& pass, CALayer& layer) {
   auto* source = dynamic_cast<VNTLGradientShapeLayer*>(&layer);
   if (!source) return;
-  maskLayer_ = pass.presentationOf(source->maskLayer());
-  gradientLayer_ = pass.presentationOf(source->gradientLayer());
+  // What the source has not made yet is not made here either: a copy leaves it alone.
+  maskLayer_ = pass.presentationOf(source->maskLayer_);
+  gradientLayer_ = pass.presentationOf(source->gradientLayer_);
   // The outline is shared, not presented: asking for it here would make one.
   strokeLayer_ = source->strokeLayer_;
   gradientSubLayers_ = InnerLayers{maskLayer_, gradientLayer_};

@@ -67,20 +67,20 @@ class VNTLGradientShapeLayer : public CALayer {
 
   // Forwarded properties
 
-  /// The mask layer's.
-  const std::optional<CGPath>& path() { return maskLayer()->path(); }
+  /// The mask layer's, nothing without one; reading makes none.
+  std::optional<CGPath> path() const { return maskLayer_ ? maskLayer_->path() : std::nullopt; }
   /// Also sets the stroke layer's once there is one.
   void setPath(std::optional<CGPath> path);
-  /// The gradient layer's, here and in what follows.
-  const std::optional<std::vector<CGColor>>& colors() { return gradientLayer()->colors(); }
+  /// The gradient layer's, here and in what follows; without one, what a new layer has.
+  std::optional<std::vector<CGColor>> colors() const { return gradientOrNew()->colors(); }
   void setColors(std::optional<std::vector<CGColor>> colors);
-  const std::optional<std::vector<CGFloat>>& locations() { return gradientLayer()->locations(); }
+  std::optional<std::vector<CGFloat>> locations() const { return gradientOrNew()->locations(); }
   void setLocations(std::optional<std::vector<CGFloat>> locations);
-  CGPoint startPoint() { return gradientLayer()->startPoint(); }
+  CGPoint startPoint() const { return gradientOrNew()->startPoint(); }
   void setStartPoint(CGPoint point) { gradientLayer()->setStartPoint(point); }
-  CGPoint endPoint() { return gradientLayer()->endPoint(); }
+  CGPoint endPoint() const { return gradientOrNew()->endPoint(); }
   void setEndPoint(CGPoint point) { gradientLayer()->setEndPoint(point); }
-  const std::string& type() { return gradientLayer()->type(); }
+  std::string type() const { return gradientOrNew()->type(); }
   void setType(std::string type) { gradientLayer()->setType(std::move(type)); }
 
   // Geometry
@@ -108,6 +108,9 @@ class VNTLGradientShapeLayer : public CALayer {
   std::shared_ptr<CALayer> newWithLayer(PresentationPass& pass, CALayer& layer) const override;
 
  private:
+  std::shared_ptr<const CAGradientLayer> gradientOrNew() const {
+    return gradientLayer_ ? gradientLayer_ : CAGradientLayer::layer();
+  }
   void setupLayers();
   void copyCustomProperties(PresentationPass& pass, CALayer& layer);
   template <typename Action>

@@ -38,6 +38,9 @@ class CGImage {
 
   std::size_t pixelWidth() const { return width_; }
   std::size_t pixelHeight() const { return height_; }
+  /// The same.
+  std::size_t width() const { return width_; }
+  std::size_t height() const { return height_; }
   /// pixelWidth × pixelHeight × 4 bytes; empty when there are none.
   std::span<const std::uint8_t> rgba() const { return {pixels_.get(), width_ * height_ * 4}; }
   explicit operator bool() const { return pixels_ != nullptr; }

@@ -42,4 +42,12 @@ UIImage UIBezierPath::newImage(std::span<const Pathable> with,
   return canvas.value_or(UIImage());
 }
 
+UIImage UIBezierPath::newImage(const std::vector<Pathable>& with,
+                               const std::vector<IconAttributes>& attributes,
+                               const std::vector<CGPoint>& positions,
+                               const std::vector<CGSize>& sizes, CGSize canvasSize) {
+  return newImage(std::span(with), std::span(attributes), std::span(positions), std::span(sizes),
+                  canvasSize);
+}
+
 }  // namespace glyphwright

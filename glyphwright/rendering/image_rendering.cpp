@@ -70,6 +70,11 @@ UIImage UIBezierPath::imageWithIcon(VNTLIconType icon, const std::optional<UICol
   return pathOrEmpty(icon).imageWithStrokeColor(strokeColor, fillColor);
 }
 
+UIImage UIBezierPath::imageWithIcon(VNTLIconType icon, const std::optional<UIColor>& strokeColor,
+                                    const UIColor& fillColor) {
+  return imageWithIcon(icon, strokeColor, std::optional(fillColor));
+}
+
 UIImage UIBezierPath::imageWithStrokeColor(const std::optional<UIColor>& strokeColor,
                                            const std::optional<UIColor>& fillColor) const {
   const CGRect box = bounds();

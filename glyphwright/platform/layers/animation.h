@@ -188,6 +188,12 @@ class CAAnimationGroup : public CAAnimation {
     return std::make_shared<CAAnimationGroup>();
   }
 
+  CAAnimationGroup() = default;
+  CAAnimationGroup(const CAAnimationGroup&) = default;
+  CAAnimationGroup& operator=(const CAAnimationGroup&) = delete;
+  /// Lets go of groups within groups one after the other, however deep they are.
+  ~CAAnimationGroup() override;
+
   const std::vector<std::shared_ptr<CAAnimation>>& animations() const { return animations_; }
   /// Null entries are left out.
   void setAnimations(std::vector<std::shared_ptr<CAAnimation>> animations);

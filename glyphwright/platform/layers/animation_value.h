@@ -1,7 +1,9 @@
 #pragma once
 
+#include <concepts>
 #include <optional>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 #include <vector>
 
@@ -13,8 +15,20 @@ namespace glyphwright {
 
 /// What an animation moves from one state to another: a number, a point, a size, a rectangle, a
 /// transform, a colour, a list of colours or numbers, a path.
-using AnimationValue = std::variant<CGFloat, CGPoint, CGSize, CGRect, CGAffineTransform, CGColor,
+using AnimationKinds = std::variant<CGFloat, CGPoint, CGSize, CGRect, CGAffineTransform, CGColor,
                                     std::vector<CGColor>, std::vector<CGFloat>, CGPath>;
+/// Made from any of them, from numbers of any arithmetic type and from lists of such.
+struct AnimationValue : AnimationKinds {
+  using AnimationKinds::AnimationKinds;
+  template <typename Number>
+  requires(std::is_arithmetic_v<Number> && !std::is_convertible_v<Number, AnimationKinds>)
+      AnimationValue(Number number)
+      : AnimationKinds(static_cast<CGFloat>(number)) {}
+  template <typename Number>
+  requires(std::is_arithmetic_v<Number> && !std::same_as<Number, CGFloat>)
+      AnimationValue(const std::vector<Number>& numbers)
+      : AnimationKinds(std::vector<CGFloat>(numbers.begin(), numbers.end())) {}
+};
 
 /// The value at `progress` of the way from `from` (0) to `to` (1), beyond the ends for a progress
 /// outside 0…1. Nothing for two kinds of values.

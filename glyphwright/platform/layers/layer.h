@@ -10,6 +10,7 @@
 
 #include <glyphwright/platform/context.h>
 #include <glyphwright/platform/layers/animation.h>
+#include <glyphwright/platform/layers/sublayer_list.h>
 
 namespace glyphwright {
 
@@ -134,7 +135,8 @@ class CALayer : public CAMediaTiming {
   void setBorderColor(std::optional<CGColor> color) { model_.borderColor = color; }
   const std::optional<CGColor>& backgroundColor() const { return model_.backgroundColor; }
   void setBackgroundColor(std::optional<CGColor> color) { model_.backgroundColor = color; }
-  /// Whether everything but background and border is cut off at the bounds.
+  /// Whether the layer and its sublayers are cut off at the bounds, all as one, as a mask of that
+  /// shape does.
   bool masksToBounds() const { return model_.masksToBounds; }
   void setMasksToBounds(bool masks) { model_.masksToBounds = masks; }
 
@@ -187,7 +189,8 @@ class CALayer : public CAMediaTiming {
   virtual void setAnimatedValueForKey(const AnimationValue& value, std::string_view key);
 
   /// The bounds with their rounded corners.
-  CGPath boundsPath() const;
+  CGPath boundsPath() const { return boundsPath(boundsRadius()); }
+  CGPath boundsPath(CGFloat radius) const;
   /// The corner radius as it is drawn.
   CGFloat boundsRadius() const;
 
@@ -222,11 +225,13 @@ class CALayer : public CAMediaTiming {
 
   void adopt(CALayer& child);
   CGRect contentsRect(const UIImage& image) const;
+  void drawBackground(CGContextRef context, CGFloat alpha, CGFloat radius) const;
+  void drawBorder(CGContextRef context, CGFloat alpha, CGFloat outerRadius) const;
 
   Model model_;
   CALayer* superlayer_ = nullptr;
   std::shared_ptr<CALayer> mask_;
-  std::vector<std::shared_ptr<CALayer>> sublayers_;
+  SublayerList<std::shared_ptr<CALayer>> sublayers_;
   bool hadSublayers_ = false;
   std::vector<StoredAnimation> animations_;
 };

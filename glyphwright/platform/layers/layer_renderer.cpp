@@ -31,14 +31,8 @@ LayerParts CALayer::visibleParts() const {
 }
 
 void CALayer::drawPart(LayerPart part, CGContextRef context, CGFloat alpha) const {
-  const CGRect& bounds = model_.bounds;
   if (part == LayerPart::background) {
-    CGContextSetFillColor(context, faded(*model_.backgroundColor, alpha));
-    if (model_.cornerRadius > 0) {
-      CGContextFillPath(context, boundsPath(), false);
-    } else {
-      CGContextFillRect(context, bounds);
-    }
+    drawBackground(context, alpha, boundsRadius());
   } else if (part == LayerPart::contents) {
     const CGFloat scale =
         model_.contentsScale > 0 && std::isfinite(model_.contentsScale) ? model_.contentsScale : 1;
@@ -47,17 +41,31 @@ void CALayer::drawPart(LayerPart part, CGContextRef context, CGFloat alpha) cons
     const UIImage image(model_.contents, scale, size);
     CGContextDrawImage(context, contentsRect(image), image, alpha);
   } else if (part == LayerPart::border) {
-    const CGFloat width = model_.borderWidth;
-    CGPath ring = boundsPath();
-    // A border as wide as the layer leaves no inside.
-    if (width * 2 < std::min(bounds.size.width, bounds.size.height)) {
-      const CGFloat radius = std::max(boundsRadius() - width, 0.0);
-      ring.addRoundedRect(CGRectInset(bounds, width, width), UIRectCorner::allCorners,
-                          {radius, radius});
-    }
-    CGContextSetFillColor(context, faded(*model_.borderColor, alpha));
-    CGContextFillPath(context, ring, true);
+    drawBorder(context, alpha, boundsRadius());
   }
+}
+
+void CALayer::drawBackground(CGContextRef context, CGFloat alpha, CGFloat radius) const {
+  CGContextSetFillColor(context, faded(*model_.backgroundColor, alpha));
+  if (radius > 0) {
+    CGContextFillPath(context, boundsPath(radius), false);
+  } else {
+    CGContextFillRect(context, model_.bounds);
+  }
+}
+
+void CALayer::drawBorder(CGContextRef context, CGFloat alpha, CGFloat outerRadius) const {
+  const CGRect& bounds = model_.bounds;
+  const CGFloat width = model_.borderWidth;
+  CGPath ring = boundsPath(outerRadius);
+  // A border as wide as the layer leaves no inside.
+  if (width * 2 < std::min(bounds.size.width, bounds.size.height)) {
+    const CGFloat radius = std::max(boundsRadius() - width, 0.0);
+    ring.addRoundedRect(CGRectInset(bounds, width, width), UIRectCorner::allCorners,
+                        {radius, radius});
+  }
+  CGContextSetFillColor(context, faded(*model_.borderColor, alpha));
+  CGContextFillPath(context, ring, true);
 }
 
 CGFloat CALayer::boundsRadius() const {
@@ -65,9 +73,8 @@ CGFloat CALayer::boundsRadius() const {
   return model_.cornerRadius > 0 ? std::min(model_.cornerRadius, most) : 0;
 }
 
-CGPath CALayer::boundsPath() const {
+CGPath CALayer::boundsPath(CGFloat radius) const {
   CGPath path;
-  const CGFloat radius = boundsRadius();
   path.addRoundedRect(model_.bounds, UIRectCorner::allCorners, {radius, radius});
   return path;
 }
@@ -179,17 +186,37 @@ void LayerRenderer::clipToBounds(const CALayer& layer) {
 
 void LayerRenderer::renderContent(const Content& content) {
   const CALayer& layer = content.layer;
+  if (!layer.model_.masksToBounds || content.insideBounds) return renderParts(content, false);
+  const auto clipBefore = context_.state.clip.node;
+  CGContextSaveGState(&context_);
+  clipToBounds(layer);
+  const bool cutsThroughPixels = context_.state.clip.node != clipBefore;
+  if (cutsThroughPixels && !content.isOneOperation()) {
+    // Several operations through one clip would show each other at its edges.
+    Content opaque = content;
+    opaque.alpha = 1;
+    beginGroup(content.alpha);
+    renderParts(opaque, true);
+    endGroup();
+  } else {
+    renderParts(content, true);
+  }
+  CGContextRestoreGState(&context_);
+}
+
+// What is cut at the bounds has no edges of its own there: they would count twice.
+void LayerRenderer::renderParts(const Content& content, bool isCut) {
+  const CALayer& layer = content.layer;
   const LayerParts parts = content.parts;
   const auto draw = [&](LayerPart part) {
     if (parts.has(part)) layer.drawPart(part, &context_, content.alpha);
   };
-  draw(LayerPart::background);
-  const bool clips = layer.model_.masksToBounds && !content.insideBounds;
-  if (clips) {
-    CGContextSaveGState(&context_);
-    clipToBounds(layer);
+  if (isCut && parts.has(LayerPart::background)) {
+    layer.drawBackground(&context_, content.alpha, 0);
+  } else {
+    draw(LayerPart::background);
   }
-  if (parts.has(LayerPart::gradient) && !clips && !content.insideBounds) {
+  if (parts.has(LayerPart::gradient) && !isCut && !content.insideBounds) {
     CGContextSaveGState(&context_);
     clipToBounds(layer);
     draw(LayerPart::gradient);
@@ -201,8 +228,11 @@ void LayerRenderer::renderContent(const Content& content) {
   draw(LayerPart::fill);
   draw(LayerPart::stroke);
   if (content.sublayers > 0) renderSublayers(content);
-  if (clips) CGContextRestoreGState(&context_);
-  draw(LayerPart::border);
+  if (isCut && parts.has(LayerPart::border)) {
+    layer.drawBorder(&context_, content.alpha, 0);
+  } else {
+    draw(LayerPart::border);
+  }
 }
 
 void LayerRenderer::renderSublayers(const Content& content) {

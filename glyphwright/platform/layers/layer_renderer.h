@@ -26,6 +26,8 @@ class LayerRenderer {
 
     bool isEmpty() const { return parts.isEmpty() && sublayers == 0; }
     /// At most one operation, which can carry the alpha by itself.
+    bool isOneOperation() const { return sublayers == 0 && parts.isOne(); }
+    /// The same, or another layer that sees to it.
     bool isSingle() const {
       return sublayers == 0 ? parts.isOne() : sublayers == 1 && parts.isEmpty();
     }
@@ -40,6 +42,7 @@ class LayerRenderer {
   void endGroup();
   void renderGroup(const Content& content);
   void renderContent(const Content& content);
+  void renderParts(const Content& content, bool isCut);
   void renderSublayers(const Content& content);
   void clipToBounds(const CALayer& layer);
 

@@ -59,11 +59,7 @@ void CALayer::removeFromSuperlayer() {
     self = std::exchange(parent->mask_, nullptr);
     return;
   }
-  auto& siblings = parent->sublayers_;
-  const auto found = std::find_if(siblings.begin(), siblings.end(),
-                                  [this](const auto& sibling) { return sibling.get() == this; });
-  self = std::move(*found);
-  siblings.erase(found);
+  self = parent->sublayers_.take([this](const auto& sibling) { return sibling.get() == this; });
 }
 
 void CALayer::setMask(std::shared_ptr<CALayer> mask) {

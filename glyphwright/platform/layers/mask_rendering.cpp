@@ -32,7 +32,7 @@ void LayerRenderer::renderMasked(const Content& content) {
   CGContextSaveGState(&context_);
   CGContextClipToPath(&context_, clip->path, clip->evenOdd);
   // Several operations through one clip would show each other at its edges.
-  if (content.isSingle()) {
+  if (content.isOneOperation()) {
     Content clipped = content;
     const CGRect box = clip->path.boundingBox();
     clipped.insideBounds = content.layer.model_.cornerRadius <= 0 &&

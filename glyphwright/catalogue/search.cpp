@@ -230,6 +230,7 @@ struct Found {
 /// Adds what each has of the word.
 void weighWord(const std::string& word, std::vector<Found>& all) {
   std::vector<int> worths;
+  worths.reserve(all.size());
   for (const Found& each : all) worths.push_back(worthOf(word, each.entry));
   const bool guess = std::ranges::all_of(worths, [](int worth) { return worth == 0; });
   for (std::size_t i = 0; i < all.size(); ++i) {

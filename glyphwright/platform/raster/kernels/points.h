@@ -18,7 +18,7 @@ class BoxBuilder {
   void add(Doubles two) {
     low_ = min(two, low_);
     high_ = max(two, high_);
-    unordered_ = unordered_ | ~(two == two);
+    unordered_ = unordered_ | ~(two == two);  // NOLINT(misc-redundant-expression): NaN is not
   }
   PointBox box() const {
     double low[4];
@@ -31,6 +31,7 @@ class BoxBuilder {
  private:
   Doubles low_ = Doubles::every(std::numeric_limits<double>::infinity());
   Doubles high_ = Doubles::every(-std::numeric_limits<double>::infinity());
+  // Each equals itself, so that this is nothing. NOLINTNEXTLINE(misc-redundant-expression)
   decltype(low_ == low_) unordered_ = ~(low_ == low_);
 };
 

@@ -58,7 +58,19 @@ void* operator new(std::size_t size, std::align_val_t alignment) {
   return given(std::aligned_alloc(line, (std::max(size, line) + line - 1) / line * line));
 }
 
+// The sanitizers' own would not end in the above.
+void* operator new(std::size_t size, const std::nothrow_t& /*nothrow*/) noexcept {
+  try {
+    return ::operator new(size);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
+
 void operator delete(void* memory) noexcept {
+  take(memory);
+}
+void operator delete(void* memory, const std::nothrow_t& /*nothrow*/) noexcept {
   take(memory);
 }
 void operator delete(void* memory, std::size_t /*size*/) noexcept {

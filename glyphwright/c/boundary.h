@@ -42,7 +42,7 @@ struct Failure {
 inline void write(const glyphwright_message* message, std::string_view text) noexcept {
   if (message == nullptr || message->text == nullptr || message->capacity == 0) return;
   const std::size_t length = std::min(text.size(), message->capacity - 1);
-  std::memcpy(message->text, text.data(), length);
+  std::copy_n(text.data(), length, message->text);
   message->text[length] = '\0';
 }
 

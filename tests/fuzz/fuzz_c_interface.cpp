@@ -25,8 +25,10 @@ glyphwright_shadow shadow(Input& input) {
   return {of, dx, dy, blur < 1e3 ? blur / 8 : blur};
 }
 
+// At times of an older, smaller struct; a size beyond the memory that is there is the caller's
+// fault.
 std::uint32_t structSize(Input& input, std::size_t right) {
-  return static_cast<std::uint32_t>(input.byte() < 240 ? right : input.byte());
+  return static_cast<std::uint32_t>(input.byte() < 240 ? right : input.below(right));
 }
 
 glyphwright_path* path(Input& input, const glyphwright_message* message) {

@@ -265,5 +265,24 @@ TEST(GradientShapeLayer, InnerLayersThatLeadBackAreNotFollowedForEver) {
   layer->setGradientLayer(nullptr);
 }
 
+TEST(GradientShapeLayer, ChainsOfInnerLayersMayHaveAnyLengthAndShape) {
+  // Each holds the next one twice: followed link by link, this is 2 to the power of 100,000 steps
+  // on a stack 100,000 deep.
+  std::vector<std::shared_ptr<VNTLGradientShapeLayer>> chain(100000);
+  for (auto& layer : chain) layer = VNTLGradientShapeLayer::layer();
+  for (std::size_t i = 1; i < chain.size(); ++i) {
+    chain[i - 1]->setGradientSubLayers(Layers{chain[i], chain[i]});
+  }
+  const auto first = chain.front();
+  const auto last = chain.back();
+  chain.clear();
+  first->setFrame({5, 5, 30, 20});
+  EXPECT_EQ(last->frame(), CGRect(0, 0, 30, 20));
+  first->addAnimation(animationOf("path"), "k");
+  EXPECT_NE(last->animationForKey("k"), nullptr);
+  first->removeAllAnimations();
+  EXPECT_EQ(last->animationForKey("k"), nullptr);
+}
+
 }  // namespace
 }  // namespace glyphwright

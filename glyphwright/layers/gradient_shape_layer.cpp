@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include <glyphwright/platform/layers/flat_release.h>
 #include <glyphwright/platform/layers/presentation.h>
 
 namespace glyphwright {
@@ -24,6 +25,14 @@ bool isForwarded(const CAAnimation* animation) {
 
 VNTLGradientShapeLayer::VNTLGradientShapeLayer() {
   setupLayers();
+}
+
+VNTLGradientShapeLayer::~VNTLGradientShapeLayer() {
+  if (!gradientSubLayers_) return;
+  releaseFlat(std::move(*gradientSubLayers_), [](CALayer& layer) -> InnerLayers* {
+    auto* further = dynamic_cast<VNTLGradientShapeLayer*>(&layer);
+    return further && further->gradientSubLayers_ ? &*further->gradientSubLayers_ : nullptr;
+  });
 }
 
 VNTLGradientShapeLayer::VNTLGradientShapeLayer(PresentationPass& pass, CALayer& layer)
@@ -103,12 +112,35 @@ std::vector<std::shared_ptr<CALayer>> VNTLGradientShapeLayer::animatableSublayer
 template <typename Action>
 void VNTLGradientShapeLayer::forEachInnerLayer(Action action) const {
   if (forwarding_) return;
-  struct Forwarding {
-    explicit Forwarding(bool& inProgress) : flag(inProgress) { flag = true; }
-    ~Forwarding() { flag = false; }
-    bool& flag;
-  } forwarding(forwarding_);
-  for (const auto& layer : animatableSublayers()) action(*layer);
+  // Inner layers may have inner layers of their own, to any depth and back again: each such layer
+  // is listed once, and marked, so that it does not hand on by itself what it is given here.
+  struct Chain {
+    Chain() = default;
+    Chain(const Chain&) = delete;
+    Chain& operator=(const Chain&) = delete;
+    ~Chain() {
+      for (const auto* layer : layers) layer->forwarding_ = false;
+    }
+    void add(const VNTLGradientShapeLayer& layer) {
+      layers.push_back(&layer);
+      layer.forwarding_ = true;
+    }
+    std::vector<const VNTLGradientShapeLayer*> layers;
+    InnerLayers kept;  // an action may take a layer out of the chain
+  } chain;
+  chain.add(*this);
+  for (std::size_t i = 0; i < chain.layers.size(); ++i) {
+    const VNTLGradientShapeLayer& outer = *chain.layers[i];
+    for (const auto& inner : outer.animatableSublayers()) {
+      const auto* further = dynamic_cast<const VNTLGradientShapeLayer*>(inner.get());
+      if (further && further->forwarding_) continue;
+      if (further) {
+        chain.kept.push_back(inner);
+        chain.add(*further);
+      }
+      action(outer, *inner);
+    }
+  }
 }
 
 void VNTLGradientShapeLayer::setPath(std::optional<CGPath> path) {
@@ -126,13 +158,16 @@ void VNTLGradientShapeLayer::setLocations(std::optional<std::vector<CGFloat>> lo
 
 void VNTLGradientShapeLayer::setBounds(const CGRect& bounds) {
   CALayer::setBounds(bounds);
-  forEachInnerLayer([&](CALayer& layer) { layer.setFrame(bounds); });
+  forEachInnerLayer([&](const CALayer& outer, CALayer& layer) {
+    layer.setFrame(&outer == this ? bounds : outer.bounds());
+  });
 }
 
 void VNTLGradientShapeLayer::setFrame(const CGRect& frame) {
   CALayer::setFrame(frame);
-  forEachInnerLayer([&](CALayer& layer) {
-    layer.setBounds({0, 0, CGRectGetWidth(frame), CGRectGetHeight(frame)});
+  forEachInnerLayer([&](const CALayer& outer, CALayer& layer) {
+    const CGRect box = &outer == this ? frame : outer.frame();
+    layer.setBounds({0, 0, CGRectGetWidth(box), CGRectGetHeight(box)});
   });
 }
 
@@ -140,14 +175,15 @@ void VNTLGradientShapeLayer::addAnimation(const std::shared_ptr<CAAnimation>& an
                                           const std::optional<std::string>& forKey) {
   CALayer::addAnimation(animation, forKey);
   if (!isForwarded(animation.get())) return;
-  forEachInnerLayer([&](CALayer& layer) { layer.addAnimation(animation, forKey); });
+  forEachInnerLayer(
+      [&](const CALayer& /*outer*/, CALayer& layer) { layer.addAnimation(animation, forKey); });
 }
 
 std::shared_ptr<const CAAnimation> VNTLGradientShapeLayer::animationForKey(
     std::string_view key) const {
   std::shared_ptr<const CAAnimation> found = CALayer::animationForKey(key);
   if (found) return found;
-  forEachInnerLayer([&](const CALayer& layer) {
+  forEachInnerLayer([&](const CALayer& /*outer*/, const CALayer& layer) {
     if (!found) found = layer.animationForKey(key);
   });
   return found;
@@ -155,19 +191,20 @@ std::shared_ptr<const CAAnimation> VNTLGradientShapeLayer::animationForKey(
 
 void VNTLGradientShapeLayer::removeAllAnimations() {
   CALayer::removeAllAnimations();
-  forEachInnerLayer([](CALayer& layer) { layer.removeAllAnimations(); });
+  forEachInnerLayer([](const CALayer& /*outer*/, CALayer& layer) { layer.removeAllAnimations(); });
 }
 
 void VNTLGradientShapeLayer::removeAnimationForKey(std::string_view key) {
   // The key may be a view into an animation that goes away.
   const std::string kept(key);
   CALayer::removeAnimationForKey(kept);
-  forEachInnerLayer([&](CALayer& layer) { layer.removeAnimationForKey(kept); });
+  forEachInnerLayer(
+      [&](const CALayer& /*outer*/, CALayer& layer) { layer.removeAnimationForKey(kept); });
 }
 
 std::optional<std::vector<std::string>> VNTLGradientShapeLayer::animationKeys() const {
   std::vector<std::string> keys;
-  forEachInnerLayer([&](const CALayer& layer) {
+  forEachInnerLayer([&](const CALayer& /*outer*/, const CALayer& layer) {
     for (std::string& key : layer.animationKeys().value_or(std::vector<std::string>{})) {
       if (std::ranges::find(keys, key) == keys.end()) keys.push_back(std::move(key));
     }

@@ -33,6 +33,9 @@ class VNTLGradientShapeLayer : public CALayer {
   /// `init` makes the mask and gradient layers.
   VNTLGradientShapeLayer();
   VNTLGradientShapeLayer(PresentationPass& pass, CALayer& layer);
+  VNTLGradientShapeLayer(const VNTLGradientShapeLayer&) = delete;
+  VNTLGradientShapeLayer& operator=(const VNTLGradientShapeLayer&) = delete;
+  ~VNTLGradientShapeLayer() override;
 
   /// Takes over the presentation versions of the source's mask and gradient layers, and its stroke
   /// layer itself (null when it never made one). Does nothing for a layer of another class.
@@ -62,7 +65,8 @@ class VNTLGradientShapeLayer : public CALayer {
     gradientSubLayers_ = std::move(layers);
   }
   /// The layers that geometry and animations are handed on to: the gradient sublayers and, once it
-  /// has been made, the stroke layer. Never makes one.
+  /// has been made, the stroke layer. Never makes one. Those that are of this class hand on to
+  /// theirs, however long the chain; a layer that is reached twice is given things once.
   std::vector<std::shared_ptr<CALayer>> animatableSublayers() const;
 
   // Forwarded properties

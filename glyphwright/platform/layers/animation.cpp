@@ -1,10 +1,9 @@
 #include <glyphwright/platform/layers/animation.h>
 
 #include <algorithm>
-#include <iterator>
-#include <new>
 #include <utility>
 
+#include <glyphwright/platform/layers/flat_release.h>
 #include <glyphwright/platform/layers/layer.h>
 
 namespace glyphwright {
@@ -141,26 +140,10 @@ std::optional<AnimationValue> CAKeyframeAnimation::valueAt(
 }
 
 CAAnimationGroup::~CAAnimationGroup() {
-  std::shared_ptr<CAAnimation> held;
-  std::vector<std::shared_ptr<CAAnimation>> left = std::move(animations_);
-  while (!left.empty()) {
-    held = std::move(left.back());
-    left.pop_back();
-    auto* group = held.use_count() == 1 ? dynamic_cast<CAAnimationGroup*>(held.get()) : nullptr;
-    if (!group) continue;
-    auto& inner = group->animations_;
-    if (left.empty()) {
-      left = std::move(inner);
-    } else {
-      try {
-        left.insert(left.end(), std::make_move_iterator(inner.begin()),
-                    std::make_move_iterator(inner.end()));
-      } catch (const std::bad_alloc&) {
-        continue;  // then they go with their group
-      }
-    }
-    inner.clear();
-  }
+  releaseFlat(std::move(animations_), [](CAAnimation& animation) {
+    auto* group = dynamic_cast<CAAnimationGroup*>(&animation);
+    return group ? &group->animations_ : nullptr;
+  });
 }
 
 void CAAnimationGroup::setAnimations(std::vector<std::shared_ptr<CAAnimation>> animations) {

@@ -131,10 +131,23 @@ class Agg final : public Renderer {
       mask.soften();
       mask.compose(format, static_cast<int>(kShadowOffsetY), premultiplied(0, 0, 0, 0.5));
     }
-    if (operation == Operation::gradient) {
-      fillWithGradient(rasterizer, base, side);
-    } else {
-      agg::render_scanlines_aa_solid(rasterizer, scanline, base, premultiplied(0.1, 0.4, 0.9, 1));
+    const auto length = static_cast<double>(side);
+    agg::trans_affine toGradient;
+    switch (operation) {
+      case Operation::gradient:
+        fillWithGradient<agg::gradient_y>(rasterizer, base, toGradient, length);
+        break;
+      case Operation::slanted:
+        toGradient = {0.5, 0.5, -0.5, 0.5, 0, 0};
+        fillWithGradient<agg::gradient_y>(rasterizer, base, toGradient, length);
+        break;
+      case Operation::radial:
+      case Operation::conic:
+        toGradient.translate(-length / 2, -length / 2);
+        fillWithGradient<agg::gradient_circle>(rasterizer, base, toGradient, length / 2);
+        break;
+      default:
+        agg::render_scanlines_aa_solid(rasterizer, scanline, base, premultiplied(0.1, 0.4, 0.9, 1));
     }
     if (operation == Operation::hairline || operation == Operation::stroke) {
       const bool thin = operation == Operation::hairline;
@@ -162,19 +175,22 @@ class Agg final : public Renderer {
   }
 
  private:
-  static void fillWithGradient(Rasterizer& rasterizer, Base& base, std::size_t side) {
+  template <typename Along>
+  static void fillWithGradient(Rasterizer& rasterizer, Base& base, agg::trans_affine& toGradient,
+                               double length) {
     using Interpolator = agg::span_interpolator_linear<>;
     using Colors = agg::gradient_lut<agg::color_interpolator<agg::rgba8>, 256>;
     Colors colors;
-    colors.add_color(0, premultiplied(1, 0.2, 0.3, 1));
-    colors.add_color(0.5, premultiplied(0.9, 0.8, 0.1, 1));
-    colors.add_color(1, premultiplied(0.1, 0.4, 0.9, 1));
+    double offset = 0;
+    for (const auto& [red, green, blue] : kStops) {
+      colors.add_color(offset, premultiplied(red, green, blue, 1));
+      offset += 0.5;
+    }
     colors.build_lut();
-    agg::trans_affine identity;
-    Interpolator interpolator(identity);
-    agg::gradient_y along;
-    agg::span_gradient<agg::rgba8, Interpolator, agg::gradient_y, Colors> gradient(
-        interpolator, along, colors, 0, static_cast<double>(side));
+    Interpolator interpolator(toGradient);
+    Along along;
+    agg::span_gradient<agg::rgba8, Interpolator, Along, Colors> gradient(interpolator, along,
+                                                                         colors, 0, length);
     agg::span_allocator<agg::rgba8> allocator;
     agg::scanline_u8 scanline;
     agg::render_scanlines_aa(rasterizer, scanline, base, allocator, gradient);

@@ -74,11 +74,13 @@ class Cairo final : public Renderer {
       shadow(context, icon, operation, side, kShadowOffsetY);
     }
     traceFitted(context, icon, operation, side);
-    if (operation == Operation::gradient) {
-      const Pattern pattern(cairo_pattern_create_linear(0, 0, 0, pixels));
-      cairo_pattern_add_color_stop_rgb(pattern, 0, 1, 0.2, 0.3);
-      cairo_pattern_add_color_stop_rgb(pattern, 0.5, 0.9, 0.8, 0.1);
-      cairo_pattern_add_color_stop_rgb(pattern, 1, 0.1, 0.4, 0.9);
+    if (cairo_pattern_t* gradient = gradientOf(operation, pixels)) {
+      const Pattern pattern(gradient);
+      double offset = 0;
+      for (const auto& [red, green, blue] : kStops) {
+        cairo_pattern_add_color_stop_rgb(pattern, offset, red, green, blue);
+        offset += 0.5;
+      }
       cairo_set_source(context, pattern);
     } else {
       cairo_set_source_rgb(context, 0.1, 0.4, 0.9);
@@ -102,6 +104,21 @@ class Cairo final : public Renderer {
   }
 
  private:
+  // Null where there is none.
+  static cairo_pattern_t* gradientOf(Operation operation, double side) {
+    switch (operation) {
+      case Operation::gradient:
+        return cairo_pattern_create_linear(0, 0, 0, side);
+      case Operation::slanted:
+        return cairo_pattern_create_linear(0, 0, side, side);
+      case Operation::radial:
+      case Operation::conic:
+        return cairo_pattern_create_radial(side / 2, side / 2, 0, side / 2, side / 2, side / 2);
+      default:
+        return nullptr;
+    }
+  }
+
   cairo_surface_t* surfaceOf(int pixels) const {
     if (memory_ == Memory::fresh) {
       return cairo_image_surface_create(CAIRO_FORMAT_ARGB32, pixels, pixels);

@@ -40,6 +40,7 @@ constexpr std::string_view kEffects = "effects";
 constexpr std::string_view kPaths = "paths";
 constexpr std::string_view kLayers = "layers";
 constexpr std::string_view kThreads = "threads";
+constexpr std::string_view kThousands = "thousands";
 
 /// A program that draws all day has its memory; fresh pages from the system for each large image
 /// would cost every renderer more than the drawing.
@@ -117,6 +118,12 @@ int run(const Options& options) {
     }
     if (!options.json) writeThreads(results.threads, std::cout);
   }
+  if (options.wants(kThousands)) {
+    results.thousands =
+        timeThousands({renderers[0], renderers[1]}, icons,
+                      std::max(std::thread::hardware_concurrency(), 1U), 4 * options.seconds);
+    if (!options.json) writeThousands(results.thousands, std::cout);
+  }
   if (options.json) writeJson(results, std::cout);
   if (!options.chart.empty()) {
     std::ofstream chart(options.chart);
@@ -142,6 +149,7 @@ int main(int argc, char** argv) {
   }
   operations.emplace_back(glyphwright::bench::kLayers);
   operations.emplace_back(glyphwright::bench::kThreads);
+  operations.emplace_back(glyphwright::bench::kThousands);
   CLI::App app("Times painting icons with this library, Cairo and AGG, side by side.");
   app.add_option("--sizes", options.sizes, "sides in pixels, separated by commas")->delimiter(',');
   app.add_option("--seconds", options.seconds, "time for each line of the table")

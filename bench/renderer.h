@@ -17,6 +17,9 @@ enum class Operation : std::uint8_t {
   fill,         // flat fill
   hairline,     // flat fill and an outline one pixel wide
   gradient,     // three colours from top to foot
+  slanted,      // the same from corner to corner
+  radial,       // the same from the middle out
+  conic,        // the same round the middle; others may take circles for it
   stroke,       // flat fill and an outline of two pixels
   dropShadow,   // flat fill with a shadow of blur 8 (sigma 4), offset (0, 2)
   insetShadow,  // flat fill with an inner shadow of blur 8, offset (0, 2)
@@ -30,11 +33,16 @@ inline constexpr OperationInfo kOperations[] = {
     {Operation::fill, "fill"},
     {Operation::hairline, "hairline"},
     {Operation::gradient, "gradient"},
+    {Operation::slanted, "slanted"},
+    {Operation::radial, "radial"},
+    {Operation::conic, "conic"},
     {Operation::stroke, "stroke"},
     {Operation::dropShadow, "drop-shadow"},
     {Operation::insetShadow, "inset-shadow"},
 };
 
+/// The colours of all gradients: red, green and blue of stops at 0, a half and 1.
+inline constexpr double kStops[][3] = {{1, 0.2, 0.3}, {0.9, 0.8, 0.1}, {0.1, 0.4, 0.9}};
 inline constexpr double kStrokeWidth = 2;
 inline constexpr double kBlur = 8;
 inline constexpr double kShadowOffsetY = 2;

@@ -123,6 +123,17 @@ void writeThreads(const std::vector<ThreadsRow>& rows, std::ostream& out) {
   }
 }
 
+void writeThousands(const std::vector<ThousandsRow>& rows, std::ostream& out) {
+  out << "\nall icons at 48 points and scale 2, each filled flat, with a hairline, with a slanted "
+         "gradient and with a shadow: icons a second with one thread and with several\n"
+      << std::fixed << std::setprecision(0);
+  for (const ThousandsRow& row : rows) {
+    out << std::left << std::setw(kNameWidth) << row.renderer << std::right << std::setw(kSideWidth)
+        << row.threads << std::setw(kTimeWidth) << row.perSecondAlone << std::setw(kTimeWidth)
+        << row.perSecond << '\n';
+  }
+}
+
 void writeJson(const Results& results, std::ostream& out) {
   nlohmann::ordered_json json;
   json["processor"] = results.processor;
@@ -168,6 +179,12 @@ void writeJson(const Results& results, std::ostream& out) {
                                {"iconsPerSecond", row.perSecond},
                                {"scaling", row.scaling()},
                                {"slowdown", row.slowdown}});
+  }
+  for (const ThousandsRow& row : results.thousands) {
+    json["thousands"].push_back({{"renderer", row.renderer},
+                                 {"threads", row.threads},
+                                 {"iconsPerSecondAlone", row.perSecondAlone},
+                                 {"iconsPerSecond", row.perSecond}});
   }
   out << json.dump(2) << '\n';
 }

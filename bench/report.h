@@ -30,6 +30,7 @@ struct Results {
   std::optional<PathTimes> paths;
   std::vector<LayerRow> layers;
   std::vector<ThreadsRow> threads;
+  std::vector<ThousandsRow> thousands;
 };
 
 /// The processor's name as the system tells it, or "unknown".
@@ -42,6 +43,7 @@ void writeEffects(const std::vector<EffectsRow>& rows, std::ostream& out);
 void writePaths(const PathTimes& times, std::ostream& out);
 void writeLayers(const std::vector<LayerRow>& rows, std::ostream& out);
 void writeThreads(const std::vector<ThreadsRow>& rows, std::ostream& out);
+void writeThousands(const std::vector<ThousandsRow>& rows, std::ostream& out);
 void writeJson(const Results& results, std::ostream& out);
 /// A chart of the cost of a flat fill over the size, both logarithmic.
 void writeChart(const Results& results, std::ostream& out);

@@ -16,8 +16,8 @@ struct Picture {
   std::function<UIImage()> draw;
 };
 
-/// Every icon plain in three sizes, a few with everything else that can be painted, and the
-/// ready-made images.
+/// Every icon plain in three sizes, a few with everything else that can be painted, glyphs,
+/// conveniences, layers, and the ready-made images.
 std::vector<Picture> pictures();
 
 /// FNV-1a in 64 bits over the width, the height and the premultiplied bytes.

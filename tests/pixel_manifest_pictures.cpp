@@ -13,9 +13,11 @@
 #include <glyphwright/paths/method_names.h>
 #include <glyphwright/paths/registry.h>
 #include <glyphwright/platform/image.h>
+#include <glyphwright/platform/vantel_kit.h>
 #include <glyphwright/rendering/attribute_dictionary.h>
 #include <glyphwright/rendering/icon_attributes.h>
 
+#include "layer_pictures.h"
 #include "pixel_manifest.h"
 #include "pixels.h"
 #include "tools/painting_looks.h"
@@ -133,6 +135,143 @@ void addOthers(std::vector<Picture>& list) {
                   }});
 }
 
+void addGlyphs(std::vector<Picture>& list) {
+  using Glyph = UIBezierPath (*)(CGSize);
+  const std::pair<const char*, Glyph> glyphs[] = {
+      {"caret", &UIBezierPath::caretIcon},
+      {"checkmark", &UIBezierPath::checkmark},
+      {"thick-checkmark", &UIBezierPath::thickCheckmark},
+      {"thick-x", &UIBezierPath::thickX},
+      {"camera", &UIBezierPath::instagramProfileConnectButtonIconPath}};
+  for (const auto& [name, glyph] : glyphs) {
+    list.push_back({std::string("glyph-") + name, [glyph] {
+                      return VantelKit::drawImage({72, 60}, false, 1, [&](CGContext&) {
+                        kInk.setFill();
+                        glyph({72, 60}).fill();
+                      });
+                    }});
+  }
+}
+
+void addConveniences(std::vector<Picture>& list) {
+  const auto add = [&](const char* name, auto draw) {
+    list.push_back({name, [draw] {
+                      const pixels::ScreenScale scale(2);
+                      return draw();
+                    }});
+  };
+  constexpr CGSize size{30, 24};
+  static const std::vector<UIColor> colors = {kRose, kAmber};
+  add("email", [] { return UIImage::emailIcon(size, colors); });
+  add("arrow-down", [] { return UIImage::arrowDownIcon(kRose, size); });
+  add("arrow-right", [] { return UIImage::arrowRightIcon(kRose, size); });
+  add("arrow-left", [] { return UIImage::arrowLeftIcon(kRose, size); });
+  add("onboarding-camera", [] { return UIImage::onboardingCameraIcon(size, kRose); });
+  add("vinyl-input-button", [] { return UIImage::vinylInputButton(size, kRose); });
+  add("vinyl-song", [] { return UIImage::vinylSongIcon(size); });
+  add("alert-dot", [] { return UIImage::matchAlertDot(size, kRose, kTeal, 2.5); });
+  add("u-circle", [] { return UIImage::vantelUCircleIcon({50, 40}); });
+  add("add-photos-flat", [] { return UIImage::addPhotosHomeIcon({45, 36}, kInk, kAmber); });
+  add("add-photos", [] { return UIImage::addPhotosHomeIcon({45, 36}, kInk, colors); });
+  add("camera-button", [] { return *UIImage::instagramProfileConnectButtonImage(kRose, size); });
+  add("camera-place", [] { return *UIImage::instagramPlaceholderImage(kRose, kAmber, size); });
+  using Shape = UIImage::Shape;
+  static const std::shared_ptr<NSShadow> shadow = IconShadow(kShade, {1, 2}, 4).shadow;
+  const std::pair<const char*, Shape> shapes[] = {{"checkmark", Shape::checkmark},
+                                                  {"thick-checkmark", Shape::thickCheckmark},
+                                                  {"thick-x", Shape::thickX},
+                                                  {"thin-x", Shape::thinX}};
+  for (const auto& [name, shape] : shapes) {
+    for (const NSShadow* cast : {shadow.get(), static_cast<NSShadow*>(nullptr)}) {
+      const std::string full = std::string(cast ? "cast-" : "") + "shape-" + name;
+      add(full.c_str(), [shape, cast] {
+        return *UIImage::shapeIcon({20, 16}, shape, kRose, {2, kTeal}, cast);
+      });
+    }
+  }
+  add("circle-shape", [] {
+    return *UIImage::circleIcon({20, 26}, kRose, {2, kTeal}, nullptr, Shape::thickX, {10, 8}, kInk);
+  });
+  add("outlined-badge", [] {
+    return UIBezierPath::imageWithIcon(
+        VNTLIconType::peopleBadge,
+        {{VNTLGlyphwrightSize, CGSize{40, 30}}, {VNTLGlyphwrightFillColor, kAmber}}, kRose);
+  });
+}
+
+void addLayers(std::vector<Picture>& list) {
+  using namespace layerPictures;
+  // A board with round corners that its content, three gradients, a trimmed stroke and a picture,
+  // does not leave.
+  const auto board = [] {
+    const auto layer = CALayer::layer();
+    layer->setBounds({0, 0, 40, 40});
+    layer->setBackgroundColor(kAmber);
+    layer->setCornerRadius(11.5);
+    layer->setMasksToBounds(true);
+    layer->setBorderWidth(1.5);
+    layer->setBorderColor(kTeal);
+    CGFloat turn = 0;
+    for (const std::string_view type :
+         {kCAGradientLayerAxial, kCAGradientLayerRadial, kCAGradientLayerConic}) {
+      const auto gradient = CAGradientLayer::layer();
+      setGradient(*gradient);
+      gradient->setType(std::string(type));
+      gradient->setFrame({3 + 11 * turn, 4, 13, 16});
+      gradient->setTransform(CGAffineTransformMakeRotation(0.3 * turn));
+      gradient->setCornerRadius(3);
+      layer->addSublayer(gradient);
+      turn += 1;
+    }
+    const auto shape = CAShapeLayer::layer();
+    shape->setPath(figure());
+    shape->setFillRule(CAShapeLayerFillRule::evenOdd);
+    shape->setFillColor(kRose.colorWithAlphaComponent(0.5));
+    shape->setStrokeColor(kInk);
+    shape->setLineWidth(2.5);
+    shape->setLineCap(CGLineCap::round);
+    shape->setStrokeStart(0.1);
+    shape->setStrokeEnd(0.8);
+    layer->addSublayer(shape);
+    const auto picture = CALayer::layer();
+    picture->setFrame({22, 24, 14, 12});
+    picture->setContents(UIBezierPath::gearPath().makeImage(plain(20)).cgImage());
+    picture->setContentsGravity(CALayerContentsGravity::resizeAspect);
+    picture->setOpacity(0.8);
+    layer->addSublayer(picture);
+    return layer;
+  };
+  list.push_back({"layer-board", [=] { return drawn(*board()); }});
+  list.push_back({"layer-translucent", [=] {
+                    const auto layer = board();
+                    layer->setOpacity(0.6);
+                    return drawn(*layer);
+                  }});
+  list.push_back({"layer-masked", [=] {
+                    const auto layer = board();
+                    const auto mask = CAGradientLayer::layer();
+                    mask->setFrame({2, 1, 36.5, 38});
+                    setGradient(*mask);
+                    layer->setMask(mask);
+                    return drawn(*layer);
+                  }});
+  list.push_back({"layer-clipped", [=] {
+                    const auto layer = board();
+                    const auto mask = CAShapeLayer::layer();
+                    mask->setPath(figure());
+                    layer->setMask(mask);
+                    return drawn(*layer);
+                  }});
+  list.push_back(
+      {"layer-gradient-shape", [] {
+         const auto layer = UIBezierPath::heartPath().vntl_gradientShapeLayerWithSize({40, 40});
+         setGradient(*layer->gradientLayer());
+         layer->strokeLayer()->setStrokeColor(kInk);
+         layer->strokeLayer()->setLineWidth(1.5);
+         return drawn(*layer);
+       }});
+}
+
 void addReadyMade(std::vector<Picture>& list) {
   for (const cli::PaintingLook& look : cli::allPaintingLooks()) {
     std::string name = look.fileName();
@@ -153,6 +292,9 @@ std::vector<Picture> pictures() {
   addIcons(list);
   addRecords(list);
   addOthers(list);
+  addGlyphs(list);
+  addConveniences(list);
+  addLayers(list);
   addReadyMade(list);
   return list;
 }

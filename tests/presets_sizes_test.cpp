@@ -2,12 +2,10 @@
 
 #include <functional>
 #include <limits>
-#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include <glyphwright/presets/palette.h>
 #include <glyphwright/presets/preset_icons.h>
 #include <glyphwright/presets/referral_icons.h>
 
@@ -96,28 +94,6 @@ TEST(PresetsSizes, TheCamerasDiscFollowsTheSizeTheCameraDoesNot) {
   // A fifth of the way in from each end:
   EXPECT_NEAR(at(wide, 120, 12).green, (0.48 - 0.32 * 0.2) * 255, 2);
   EXPECT_NEAR(at(wide, 32, 64).green, (0.48 - 0.32 * 0.8) * 255, 2);
-}
-
-TEST(PresetsSizes, TheSafebeamsBackgroundMayBeClear) {
-  const ScreenScale screen(2);
-  const UIImage with = createSafebeamIcon({31, 31}, false, true);
-  const UIImage without = createSafebeamIcon({31, 31}, false, false);
-  const UIImage selected = createSafebeamIcon({31, 31}, true, true);
-  // disc, ring and beam
-  const std::pair<std::size_t, std::size_t> disc{31, 4};
-  const std::pair<std::size_t, std::size_t> ring{31, 15};
-  const std::pair<std::size_t, std::size_t> beam{31, 47};
-  EXPECT_EQ(at(with, disc.first, disc.second), (Rgba{235, 237, 241, 255}));
-  EXPECT_EQ(at(without, disc.first, disc.second), kNone);
-  EXPECT_EQ(at(selected, disc.first, disc.second), (Rgba{41, 139, 249, 255}));
-  for (const auto& [x, y] : {ring, beam}) {
-    EXPECT_EQ(at(with, x, y), at(without, x, y));
-    EXPECT_NE(at(with, x, y), at(selected, x, y));
-  }
-  EXPECT_EQ(at(with, ring.first, ring.second), (Rgba{129, 177, 250, 255}));
-  EXPECT_EQ(at(with, beam.first, beam.second), (Rgba{22, 110, 251, 255}));
-  EXPECT_EQ(at(selected, ring.first, ring.second), (Rgba{242, 247, 255, 255}));
-  EXPECT_EQ(at(selected, beam.first, beam.second), (Rgba{172, 205, 255, 255}));
 }
 
 TEST(PresetsSizes, TheShareIconsBackgroundFillsTheCanvas) {

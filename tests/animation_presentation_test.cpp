@@ -307,11 +307,7 @@ TEST(Presentation, TheAnimatedTreeIsRendered) {
       "colors");
   layer->addAnimation(basic("path", square(10), square(4)), "path");
   const auto drawn = [](const CALayer& shown) {
-    UIGraphicsBeginImageContext({12, 12});
-    shown.renderInContext(UIGraphicsGetCurrentContext());
-    const UIImage image = UIGraphicsGetImageFromCurrentImageContext().value();
-    UIGraphicsEndImageContext();
-    return image;
+    return pixels::drawn({12, 12}, 1, [&](CGContextRef c) { shown.renderInContext(c); });
   };
   const UIImage model = drawn(*layer);
   EXPECT_EQ(pixels::at(model, 5, 5), pixels::kRed);

@@ -37,7 +37,6 @@ constexpr CGFloat kOddNumbers[] = {
     1e-9,   0.3,  7,         1e9,        1e300,
     -1e300, kNaN, kInfinity, -kInfinity, std::numeric_limits<CGFloat>::max()};
 
-const UIColor red(1, 0, 0, 1);
 const UIColor blue(0, 0, 1, 0.5);
 
 IconAttributes attributesOf(CGSize size) {

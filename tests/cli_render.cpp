@@ -26,9 +26,8 @@ using cli_test::Picture;
 using cli_test::readFile;
 using cli_test::readPng;
 using cli_test::run;
-
-const UIColor red(1, 0, 0, 1);
-const UIColor blue(0, 0, 1, 1);
+using pixels::blue;
+using pixels::red;
 
 /// What `--size 40 --fill red` stands for.
 IconAttributes plain() {

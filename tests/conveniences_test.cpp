@@ -17,10 +17,6 @@ namespace {
 using namespace pixels;
 using Shape = UIImage::Shape;
 
-const UIColor red(1, 0, 0, 1);
-const UIColor green(0, 1, 0, 1);
-const UIColor blue(0, 0, 1, 1);
-
 TEST(Conveniences, SecondNamesGiveTheSameImages) {
   const CGSize size{32, 30};
   expectSamePixels(UIImage::matchAlertDotWithSize(size, red, blue, 2),

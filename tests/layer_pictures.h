@@ -17,11 +17,7 @@ inline constexpr UIColor kGreen(0, 1, 0, 1);
 inline constexpr UIColor kBlue(0, 0, 1, 1);
 
 inline UIImage drawn(const std::function<void(CGContextRef)>& draw, CGFloat scale = 2) {
-  UIGraphicsBeginImageContextWithOptions({40, 40}, false, scale);
-  draw(UIGraphicsGetCurrentContext());
-  const UIImage image = UIGraphicsGetImageFromCurrentImageContext().value();
-  UIGraphicsEndImageContext();
-  return image;
+  return pixels::drawn({40, 40}, scale, draw);
 }
 
 inline UIImage drawn(const CALayer& layer, CGFloat scale = 2) {

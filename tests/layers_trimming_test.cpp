@@ -122,10 +122,9 @@ TEST(PathTrimming, AStrokeIsDrawnFromStartToEnd) {
                         Case{0.5, 0.5, {}}, Case{0.6, 0.4, {}}, Case{-1, 2, {0, 4, 40, 6}}}) {
     layer->setStrokeStart(c.start);
     layer->setStrokeEnd(c.end);
-    UIGraphicsBeginImageContext({40, 10});
-    layer->renderInContext(UIGraphicsGetCurrentContext());
-    EXPECT_EQ(pixels::paintedBox(*UIGraphicsGetImageFromCurrentImageContext()), c.box) << c.start;
-    UIGraphicsEndImageContext();
+    const UIImage image =
+        pixels::drawn({40, 10}, 1, [&](CGContextRef to) { layer->renderInContext(to); });
+    EXPECT_EQ(pixels::paintedBox(image), c.box) << c.start;
   }
 }
 

@@ -7,10 +7,11 @@
 
 #include <gtest/gtest.h>
 
+#include <glyphwright/platform/context.h>
 #include <glyphwright/platform/image.h>
 #include <glyphwright/platform/vantel_kit.h>
 
-/// Looking at pixels.
+/// Drawing small pictures, and looking at their pixels.
 namespace glyphwright::pixels {
 
 /// One premultiplied pixel.
@@ -33,6 +34,21 @@ inline constexpr Rgba kWhite{255, 255, 255, 255};
 inline constexpr Rgba kRed{255, 0, 0, 255};
 inline constexpr Rgba kGreen{0, 255, 0, 255};
 inline constexpr Rgba kBlue{0, 0, 255, 255};
+
+inline constexpr UIColor red(1, 0, 0, 1);
+inline constexpr UIColor green(0, 1, 0, 1);
+inline constexpr UIColor blue(0, 0, 1, 1);
+inline constexpr UIColor clear(0, 0, 0, 0);
+
+/// What `draw` leaves in a clear context, which it is given.
+template <typename Draw>
+UIImage drawn(CGSize size, CGFloat scale, Draw draw) {
+  UIGraphicsBeginImageContextWithOptions(size, false, scale);
+  draw(UIGraphicsGetCurrentContext());
+  const auto image = UIGraphicsGetImageFromCurrentImageContext();
+  UIGraphicsEndImageContext();
+  return image.value_or(UIImage());
+}
 
 /// The pixel in a column and a row; none outside the image.
 inline Rgba at(const UIImage& image, std::size_t column, std::size_t row) {

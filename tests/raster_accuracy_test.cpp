@@ -15,6 +15,7 @@
 #include <glyphwright/platform/image.h>
 #include <glyphwright/platform/shadow.h>
 
+#include "pixels.h"
 #include "reference/plane.h"
 
 namespace glyphwright {
@@ -53,12 +54,10 @@ struct Errors {
 template <typename Paint>
 UIImage drawn(std::size_t side, Paint paint) {
   const auto points = static_cast<CGFloat>(side);
-  UIGraphicsBeginImageContextWithOptions({points, points}, false, 1);
-  UIColor::blackColor().set();
-  paint();
-  const auto image = UIGraphicsGetImageFromCurrentImageContext();
-  UIGraphicsEndImageContext();
-  return image.value_or(UIImage());
+  return pixels::drawn({points, points}, 1, [&](CGContextRef) {
+    UIColor::blackColor().set();
+    paint();
+  });
 }
 
 /// The path with its longer side spread over `side` pixels, a third of a pixel off the grid so that
@@ -195,13 +194,10 @@ UIImage shadowOf(UIBezierPath path, std::size_t side, CGFloat blurPixels, CGFloa
   const CGFloat points = static_cast<CGFloat>(side) / scale;
   path.applyTransform(CGAffineTransformMakeTranslation(-static_cast<CGFloat>(side), 0));
   path.applyTransform(CGAffineTransformMakeScale(1 / scale, 1 / scale));
-  UIGraphicsBeginImageContextWithOptions({points, points}, false, scale);
-  CGContextSetShadowWithColor(UIGraphicsGetCurrentContext(), {points, 0}, blurPixels / scale,
-                              UIColor::blackColor());
-  path.fill();
-  const auto image = UIGraphicsGetImageFromCurrentImageContext();
-  UIGraphicsEndImageContext();
-  return image.value_or(UIImage());
+  return pixels::drawn({points, points}, scale, [&](CGContextRef context) {
+    CGContextSetShadowWithColor(context, {points, 0}, blurPixels / scale, UIColor::blackColor());
+    path.fill();
+  });
 }
 
 TEST(RasterAccuracy, ShadowsAreGaussian) {

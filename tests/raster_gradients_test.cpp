@@ -178,25 +178,36 @@ TEST(RasterGradients, EachPixelHasTheColourAtItsCentreAndAMirrorImageMirrorsIt) 
   }
 }
 
-TEST(RasterGradients, NothingIsDrawnBeyondEndsThatDoNotRunOn) {
-  for (const CGPoint end : {CGPoint{30, 20}, CGPoint{10, 30}, CGPoint{33, 37}}) {
-    contexts::Scope scope({40, 40}, false, 1, false);
-    CGContextDrawLinearGradient(scope.context(), gradientWithEdge(), {10, 20}, end,
-                                CGGradientDrawingOptions::none);
-    const UIImage image = scope.image();
-    const double dx = end.x - 10;
-    const double dy = end.y - 20;
-    for (std::size_t y = 0; y < 40; ++y) {
-      for (std::size_t x = 0; x < 40; ++x) {
-        const double along =
-            (static_cast<double>(x) - 9.5) * dx + (static_cast<double>(y) - 19.5) * dy;
-        const double length = dx * dx + dy * dy;
-        if (along == 0 || along == length) continue;  // rounding may decide for either
-        ASSERT_EQ(at(image, x, y) != pixels::kNone, along > 0 && along < length)
-            << x << ", " << y << " to " << end.x << ", " << end.y;
+TEST(RasterGradients, EndsRunOnWhereTheyAreToldTo) {
+  using enum CGGradientDrawingOptions;
+  for (const CGGradientDrawingOptions options :
+       {none, drawsBeforeStartLocation, drawsAfterEndLocation, drawsBeforeAndAfter}) {
+    const bool before = options == drawsBeforeStartLocation || options == drawsBeforeAndAfter;
+    const bool after = options == drawsAfterEndLocation || options == drawsBeforeAndAfter;
+    for (const CGPoint end : {CGPoint{30, 20}, CGPoint{10, 30}, CGPoint{33, 37}}) {
+      const UIImage image = pixels::drawn({40, 40}, 1, [&](CGContextRef context) {
+        CGContextDrawLinearGradient(context, gradientWithEdge(), {10, 20}, end, options);
+      });
+      const double dx = end.x - 10;
+      const double dy = end.y - 20;
+      for (std::size_t y = 0; y < 40; ++y) {
+        for (std::size_t x = 0; x < 40; ++x) {
+          const double along =
+              (static_cast<double>(x) - 9.5) * dx + (static_cast<double>(y) - 19.5) * dy;
+          const double length = dx * dx + dy * dy;
+          if (along == 0 || along == length) continue;  // rounding may decide for either
+          const bool shows = along < 0 ? before : along < length || after;
+          ASSERT_EQ(at(image, x, y) != pixels::kNone, shows)
+              << x << ", " << y << " to " << end.x << ", " << end.y;
+        }
       }
     }
   }
+  const UIImage nothing = pixels::drawn({8, 8}, 1, [](CGContextRef context) {
+    CGContextDrawLinearGradient(context, gradientWithEdge(), {4, 4}, {4, 4}, drawsBeforeAndAfter);
+    CGContextDrawRadialGradient(context, gradientWithEdge(), {4, 4}, -1);
+  });
+  EXPECT_EQ(pixels::paintedBox(nothing), pixels::Box{});
 }
 
 // One step does what three did: also over something, through another clip and half seen.

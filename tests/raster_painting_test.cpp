@@ -22,16 +22,14 @@ using pixels::kNone;
 using pixels::kRed;
 using pixels::Rgba;
 
+// With everything red that no colour is set for.
 template <typename Paint>
 UIImage painted(CGSize size, Paint paint, CGFloat scale = 1) {
-  UIGraphicsBeginImageContextWithOptions(size, false, scale);
-  const CGContextRef context = UIGraphicsGetCurrentContext();
-  CGContextSetFillColor(context, UIColor(1, 0, 0, 1));
-  CGContextSetStrokeColor(context, UIColor(1, 0, 0, 1));
-  paint(context);
-  const auto image = UIGraphicsGetImageFromCurrentImageContext();
-  UIGraphicsEndImageContext();
-  return image.value_or(UIImage());
+  return pixels::drawn(size, scale, [&](CGContextRef context) {
+    CGContextSetFillColor(context, pixels::red);
+    CGContextSetStrokeColor(context, pixels::red);
+    paint(context);
+  });
 }
 
 // Painted area in pixels.
@@ -233,41 +231,6 @@ TEST(RasterImages, AreCopiedEnlargedShrunkAndTurned) {
   const UIImage turned = drawn({3, 3, 2, 2}, 3.14159265358979 / 2);
   EXPECT_NEAR(at(turned, 4, 3).red, 255, 2) << "upper left turns to the upper right";
   EXPECT_NEAR(at(turned, 3, 3).blue, 255, 2);
-}
-
-TEST(RasterGradients, OptionsLetTheEndsRunOn) {
-  const CGColor colors[] = {CGColor(1, 0, 0, 1), CGColor(0, 0, 1, 1)};
-  const auto gradient = CGGradientCreateWithColors(std::nullopt, colors, std::nullopt);
-  ASSERT_TRUE(gradient);
-  using enum CGGradientDrawingOptions;
-  struct Case {
-    CGGradientDrawingOptions options;
-    bool before;
-    bool after;
-  };
-  for (const Case& c :
-       {Case{none, false, false}, Case{drawsBeforeStartLocation, true, false},
-        Case{drawsAfterEndLocation, false, true}, Case{drawsBeforeAndAfter, true, true}}) {
-    // Down, across and slanted take different ways to the same colours.
-    for (const CGPoint to : {CGPoint{0, 8}, CGPoint{8, 0}, CGPoint{5.6568542, 5.6568542}}) {
-      const UIImage image = painted({24, 24}, [&](CGContextRef context) {
-        const CGPoint middle{12 - to.x / 2, 12 - to.y / 2};
-        CGContextDrawLinearGradient(context, *gradient, middle, {middle.x + to.x, middle.y + to.y},
-                                    c.options);
-      });
-      const std::size_t farX = to.x > 0 ? 23 : 12;
-      const std::size_t farY = to.y > 0 ? 23 : 12;
-      const Rgba first = at(image, 23 - farX, 23 - farY);
-      EXPECT_EQ(first, c.before ? kRed : kNone);
-      EXPECT_EQ(at(image, farX, farY), c.after ? pixels::kBlue : kNone);
-      EXPECT_NEAR(at(image, 12, 12).blue, 128 + 16 * (to.x + to.y) / 8, 12);
-    }
-  }
-  const UIImage nothing = painted({8, 8}, [&](CGContextRef context) {
-    CGContextDrawLinearGradient(context, *gradient, {4, 4}, {4, 4}, drawsBeforeAndAfter);
-    CGContextDrawRadialGradient(context, *gradient, {4, 4}, -1);
-  });
-  EXPECT_EQ(area(nothing), 0);
 }
 
 TEST(RasterStack, TheLastEntryToCloseGivesMemoryBack) {

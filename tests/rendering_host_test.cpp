@@ -23,8 +23,6 @@ namespace {
 using namespace pixels;
 
 constexpr CGFloat kNaN = std::numeric_limits<CGFloat>::quiet_NaN();
-const UIColor red(1, 0, 0, 1);
-const UIColor blue(0, 0, 1, 1);
 
 TEST(Color, ReadsItsComponents) {
   CGFloat r = 9;

@@ -24,15 +24,6 @@ using namespace pixels;
 
 constexpr CGFloat kNaN = std::numeric_limits<CGFloat>::quiet_NaN();
 
-template <typename Draw>
-UIImage drawn(CGSize size, CGFloat scale, Draw draw) {
-  UIGraphicsBeginImageContextWithOptions(size, false, scale);
-  draw(UIGraphicsGetCurrentContext());
-  const auto image = UIGraphicsGetImageFromCurrentImageContext();
-  UIGraphicsEndImageContext();
-  return image.value_or(UIImage());
-}
-
 NSShadow shadowOf(CGSize offset, CGFloat blur, const UIColor& color) {
   NSShadow shadow;
   shadow.setShadowOffset(offset);

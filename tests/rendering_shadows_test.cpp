@@ -18,10 +18,6 @@ namespace {
 
 using namespace pixels;
 
-const UIColor red(1, 0, 0, 1);
-const UIColor blue(0, 0, 1, 1);
-const UIColor clear = UIColor::clearColor();
-
 NSShadow shadowOf(CGSize offset, CGFloat blur, std::optional<UIColor> color) {
   NSShadow shadow;
   shadow.setShadowOffset(offset);
@@ -35,24 +31,12 @@ UIBezierPath lineless(UIBezierPath path) {
   return path;
 }
 
-// A 40-point image with a red square from 10 to 30.
+// A red square from 10 to 30 in 40 by 40 points, at the screen's scale.
 UIImage redSquare() {
-  UIGraphicsBeginImageContextWithOptions({40, 40}, false, 0);
-  red.set();
-  CGContextFillRect(UIGraphicsGetCurrentContext(), {10, 10, 20, 20});
-  const UIImage image = *UIGraphicsGetImageFromCurrentImageContext();
-  UIGraphicsEndImageContext();
-  return image;
-}
-
-// What `draw` leaves in a transparent 40-point context.
-template <typename Draw>
-UIImage drawn(Draw draw) {
-  UIGraphicsBeginImageContextWithOptions({40, 40}, false, 0);
-  draw();
-  const UIImage image = *UIGraphicsGetImageFromCurrentImageContext();
-  UIGraphicsEndImageContext();
-  return image;
+  return drawn({40, 40}, 0, [](CGContextRef context) {
+    red.set();
+    CGContextFillRect(context, {10, 10, 20, 20});
+  });
 }
 
 TEST(DropShadow, NoShadowNoChange) {
@@ -95,9 +79,8 @@ TEST(InsetShadow, DarkensTheSidesThatTheOffsetPointsAwayFrom) {
       {{4, 0}, {20, 20, 28, 60}},  {{-4, 0}, {52, 20, 60, 60}}, {{0, 3}, {20, 20, 60, 26}},
       {{0, -3}, {20, 54, 60, 60}}, {{0, 0}, {0, 0, 0, 0}},      {{50, 0}, {20, 20, 60, 60}},
   };
-  const ScreenScale scale(2);
   for (const auto& row : rows) {
-    const UIImage image = drawn([&] {
+    const UIImage image = drawn({40, 40}, 2, [&](CGContextRef) {
       UIBezierPath::bezierPathWithRect({10, 10, 20, 20})
           .drawInsetShadow(shadowOf(row.offset, 0, blue));
     });
@@ -117,13 +100,18 @@ TEST(InsetShadow, AgreesWithThePlainSteps) {
       UIBezierPath::bezierPathWithRect({0, 0, 40.25, 3.5}),
   };
   const CGSize offsets[] = {{0, 0}, {0, 2}, {-3.3, 1.7}, {0.5, -0.5}, {30, 30}};
-  const ScreenScale scale(2);
-  for (const UIBezierPath& path : paths) {
-    for (const CGSize offset : offsets) {
-      for (const CGFloat blur : {0.0, 3.0, 7.5}) {
-        const NSShadow shadow = shadowOf(offset, blur, UIColor(0.2, 0, 0.7, 0.8));
-        expectSamePixels(drawn([&] { path.drawInsetShadow(shadow); }),
-                         drawn([&] { plain::drawInsetShadow(path, shadow); }));
+  // At half scales nothing moves by whole pixels.
+  for (const CGFloat scale : {1.0, 1.5, 2.0}) {
+    for (const UIBezierPath& path : paths) {
+      for (const CGSize offset : offsets) {
+        for (const CGFloat blur : {0.0, 3.0, 7.5}) {
+          const NSShadow shadow = shadowOf(offset, blur, UIColor(0.2, 0, 0.7, 0.8));
+          const auto image = [&](auto draw) {
+            return drawn({40, 40}, scale, [&](CGContextRef) { draw(); });
+          };
+          expectSamePixels(image([&] { path.drawInsetShadow(shadow); }),
+                           image([&] { plain::drawInsetShadow(path, shadow); }));
+        }
       }
     }
   }
@@ -131,7 +119,7 @@ TEST(InsetShadow, AgreesWithThePlainSteps) {
 
 TEST(InsetShadow, LeavesTheContextAsItWas) {
   const ScreenScale scale(1);
-  const UIImage image = drawn([] {
+  const UIImage image = drawn({40, 40}, 1, [](CGContextRef) {
     blue.set();
     UIBezierPath::bezierPathWithRect({10, 10, 20, 20}).drawInsetShadow(shadowOf({4, 0}, 0, red));
     CGContextFillRect(UIGraphicsGetCurrentContext(), {0, 0, 5, 5});
@@ -141,10 +129,12 @@ TEST(InsetShadow, LeavesTheContextAsItWas) {
   EXPECT_EQ(at(image, 12, 20), kRed);
   // Without a context, without a path, without a colour: nothing.
   UIBezierPath::bezierPathWithRect({10, 10, 20, 20}).drawInsetShadow(shadowOf({4, 0}, 0, red));
-  EXPECT_EQ(paintedBox(drawn([] {
-              UIBezierPath().drawInsetShadow(shadowOf({4, 0}, 0, red));
-              UIBezierPath::heartPath().drawInsetShadow(shadowOf({4, 0}, 0, std::nullopt));
-            })),
+  EXPECT_EQ(paintedBox(drawn(
+                {40, 40}, 1,
+                [](CGContextRef) {
+                  UIBezierPath().drawInsetShadow(shadowOf({4, 0}, 0, red));
+                  UIBezierPath::heartPath().drawInsetShadow(shadowOf({4, 0}, 0, std::nullopt));
+                })),
             Box{});
 }
 

@@ -121,7 +121,7 @@ TEST(FillAndStroke, ByTurnsIsTheSameAsOneAfterTheOther) {
 TEST(FillAndStroke, ManyWindingsByTurns) {
   for (const std::size_t side : {64U, 400U}) {
     CGPath path;
-    for (int turn = 0; turn < 40; ++turn) path.addEllipseInRect({8.25, 9.5, 40, 44});
+    for (int turn = 0; turn < 64; ++turn) path.addEllipseInRect({8.25, 9.5, 40, 44});
     for (const bool evenOdd : {false, true}) {
       const StrokeStyle style{3};
       const auto none = [](CGContextRef) {};

@@ -262,18 +262,21 @@ TEST(RasterStack, EntriesOpenAndCloseInOrder) {
   const auto before = UIGraphicsGetImageFromCurrentImageContext();
   CGContextFillRect(outer, {0, 0, 2, 3});
   const auto after = UIGraphicsGetImageFromCurrentImageContext();
+  CGContextSetFillColor(outer, pixels::red);
+  CGContextFillPath(outer, rectangle({0, 0, 1, 3}), false);
   UIGraphicsEndImageContext();
   UIGraphicsEndImageContext();  // nothing left
   EXPECT_EQ(UIGraphicsGetCurrentContext(), nullptr);
   ASSERT_TRUE(before && after);
   EXPECT_EQ(area(*before), 0) << "an image is a snapshot";
   EXPECT_EQ(area(*after), 6);
+  EXPECT_EQ(at(*after, 0, 0), pixels::kBlack);
 }
 
 TEST(RasterPainting, WindingBeyondWhatSmallCellsHoldIsRight) {
-  // Forty turns on one spot, also where the region's side drops every edge that runs back up.
+  // So many turns on one spot that sixteen bits come to nought, also where the region's side drops every edge that runs back up.
   CGPath path;
-  for (int i = 0; i < 40; ++i) {
+  for (int i = 0; i < 64; ++i) {
     path.moveToPoint({2, 2});
     path.addLineToPoint({2, 30});
     path.addLineToPoint({90, 30});
@@ -282,7 +285,7 @@ TEST(RasterPainting, WindingBeyondWhatSmallCellsHoldIsRight) {
   }
   CGPath spiral;
   spiral.moveToPoint({2, 2});
-  for (int i = 0; i < 40; ++i) {
+  for (int i = 0; i < 64; ++i) {
     spiral.addLineToPoint({2, 30});
     spiral.addLineToPoint({90, 30});
     spiral.addLineToPoint({90, 2});

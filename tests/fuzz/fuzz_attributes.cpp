@@ -1,10 +1,11 @@
-// An icon or any path under any attributes.
+// An icon or any path under any attributes, said either way: an image of the asked size comes back.
 
 #include <glyphwright/bezier_path.h>
 #include <glyphwright/paths/method_names.h>
 #include <glyphwright/paths/registry.h>
 #include <glyphwright/platform/image.h>
 #include <glyphwright/platform/vantel_kit.h>
+#include <glyphwright/rendering/attribute_dictionary.h>
 #include <glyphwright/rendering/icon_attributes.h>
 
 #include "input.h"
@@ -16,7 +17,9 @@ using namespace glyphwright;
 IconShadow shadowFrom(fuzz::Input& input) {
   const CGSize offset = input.size();
   const double blur = input.number();
-  return {input.color(), offset, blur < 1e3 ? blur / 8 : blur};
+  IconShadow shadow{input.color(), offset, blur < 1e3 ? blur / 8 : blur};
+  if (input.below(16) == 0) shadow.shadow = nullptr;
+  return shadow;
 }
 
 IconGradient gradientFrom(fuzz::Input& input) {
@@ -27,6 +30,26 @@ IconGradient gradientFrom(fuzz::Input& input) {
   for (std::size_t count = input.below(4); count > 0; --count) ends.push_back(input.point());
   for (std::size_t count = input.below(5); count > 0; --count) stops.push_back(input.number());
   return {std::move(colors), std::move(ends), std::move(stops)};
+}
+
+AttributeDictionary keysOf(const IconAttributes& a) {
+  AttributeDictionary keys{{VNTLGlyphwrightSize, a.size}, {VNTLGlyphwrightFillColor, a.fillColor}};
+  if (a.stroke) keys.setValue(VNTLGlyphwrightStrokeWidth, a.stroke->width);
+  if (a.border) keys.setValue(VNTLGlyphwrightBorderWidth, a.border->width);
+  if (a.dropShadow) keys.setValue(VNTLGlyphwrightDropShadow, a.dropShadow->shadow);
+  if (a.insetShadow) keys.setValue(VNTLGlyphwrightInsetShadow, a.insetShadow->shadow);
+  if (!a.gradient) return keys;
+  keys.setValue(VNTLGlyphwrightGradientColors, a.gradient->colors);
+  keys.setValue(VNTLGlyphwrightGradientLocations,
+                std::vector<NSNumber>(a.gradient->points.begin(), a.gradient->points.end()));
+  for (const CGPoint& end : a.gradient->locations) {
+    keys.setValue(VNTLGlyphwrightGradientEndPoint, end);
+  }
+  return keys;
+}
+
+void expectSize(const UIImage& image, const UIImage& other) {
+  if (image.cgImage().pixelWidth() != other.cgImage().pixelWidth()) __builtin_trap();
 }
 
 }  // namespace
@@ -46,6 +69,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (input.coin()) attributes.gradient = gradientFrom(input);
   const UIBezierPath path = input.coin() ? UIBezierPath::bezierPathWithCGPath(input.path())
                                          : findClassMethod(iconMethodNames[input.below(183)])();
-  path.makeImage(attributes);
+  const UIImage blank = UIBezierPath().makeImage(
+      {.fillColor = UIColor(), .backgroundColor = UIColor(), .size = {width, height}});
+  expectSize(path.makeImage(attributes), blank);
+  expectSize(path.imageWithAttributes(keysOf(attributes)), blank);
   return 0;
 }

@@ -127,6 +127,19 @@ std::shared_ptr<CAAnimation> animation(fuzz::Input& input, int depth) {
   return result;
 }
 
+template <typename Gradient>
+void setGradient(fuzz::Input& input, Gradient& gradient) {
+  std::vector<CGColor> colors;
+  std::vector<CGFloat> locations;
+  for (std::size_t count = input.below(5); count > 0; --count) colors.push_back(input.color());
+  for (std::size_t count = input.below(5); count > 0; --count) locations.push_back(input.number());
+  gradient.setColors(std::move(colors));
+  if (input.coin()) gradient.setLocations(std::move(locations));
+  gradient.setStartPoint(input.point());
+  gradient.setEndPoint(input.point());
+  gradient.setType(input.coin() ? "conic" : "radial");
+}
+
 void setLook(fuzz::Input& input, CALayer& layer) {
   layer.setOpacity(input.number());
   layer.setCornerRadius(input.number());
@@ -142,10 +155,14 @@ void setLook(fuzz::Input& input, CALayer& layer) {
     shape->setLineWidth(input.number());
     shape->setStrokeEnd(input.number());
   }
-  if (auto* gradient = dynamic_cast<CAGradientLayer*>(&layer)) {
-    gradient->setColors({{input.color(), input.color()}});
-    gradient->setEndPoint(input.point());
-    gradient->setType(input.coin() ? "conic" : "radial");
+  if (auto* gradient = dynamic_cast<CAGradientLayer*>(&layer)) setGradient(input, *gradient);
+  if (auto* both = dynamic_cast<VNTLGradientShapeLayer*>(&layer)) {
+    both->setPath(input.path());
+    setGradient(input, *both);
+    if (!input.coin()) return;
+    both->strokeLayer()->setStrokeColor(input.color());
+    both->strokeLayer()->setLineWidth(input.number());
+    both->strokeLayer()->setStrokeStart(input.number());
   }
 }
 
@@ -165,7 +182,7 @@ void change(fuzz::Input& input, Layers& layers) {
       layer->setMask(other);
       break;
     case 4:
-      layer->setFrame(input.rect());
+      input.coin() ? layer->setFrame(input.rect()) : layer->setBounds(input.rect());
       break;
     case 5:
       layer->setAnchorPoint(input.point());

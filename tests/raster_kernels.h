@@ -65,6 +65,14 @@ class RasterKernels : public testing::TestWithParam<KernelSet> {
     return values;
   }
 
+  /// That what `run` gives of a set's loops is the same for this one and the plain one.
+  template <typename Run>
+  auto expectSame(Run run) {
+    const auto expected = run(plain_);
+    EXPECT_TRUE(run(fast_) == expected);
+    return expected;
+  }
+
   void SetUp() override {
     if (!GetParam().runsHere()) GTEST_SKIP() << "this processor lacks what the set needs";
   }

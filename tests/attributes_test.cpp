@@ -85,26 +85,6 @@ TEST(IconShadow, HoldsAnObjectOfItsOwn) {
   EXPECT_EQ(one.shadow->shadowColor(), kRed);
 }
 
-TEST(IconAttributes, FieldsStandInTheOrderOfTheInitialiser) {
-  const IconAttributes attributes{kRed,
-                                  kBlue,
-                                  IconStroke(kGreen, 2),
-                                  IconBorder(kBlue, 3),
-                                  IconShadow(kRed, {1, 0}, 4),
-                                  IconShadow(kBlue, {0, 1}, 5),
-                                  IconGradient({kRed}, {}, std::vector<CGFloat>{0}),
-                                  CGSize{6, 7}};
-  EXPECT_EQ(attributes.fillColor, kRed);
-  EXPECT_EQ(attributes.backgroundColor, kBlue);
-  EXPECT_EQ(attributes.stroke->width, 2);
-  EXPECT_EQ(attributes.border->width, 3);
-  EXPECT_EQ(attributes.border->color, kBlue);
-  EXPECT_EQ(attributes.dropShadow->blur, 4);
-  EXPECT_EQ(attributes.insetShadow->blur, 5);
-  EXPECT_EQ(attributes.gradient->colors.size(), 1U);
-  EXPECT_EQ(attributes.size, (CGSize{6, 7}));
-}
-
 TEST(AttributeDictionary, PublishesThirteenKeys) {
   const struct {
     VNTLGlyphwright key;

@@ -14,6 +14,7 @@
 #include <glyphwright/platform/context.h>
 #include <glyphwright/platform/image_renderer.h>
 #include <glyphwright/platform/vantel_kit.h>
+#include <glyphwright/presets/ready_made.h>
 #include <glyphwright/rendering/attribute_dictionary.h>
 #include <glyphwright/rendering/icon_attributes.h>
 
@@ -93,6 +94,11 @@ TEST(BadInput, SizesThatCannotBeDrawnGiveImagesWithoutPixels) {
     EXPECT_TRUE(makers[maker]({9, 9}).hasPixels()) << maker;
   }
   EXPECT_FALSE(UIBezierPath::heartPath().imageWithAttributes({}).hasPixels());
+  for (const presets::ReadyMadeImage& image : presets::readyMadeImages()) {
+    if (!image.usualSize) continue;
+    for (const CGSize size : sizes) EXPECT_FALSE(image.draw({.size = size}).hasPixels());
+    EXPECT_TRUE(image.draw({.size = {0.01, 0.01}}).hasPixels()) << image.name;
+  }
 }
 
 TEST(BadInput, AColourThatCannotBeReadIsNotOpaque) {

@@ -28,6 +28,9 @@ static const char *drawInto(const glyphwright_path *path, uint8_t *pixels, char 
   CHECK(glyphwright_render(path, &look, &buffer, &message) == GLYPHWRIGHT_BUFFER_MISMATCH);
   CHECK(strcmp(text, "the buffer has 31 x 24 pixels, the image 32 x 24") == 0);
   buffer.width = 32;
+  buffer.height = 23;
+  CHECK(glyphwright_render(path, &look, &buffer, 0) == GLYPHWRIGHT_BUFFER_MISMATCH);
+  buffer.height = 24;
   buffer.row_bytes = 127;
   CHECK(glyphwright_render(path, &look, &buffer, 0) == GLYPHWRIGHT_INVALID_ARGUMENT);
   buffer.row_bytes = 0;
@@ -86,6 +89,9 @@ const char *checkInterfaceFromC(void) {
   elements.point_count = 4;
   CHECK(glyphwright_path_made(&elements, &path, 0) == GLYPHWRIGHT_INVALID_ARGUMENT);
   elements.point_count = 5;
+  elements.verb_count = 2;
+  CHECK(glyphwright_path_made(&elements, &path, 0) == GLYPHWRIGHT_INVALID_ARGUMENT);
+  elements.verb_count = sizeof verbs;
   CHECK(glyphwright_path_made(&elements, &path, &message) == GLYPHWRIGHT_OK);
   memset(&elements, 0, sizeof elements);
   elements.struct_size = sizeof elements;

@@ -85,7 +85,8 @@ TEST(CliDiff, FindsWhatIsDifferentAndNothingElse) {
   EXPECT_EQ(other.status, 1);
   const auto json = nlohmann::json::parse(other.out);
   EXPECT_EQ(json.at("worst"), 2);
-  EXPECT_GT(json.at("differingPixels"), 150);
+  EXPECT_GT(json.at("differingPixels"), 200);
+  EXPECT_LT(json.at("differingPixels"), 400);
   EXPECT_LT(json.at("mean"), 1);
   EXPECT_EQ(cli_test::readPng(cli_test::readFile(picture)).width, 60U);
   EXPECT_EQ(figures({"--tolerance", "2"}).status, 0);
@@ -102,7 +103,7 @@ TEST(CliGlob, MatchesWholeNames) {
   };
   for (const Row& row :
        {Row{"*heart*", "brokenHeartPath", true}, Row{"*heart", "heartPath", false},
-        Row{"h?art*", "heartPath", true}, Row{"[g-h]eart*", "heartPath", true},
+        Row{"h?art*", "heartPath", true}, Row{"[g-i]eart*", "heartPath", true},
         Row{"[!h]eart*", "heartPath", false}, Row{"{play,stop}Path", "stopPath", true},
         Row{"{play,stop}Path", "playPaths", false}, Row{"*a*a*a*b", "aaaaaaaaaa", false},
         Row{"", "x", false}, Row{"*", "", true}}) {

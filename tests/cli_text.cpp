@@ -60,15 +60,6 @@ TEST(CliList, HoldsTheWholeCatalogueAsJson) {
   EXPECT_TRUE(std::ranges::equal(methods, iconMethodNames));
 }
 
-TEST(CliList, NamesEveryCaseAndMethodAsText) {
-  const Outcome result = run({"list"});
-  ASSERT_EQ(result.status, 0) << result.err;
-  for (const char* name : {"App.Shapes.Triangles.cornerCutTriangle", "Icons.superSurgoBannerIcon",
-                           "Recs.Gamepad.Surgo.surgoBolt", "errorIconPath"}) {
-    EXPECT_NE(result.out.find(name), std::string::npos) << name;
-  }
-}
-
 TEST(CliList, ShowsWhatFitsAWord) {
   const Outcome text = run({"list", "HEART"});
   EXPECT_EQ(text.status, 0);

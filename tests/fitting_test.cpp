@@ -1,15 +1,12 @@
 // Moving, scaling and centring paths.
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
-#include <random>
 
 #include <gtest/gtest.h>
 
 #include <glyphwright/bezier_path.h>
 #include <glyphwright/catalogue/icon_type.h>
-#include <glyphwright/rendering/fitting.h>
 
 namespace glyphwright {
 namespace {
@@ -23,16 +20,6 @@ UIBezierPath horizontalLine(CGFloat length) {
   path.moveToPoint({0, 0});
   path.addLineToPoint({length, 0});
   return path;
-}
-
-TEST(Fitting, StepByStep) {
-  UIBezierPath path = box(10, 20, 40, 20);
-  path.translateToZeroPoint();
-  EXPECT_EQ(path.bounds(), CGRect(0, 0, 40, 20));
-  path.scaleToFitSize({100, 100});
-  EXPECT_EQ(path.bounds(), CGRect(0, 0, 100, 50));
-  path.centerAlignWithinSize({100, 100});
-  EXPECT_EQ(path.bounds(), CGRect(0, 25, 100, 50));
 }
 
 TEST(Fitting, ScalesAboutTheOrigin) {
@@ -69,34 +56,6 @@ TEST(Fitting, CentringIgnoresTheOrigin) {
   UIBezierPath large = box(0, 0, 40, 20);
   large.centerAlignWithinSize({20, 20});
   EXPECT_EQ(large.bounds(), CGRect(-10, 0, 40, 20));
-}
-
-TEST(Fitting, OneTransformEqualsTheSteps) {
-  std::mt19937 random(7);
-  std::uniform_real_distribution<double> coordinate(-50, 50);
-  std::uniform_real_distribution<double> side(-20, 200);
-  for (int i = 0; i < 200; ++i) {
-    UIBezierPath path;
-    path.moveToPoint({coordinate(random), coordinate(random)});
-    path.addCurveToPoint({coordinate(random), coordinate(random)},
-                         {coordinate(random), coordinate(random)},
-                         {coordinate(random), coordinate(random)});
-    const CGSize inner{side(random), side(random)};
-    const CGSize outer{side(random), side(random)};
-    for (const bool toOrigin : {false, true}) {
-      UIBezierPath stepped = path;
-      if (toOrigin) stepped.translateToZeroPoint();
-      stepped.scaleToFitSize(inner);
-      stepped.centerAlignWithinSize(outer);
-      UIBezierPath once = path;
-      once.applyTransform(toOrigin ? rendering::originFittingTransform(path.bounds(), inner, outer)
-                                   : rendering::fittingTransform(path.bounds(), inner, outer));
-      for (std::size_t p = 0; p < once.cgPath().points().size(); ++p) {
-        EXPECT_NEAR(once.cgPath().points()[p].x, stepped.cgPath().points()[p].x, 1e-9);
-        EXPECT_NEAR(once.cgPath().points()[p].y, stepped.cgPath().points()[p].y, 1e-9);
-      }
-    }
-  }
 }
 
 TEST(Fitting, IconsByTypeAreSizedButNotCentred) {

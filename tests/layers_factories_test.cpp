@@ -71,39 +71,6 @@ AttributeDictionary attributes(CGSize size) {
           {VNTLGlyphwrightStrokeColor, UIColor::clearColor()}};
 }
 
-// The outline filled at full size and the icon's image at 85 % in its middle, drawn by hand.
-UIImage framedByHand(const UIBezierPath& outline, VNTLIconType icon, CGSize size) {
-  UIGraphicsBeginImageContextWithOptions(size, false, VantelKit::Screen::scale());
-  const CGContextRef context = UIGraphicsGetCurrentContext();
-  UIBezierPath path = outline;
-  path.translateToZeroPoint();
-  path.scaleToFitSize(size);
-  path.centerAlignWithinSize(size);
-  CGContextSetFillColor(context, kRed);
-  CGContextFillPath(context, path.cgPath(), false);
-  const CGSize inner{size.width * 0.85, size.height * 0.85};
-  const CGFloat margin = (1 - 0.85) / 2;
-  UIBezierPath::imageWithIcon(icon, attributes(inner))
-      .drawInRect({{size.width * margin, size.height * margin}, inner});
-  const UIImage image = UIGraphicsGetImageFromCurrentImageContext().value();
-  UIGraphicsEndImageContext();
-  return image;
-}
-
-TEST(OutlinedIcons, TheIconStandsAtEightyFivePercentOnItsOutline) {
-  const pixels::ScreenScale scale(2);
-  const CGSize size{40, 40};
-  const auto people = VNTLIconType::peopleBadge;
-  const auto badge = VNTLIconType::badgeOutline;
-  const UIImage framed = UIBezierPath::imageWithIcon(people, attributes(size), kRed);
-  pixels::expectSamePixels(framed, framedByHand(UIBezierPath::badgeOutline(), people, size));
-  EXPECT_GT(
-      pixels::largestDifference(framed, framedByHand(UIBezierPath::peopleBadge(), people, size)),
-      0);
-  pixels::expectSamePixels(UIBezierPath::imageWithIcon(badge, attributes(size), kRed),
-                           framedByHand(UIBezierPath::badgeOutline(), badge, size));
-}
-
 TEST(OutlinedIcons, ABackgroundLayerIsDrawnBehindAndKeepsTheOutline) {
   const pixels::ScreenScale scale(1);
   const auto background = CALayer::layer();

@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <glyphwright/platform/layers/shape_layer.h>
+#include <glyphwright/platform/layers/layer.h>
 #include <glyphwright/platform/math.h>
 
 namespace glyphwright {
@@ -132,25 +132,6 @@ TEST(LayerGeometry, NaNIsRefusedAndChangesNothing) {
   EXPECT_THROW(layer->setZPosition(kNaN), std::invalid_argument);
   EXPECT_EQ(layer->frame(), CGRect(10, 20, 100, 50));
   EXPECT_EQ(layer->zPosition(), 0);
-}
-
-TEST(LayerGeometry, NewLayersHaveTheirDefaults) {
-  const auto layer = CAShapeLayer::layer();
-  EXPECT_EQ(layer->bounds(), CGRectZero);
-  EXPECT_EQ(layer->anchorPoint(), (CGPoint{0.5, 0.5}));
-  EXPECT_EQ(layer->opacity(), 1);
-  EXPECT_EQ(layer->contentsScale(), 1);
-  EXPECT_FALSE(layer->masksToBounds());
-  EXPECT_FALSE(layer->backgroundColor());
-  EXPECT_FALSE(layer->sublayers());
-  EXPECT_FALSE(layer->path());
-  EXPECT_EQ(layer->fillColor(), UIColor::blackColor());
-  EXPECT_FALSE(layer->strokeColor());
-  EXPECT_EQ(layer->fillRule(), CAShapeLayerFillRule::nonZero);
-  EXPECT_EQ(layer->lineWidth(), 1);
-  EXPECT_EQ(layer->miterLimit(), 10);
-  EXPECT_EQ(layer->strokeStart(), 0);
-  EXPECT_EQ(layer->strokeEnd(), 1);
 }
 
 }  // namespace

@@ -100,26 +100,6 @@ TEST(GradientShapeLayer, NaNReachesNoInnerLayer) {
   EXPECT_EQ(layer->maskLayer()->frame(), CGRect(0, 0, 40, 40));
 }
 
-TEST(GradientShapeLayer, GradientPropertiesAreTheGradientLayers) {
-  const auto layer = VNTLGradientShapeLayer::layer();
-  EXPECT_FALSE(layer->colors());
-  EXPECT_FALSE(layer->locations());
-  EXPECT_EQ(layer->startPoint(), (CGPoint{0.5, 0}));
-  EXPECT_EQ(layer->endPoint(), (CGPoint{0.5, 1}));
-  EXPECT_EQ(layer->type(), "axial");
-  const std::vector<CGColor> colors{UIColor(1, 0, 0, 1), UIColor(0, 0, 1, 1)};
-  layer->setColors(colors);
-  layer->setLocations({{0.25, 0.75}});
-  layer->setStartPoint({0, 0});
-  layer->setEndPoint({1, 1});
-  layer->setType("spiral");
-  EXPECT_EQ(layer->gradientLayer()->colors(), colors);
-  EXPECT_EQ(layer->gradientLayer()->locations(), (std::vector<CGFloat>{0.25, 0.75}));
-  EXPECT_EQ(layer->gradientLayer()->startPoint(), (CGPoint{0, 0}));
-  EXPECT_EQ(layer->gradientLayer()->endPoint(), (CGPoint{1, 1}));
-  EXPECT_EQ(layer->type(), "spiral");
-}
-
 TEST(GradientShapeLayer, AnimationsAreHandedOnByKeyPath) {
   struct Case {
     const char* keyPath;

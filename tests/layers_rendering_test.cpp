@@ -1,12 +1,10 @@
 #include <functional>
 #include <limits>
 #include <memory>
-#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include <glyphwright/platform/math.h>
 #include <tests/layer_pictures.h>
 
 namespace glyphwright {
@@ -37,47 +35,6 @@ TEST(LayerRendering, AShapeIsItsFillAndThenItsStroke) {
     });
     pixels::expectSamePixels(drawn(*layer), byHand);
   }
-}
-
-TEST(LayerRendering, GradientsAreTheContextsOwn) {
-  const CGRect box{4, 2, 30, 20};
-  const CGPoint start{4 + 0.25 * 30, 2 + 0.2 * 20};
-  const CGPoint end{4 + 0.9 * 30, 2 + 0.7 * 20};
-  const auto layer = CAGradientLayer::layer();
-  layer->setBounds(box);
-  setGradient(*layer);
-  const CGGradient gradient(stops());
-  const std::vector<std::pair<std::string, std::function<void(CGContextRef)>>> kinds{
-      {"axial",
-       [&](CGContextRef context) {
-         CGContextDrawLinearGradient(context, gradient, start, end,
-                                     CGGradientDrawingOptions::drawsBeforeAndAfter);
-       }},
-      {"radial",
-       [&](CGContextRef context) {
-         CGContextTranslateCTM(context, start.x, start.y);
-         CGContextScaleCTM(context, end.x - start.x, end.y - start.y);
-         CGContextDrawRadialGradient(context, gradient, {0, 0}, 1);
-       }},
-      {"conic",
-       [&](CGContextRef context) {
-         CGContextDrawConicGradient(context, gradient, start,
-                                    math::atan2(end.y - start.y, end.x - start.x));
-       }},
-  };
-  for (const auto& kind : kinds) {
-    layer->setType(kind.first);
-    const UIImage byHand = drawn([&](CGContextRef context) {
-      CGContextClipToRect(context, box);
-      kind.second(context);
-    });
-    pixels::expectSamePixels(drawn(*layer), byHand);
-    EXPECT_EQ(pixels::paintedBox(byHand), (pixels::Box{8, 4, 68, 44})) << kind.first;
-  }
-  layer->setType("spiral");
-  const UIImage unknown = drawn(*layer);
-  layer->setType("axial");
-  pixels::expectSamePixels(unknown, drawn(*layer));
 }
 
 TEST(LayerRendering, AGradientShapeIsAGradientThroughItsPath) {
@@ -295,33 +252,6 @@ TEST(LayerRendering, WhatCannotBeDrawnIsNot) {
     EXPECT_EQ(pixels::paintedBox(drawn(*shape)), pixels::Box{});
   }
   shape->renderInContext(nullptr);
-}
-
-TEST(LayerRendering, HugeAndInfiniteGeometryEnds) {
-  constexpr CGFloat huge = 1e300;
-  constexpr CGFloat infinity = std::numeric_limits<CGFloat>::infinity();
-  for (const CGFloat side : {1e9, huge, infinity}) {
-    const auto layer = CAGradientLayer::layer();
-    layer->setBounds({0, 0, side, side});
-    layer->setColors({{kRed, kGreen}});
-    layer->setBackgroundColor(kBlue);
-    layer->setBorderWidth(side);
-    layer->setCornerRadius(side);
-    layer->setMasksToBounds(true);
-    layer->setOpacity(0.5);
-    const auto sublayer = CAShapeLayer::layer();
-    sublayer->setPath(figure());
-    sublayer->setPosition({side, -side});
-    sublayer->setTransform(CGAffineTransformMakeScale(side, 0));
-    sublayer->setStrokeColor(kRed);
-    sublayer->setLineWidth(side);
-    layer->addSublayer(sublayer);
-    const auto mask = CAGradientLayer::layer();
-    mask->setBounds({0, 0, side, side});
-    mask->setColors({{kRed, UIColor::clearColor()}});
-    layer->setMask(mask);
-    EXPECT_EQ(drawn(*layer).cgImage().pixelWidth(), 80U);
-  }
 }
 
 TEST(LayerRendering, TheContextsStateIsLeftAsItWas) {

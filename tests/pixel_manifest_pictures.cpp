@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -280,6 +281,19 @@ void addReadyMade(std::vector<Picture>& list) {
       list.push_back({name + "@" + std::to_string(scale) + "x", [look, scale] {
                         const pixels::ScreenScale screen(scale);
                         return look.preset->draw(look.arguments);
+                      }});
+    }
+  }
+  // Canvases that leave room, and such as crop.
+  for (const cli::Preset& preset : cli::allPresets()) {
+    if (!preset.usualSize) continue;
+    const CGSize usual = *preset.usualSize;
+    for (const CGSize size : {CGSize{16, 11}, CGSize{usual.width * 2, usual.height + 7}}) {
+      std::string name = std::string(preset.name) + '-' + std::to_string(std::lround(size.width));
+      std::replace(name.begin(), name.end(), '.', '-');
+      list.push_back({std::move(name), [&preset, size] {
+                        const pixels::ScreenScale screen(2);
+                        return preset.draw({.size = size, .backgroundColor = kTeal});
                       }});
     }
   }

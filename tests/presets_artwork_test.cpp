@@ -16,44 +16,37 @@
 namespace glyphwright::presets {
 namespace {
 
-struct Named {
-  const char* name;
-  Painting painting;
-};
-
 // Every painting there is; those whose pieces depend on arguments with one set of them.
-std::vector<Named> allPaintings() {
+std::vector<Painting> allPaintings() {
   static const Piece vinyl[] = {vinylPiece(palette::grey)};
   static const auto safebeam = safebeamPieces(true, true);
   static const auto camera = cameraGradientPieces({38, 38});
   static const auto share = referralSharePieces({76, 73}, palette::white);
-  return {
-      {"stickerNormal", stickerNormal},
-      {"stickerSelected", stickerSelected},
-      {"stickerNormalBorderless", stickerNormalBorderless},
-      {"stickerSelectedBorderless", stickerSelectedBorderless},
-      {"gifNormal", gifNormal},
-      {"gifSelected", gifSelected},
-      {"contactCardNormal", contactCardNormal},
-      {"contactCardSelected", contactCardSelected},
-      {"vinyl", {vinylFrame, vinyl}},
-      {"safebeamNormal", safebeamNormal},
-      {"safebeamSelected", safebeamSelected},
-      {"moodraNormal", moodraNormal},
-      {"moodraWithBackground", moodraWithBackground},
-      {"moodraVariant2", moodraVariant2},
-      {"moodraSelected", moodraSelected},
-      {"pinChatCTA", pinChatCTA},
-      {"pinChatAttribution", pinChatAttribution},
-      {"pinChatStarParticle", pinChatStarParticle},
-      {"safebeam", {safebeamFrame, safebeam}},
-      {"camera", {{38, 38}, camera, &palette::cameraGradient}},
-      {"loopPlay", loopPlay},
-      {"referralHeader", referralHeader},
-      {"referralCopy", referralCopy},
-      {"referralShare", {referralShareFrame, share, &palette::referralGradient}},
-      {"referralReward", referralReward},
-  };
+  return {stickerNormal,
+          stickerSelected,
+          stickerNormalBorderless,
+          stickerSelectedBorderless,
+          gifNormal,
+          gifSelected,
+          contactCardNormal,
+          contactCardSelected,
+          {vinylFrame, vinyl},
+          safebeamNormal,
+          safebeamSelected,
+          moodraNormal,
+          moodraWithBackground,
+          moodraVariant2,
+          moodraSelected,
+          pinChatCTA,
+          pinChatAttribution,
+          pinChatStarParticle,
+          {safebeamFrame, safebeam},
+          {{38, 38}, camera, &palette::cameraGradient},
+          loopPlay,
+          referralHeader,
+          referralCopy,
+          {referralShareFrame, share, &palette::referralGradient},
+          referralReward};
 }
 
 // What a piece paints and the clips it paints through.
@@ -85,16 +78,15 @@ bool isOneOf(const Shape& shape, std::initializer_list<const paths::Step*> steps
 
 TEST(PresetsArtwork, OutlinesKeepTheRulesOfDrawing) {
   int seen = 0;
-  for (const auto& [name, painting] : allPaintings()) {
+  for (const Painting& painting : allPaintings()) {
     for (const Piece& piece : painting.pieces) {
       for (const Shape& shape : std::visit(ShapesOf{}, piece)) {
         if (shape.kind != Shape::Kind::outline) continue;
         ++seen;
         const outline_check::Report report = outline_check::check(pathOf(shape).cgPath());
-        const std::string what = std::string(name) + ", from " +
-                                 testing::PrintToString(report.frame.origin.x) + ", " +
-                                 testing::PrintToString(report.frame.origin.y);
-        SCOPED_TRACE(what);
+        SCOPED_TRACE(testing::PrintToString(painting.frame) + ", from " +
+                     testing::PrintToString(report.frame.origin.x) + ", " +
+                     testing::PrintToString(report.frame.origin.y));
         // The beam is an open line, to be stroked. The sticker's disc runs from its top to the
         // left. The letters of the animated pictures are holes of the plate, also where they are
         // painted on it.

@@ -71,24 +71,6 @@ TEST(DropShadow, RedrawsAtTheScreenScale) {
   EXPECT_EQ(at(redrawn, 60, 60), kRed);
 }
 
-TEST(InsetShadow, DarkensTheSidesThatTheOffsetPointsAwayFrom) {
-  const struct {
-    CGSize offset;
-    Box dark;
-  } rows[] = {
-      {{4, 0}, {20, 20, 28, 60}},  {{-4, 0}, {52, 20, 60, 60}}, {{0, 3}, {20, 20, 60, 26}},
-      {{0, -3}, {20, 54, 60, 60}}, {{0, 0}, {0, 0, 0, 0}},      {{50, 0}, {20, 20, 60, 60}},
-  };
-  for (const auto& row : rows) {
-    const UIImage image = drawn({40, 40}, 2, [&](CGContextRef) {
-      UIBezierPath::bezierPathWithRect({10, 10, 20, 20})
-          .drawInsetShadow(shadowOf(row.offset, 0, blue));
-    });
-    EXPECT_EQ(paintedBox(image), row.dark) << row.offset.width << ' ' << row.offset.height;
-    EXPECT_EQ(boxAround(image, [](const Rgba& p) { return p == kBlue; }), row.dark);
-  }
-}
-
 TEST(InsetShadow, AgreesWithThePlainSteps) {
   UIBezierPath filledTwice = UIBezierPath::bezierPathWithRect({2, 2, 36, 30});
   filledTwice.appendPath(UIBezierPath::bezierPathWithRect({10, 10, 12, 12}));
@@ -160,31 +142,6 @@ TEST(DropShadow, OnAnOpaqueBackgroundOnlyTheRecordsShadowShows) {
   }
   EXPECT_EQ(at(keyed, 38, 20), kWhite);
   EXPECT_EQ(at(recorded, 38, 20), kBlue);
-}
-
-TEST(DropShadow, TheRecordCastsOneShadowOfAllThatIsDrawn) {
-  const ScreenScale scale(1);
-  const UIBezierPath square = UIBezierPath::bezierPathWithRect({0, 0, 20, 20});
-  IconAttributes attributes{.fillColor = red,
-                            .backgroundColor = clear,
-                            .stroke = IconStroke(UIColor(0, 1, 0, 1), 2),
-                            .dropShadow = IconShadow(UIColor(0, 0, 1, 0.5), {3, 3}, 2),
-                            .size = {40, 40}};
-  // d = 2 + 2 + 6: the square lies between 5 and 35, its outline between 4 and 36.
-  const UIImage flat = square.makeImage(attributes);
-  EXPECT_EQ(boxAround(flat, [](const Rgba& p) { return p == kGreen; }), (Box{4, 4, 36, 36}));
-  EXPECT_EQ(boxAround(flat, [](const Rgba& p) { return p == kRed; }), (Box{6, 6, 34, 34}))
-      << "the outline throws no shadow on the fill";
-  EXPECT_NEAR(at(flat, 36, 20).alpha, 127, 2) << "the outline's shadow";
-
-  attributes.gradient = IconGradient({red, red}, {}, IconGradient::Direction::topToBottom);
-  expectSamePixels(square.makeImage(attributes), flat);
-
-  attributes.gradient.reset();
-  attributes.stroke->color = clear;
-  const UIImage bare = square.makeImage(attributes);
-  EXPECT_NEAR(at(bare, 35, 20).alpha, 127, 2);
-  EXPECT_EQ(at(bare, 4, 20), kNone);
 }
 
 }  // namespace

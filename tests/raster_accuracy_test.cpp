@@ -168,27 +168,6 @@ TEST(RasterAccuracy, CurvesStayWithinSixLevelsWithoutBias) {
   }
 }
 
-TEST(RasterAccuracy, RoundStrokesCoverTheirNeighbourhood) {
-  for (const std::string_view name : {"heartPath", "starPath", "boltPath", "flamePath"}) {
-    for (const CGFloat width : {1.0, 2.5, 7.0}) {
-      UIBezierPath path = fitted(findClassMethod(name)(), 80);
-      path.applyTransform(CGAffineTransformMakeTranslation(8, 8));
-      path.setLineWidth(width);
-      path.setLineCapStyle(CGLineCap::round);
-      path.setLineJoinStyle(CGLineJoin::round);
-      const UIImage image = drawn(96, [&] { path.stroke(); });
-      ASSERT_TRUE(image.hasPixels());
-      Errors errors;
-      errors.add(reference::neighbourhood(path.cgPath(), width / 2, 96, 96), image);
-      // The reference itself counts 256 samples a pixel; pixels where both sides of a thin line
-      // or two arms of a corner meet are the coarsest.
-      EXPECT_LE(errors.mean(), 2) << name << ", width " << width;
-      EXPECT_NEAR(errors.bias(), 0, 0.6) << name << ", width " << width;
-      EXPECT_LE(errors.worstElsewhere, 6) << name << ", width " << width;
-    }
-  }
-}
-
 /// The shadow of `path` alone: the caster stands one canvas to the left, out of sight.
 UIImage shadowOf(UIBezierPath path, std::size_t side, CGFloat blurPixels, CGFloat scale) {
   const CGFloat points = static_cast<CGFloat>(side) / scale;

@@ -44,24 +44,6 @@ TEST(DictionaryImage, TheHairlineNeedsAPathWithALine) {
 
 TEST(DictionaryImage, OpaqueExactlyWhenTheBackgroundIs) {
   const ScreenScale scale(1);
-  const struct {
-    UIColor background;
-    Rgba corner;
-    int alphaOfHalfPaint;
-  } rows[] = {
-      {blue, kBlue, 255},
-      {UIColor(0, 0, 1, 0.5), {0, 0, 128, 128}, 192},
-      {clear, kNone, 128},
-  };
-  for (const auto& row : rows) {
-    const UIImage image =
-        wide().imageWithAttributes({{VNTLGlyphwrightSize, CGSize{40, 40}},
-                                    {VNTLGlyphwrightBackgroundColor, row.background},
-                                    {VNTLGlyphwrightFillColor, UIColor(1, 0, 0, 0.5)},
-                                    {VNTLGlyphwrightStrokeColor, clear}});
-    EXPECT_EQ(at(image, 0, 0), row.corner);
-    EXPECT_NEAR(at(image, 20, 20).alpha, row.alphaOfHalfPaint, 1);
-  }
   // A size between whole pixels leaves the last column partly covered, unless the image is opaque.
   for (const bool opaque : {false, true}) {
     const UIImage image = wide().imageWithAttributes(

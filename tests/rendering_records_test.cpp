@@ -19,7 +19,6 @@ namespace {
 
 using namespace pixels;
 using App::Shapes::Checks;
-using App::Shapes::Circles;
 
 IconAttributes flat(CGSize size) {
   return {.fillColor = red, .backgroundColor = clear, .stroke = IconStroke(clear, 0), .size = size};
@@ -124,27 +123,9 @@ TEST(RecordImage, ABlurBelowZeroReadsAsZero) {
   }
 }
 
-TEST(Canvas, LaysImagesOutAtScaleOne) {
+// What a canvas looks like is in the manifest of pictures.
+TEST(Canvas, CountsDecideWhateverTheScreensScale) {
   const ScreenScale scale(3);
-  const std::vector<Pathable> icons = {Circles::circle, Checks::checkmark};
-  const std::vector<IconAttributes> attributes = {
-      {.fillColor = red, .backgroundColor = red, .stroke = IconStroke(clear, 0), .size = {20, 20}},
-      {.fillColor = blue, .backgroundColor = blue, .stroke = IconStroke(clear, 0), .size = {5, 5}}};
-  const std::vector<CGPoint> positions = {{0, 0}, {30, 10}};
-  const std::vector<CGSize> sizes = {{40, 40}, {20, 10}, {9, 9}};
-  const UIImage canvas =
-      UIBezierPath::newImage(icons, attributes, positions, sizes, CGSize{60, 50});
-  EXPECT_EQ(canvas.scale(), 1);
-  EXPECT_EQ(canvas.size(), (CGSize{60, 50}));
-  EXPECT_EQ(canvas.cgImage().pixelWidth(), 60U);
-  EXPECT_EQ(boxAround(canvas, [](const Rgba& p) { return p == kRed; }), (Box{0, 0, 40, 40}));
-  EXPECT_EQ(boxAround(canvas, [](const Rgba& p) { return p == kBlue; }), (Box{30, 10, 50, 20}))
-      << "later icons lie over earlier ones";
-  EXPECT_EQ(at(canvas, 55, 45), kNone);
-  EXPECT_EQ(UIGraphicsGetCurrentContext(), nullptr);
-}
-
-TEST(Canvas, CountsDecide) {
   const std::vector<Pathable> icons(2, Pathable(Checks::checkmark));
   const std::vector<IconAttributes> attributes(2, flat({4, 4}));
   const std::vector<CGPoint> positions(3);
@@ -162,6 +143,7 @@ TEST(Canvas, CountsDecide) {
   EXPECT_TRUE(render(1, 1, 1, 2).hasPixels());
   const UIImage blank = render(0, 0, 0, 0);
   EXPECT_EQ(blank.size(), (CGSize{8, 8}));
+  EXPECT_EQ(blank.scale(), 1);
   EXPECT_EQ(paintedBox(blank), Box{});
   EXPECT_DEATH(render(2, 2, 2, 1), "out of range");
 }

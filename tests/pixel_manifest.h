@@ -20,6 +20,10 @@ struct Picture {
 /// conveniences, layers, and the ready-made images.
 std::vector<Picture> pictures();
 
+/// Those of them that are drawn with contexts alone, and with layers.
+void addContexts(std::vector<Picture>& list);
+void addLayers(std::vector<Picture>& list);
+
 /// FNV-1a in 64 bits over the width, the height and the premultiplied bytes.
 std::uint64_t hashOf(const CGImage& image);
 

@@ -18,7 +18,6 @@
 #include <glyphwright/rendering/attribute_dictionary.h>
 #include <glyphwright/rendering/icon_attributes.h>
 
-#include "layer_pictures.h"
 #include "pixel_manifest.h"
 #include "pixels.h"
 #include "tools/painting_looks.h"
@@ -103,17 +102,18 @@ void addOthers(std::vector<Picture>& list) {
   list.push_back(
       {"dictionary-everything", [] {
          const pixels::ScreenScale scale(2);
-         return UIBezierPath::imageWithIcon(
-             VNTLIconType::gear,
-             {{VNTLGlyphwrightSize, CGSize{60, 44}},
-              {VNTLGlyphwrightGradientColors, std::vector<UIColor>{kRose, kAmber, kTeal}},
-              {VNTLGlyphwrightGradientLocations, std::vector<NSNumber>{0, 0.3, 1}},
-              {VNTLGlyphwrightStrokeColor, kInk},
-              {VNTLGlyphwrightStrokeWidth, 1.5},
-              {VNTLGlyphwrightBorderColor, kAmber},
-              {VNTLGlyphwrightBorderWidth, 2},
-              {VNTLGlyphwrightInsetShadow, IconShadow(kShade, {0, 1}, 2).shadow},
-              {VNTLGlyphwrightDropShadow, IconShadow(kShade, {1, 1}, 3).shadow}});
+         // One by one: gcc 12 destroys what it has not made where a list throws midway.
+         AttributeDictionary look;
+         look.setValue(VNTLGlyphwrightSize, CGSize{60, 44});
+         look.setValue(VNTLGlyphwrightGradientColors, std::vector<UIColor>{kRose, kAmber, kTeal});
+         look.setValue(VNTLGlyphwrightGradientLocations, std::vector<NSNumber>{0, 0.3, 1});
+         look.setValue(VNTLGlyphwrightStrokeColor, kInk);
+         look.setValue(VNTLGlyphwrightStrokeWidth, 1.5);
+         look.setValue(VNTLGlyphwrightBorderColor, kAmber);
+         look.setValue(VNTLGlyphwrightBorderWidth, 2);
+         look.setValue(VNTLGlyphwrightInsetShadow, IconShadow(kShade, {0, 1}, 2).shadow);
+         look.setValue(VNTLGlyphwrightDropShadow, IconShadow(kShade, {1, 1}, 3).shadow);
+         return UIBezierPath::imageWithIcon(VNTLIconType::gear, look);
        }});
   list.push_back({"stroke-color",
                   [] { return UIBezierPath::pencilPath().imageWithStrokeColor(kRose, kTeal); }});
@@ -121,9 +121,9 @@ void addOthers(std::vector<Picture>& list) {
       {"canvas", [] {
          const std::vector<Pathable> icons = {App::Shapes::Circles::circle,
                                               App::Shapes::Checks::checkmark};
-         IconAttributes light = plain(24);
-         light.fillColor = UIColor::whiteColor();
-         const std::vector<IconAttributes> attributes = {plain(20), light};
+         std::vector<IconAttributes> attributes(2, plain(20));
+         attributes[1] = plain(24);
+         attributes[1].fillColor = UIColor::whiteColor();
          const std::vector<CGPoint> positions = {{2, 2}, {17.5, 20.25}};
          const std::vector<CGSize> sizes = {{60, 60}, {31, 23}};
          return UIBezierPath::newImage(icons, attributes, positions, sizes, CGSize{64, 64});
@@ -200,79 +200,6 @@ void addConveniences(std::vector<Picture>& list) {
   });
 }
 
-void addLayers(std::vector<Picture>& list) {
-  using namespace layerPictures;
-  // A board with round corners that its content, three gradients, a trimmed stroke and a picture,
-  // does not leave.
-  const auto board = [] {
-    const auto layer = CALayer::layer();
-    layer->setBounds({0, 0, 40, 40});
-    layer->setBackgroundColor(kAmber);
-    layer->setCornerRadius(11.5);
-    layer->setMasksToBounds(true);
-    layer->setBorderWidth(1.5);
-    layer->setBorderColor(kTeal);
-    CGFloat turn = 0;
-    for (const std::string_view type :
-         {kCAGradientLayerAxial, kCAGradientLayerRadial, kCAGradientLayerConic}) {
-      const auto gradient = CAGradientLayer::layer();
-      setGradient(*gradient);
-      gradient->setType(std::string(type));
-      gradient->setFrame({3 + 11 * turn, 4, 13, 16});
-      gradient->setTransform(CGAffineTransformMakeRotation(0.3 * turn));
-      gradient->setCornerRadius(3);
-      layer->addSublayer(gradient);
-      turn += 1;
-    }
-    const auto shape = CAShapeLayer::layer();
-    shape->setPath(figure());
-    shape->setFillRule(CAShapeLayerFillRule::evenOdd);
-    shape->setFillColor(kRose.colorWithAlphaComponent(0.5));
-    shape->setStrokeColor(kInk);
-    shape->setLineWidth(2.5);
-    shape->setLineCap(CGLineCap::round);
-    shape->setStrokeStart(0.1);
-    shape->setStrokeEnd(0.8);
-    layer->addSublayer(shape);
-    const auto picture = CALayer::layer();
-    picture->setFrame({22, 24, 14, 12});
-    picture->setContents(UIBezierPath::gearPath().makeImage(plain(20)).cgImage());
-    picture->setContentsGravity(CALayerContentsGravity::resizeAspect);
-    picture->setOpacity(0.8);
-    layer->addSublayer(picture);
-    return layer;
-  };
-  list.push_back({"layer-board", [=] { return drawn(*board()); }});
-  list.push_back({"layer-translucent", [=] {
-                    const auto layer = board();
-                    layer->setOpacity(0.6);
-                    return drawn(*layer);
-                  }});
-  list.push_back({"layer-masked", [=] {
-                    const auto layer = board();
-                    const auto mask = CAGradientLayer::layer();
-                    mask->setFrame({2, 1, 36.5, 38});
-                    setGradient(*mask);
-                    layer->setMask(mask);
-                    return drawn(*layer);
-                  }});
-  list.push_back({"layer-clipped", [=] {
-                    const auto layer = board();
-                    const auto mask = CAShapeLayer::layer();
-                    mask->setPath(figure());
-                    layer->setMask(mask);
-                    return drawn(*layer);
-                  }});
-  list.push_back(
-      {"layer-gradient-shape", [] {
-         const auto layer = UIBezierPath::heartPath().vntl_gradientShapeLayerWithSize({40, 40});
-         setGradient(*layer->gradientLayer());
-         layer->strokeLayer()->setStrokeColor(kInk);
-         layer->strokeLayer()->setLineWidth(1.5);
-         return drawn(*layer);
-       }});
-}
-
 void addReadyMade(std::vector<Picture>& list) {
   for (const cli::PaintingLook& look : cli::allPaintingLooks()) {
     std::string name = look.fileName();
@@ -308,6 +235,7 @@ std::vector<Picture> pictures() {
   addOthers(list);
   addGlyphs(list);
   addConveniences(list);
+  addContexts(list);
   addLayers(list);
   addReadyMade(list);
   return list;

@@ -40,14 +40,11 @@ inline constexpr UIColor green(0, 1, 0, 1);
 inline constexpr UIColor blue(0, 0, 1, 1);
 inline constexpr UIColor clear(0, 0, 0, 0);
 
-/// What `draw` leaves in a clear context, which it is given.
+/// What `draw` leaves in a clear context, which it is given; at scale 0 at the screen's.
 template <typename Draw>
 UIImage drawn(CGSize size, CGFloat scale, Draw draw) {
-  UIGraphicsBeginImageContextWithOptions(size, false, scale);
-  draw(UIGraphicsGetCurrentContext());
-  const auto image = UIGraphicsGetImageFromCurrentImageContext();
-  UIGraphicsEndImageContext();
-  return image.value_or(UIImage());
+  return UIImage::render(size, scale, [&](CGContext& context) { draw(&context); })
+      .value_or(UIImage());
 }
 
 /// The pixel in a column and a row; none outside the image.

@@ -256,7 +256,7 @@ TEST(RasterStack, SizesAreRoundedUpToPixelsButForNoise) {
     CGFloat scale;
     std::size_t width, height;
   };
-  for (const Case& c : {Case{{0.1, 0.7}, 30, 3, 21}, Case{{0.7, 0.1}, 30, 21, 3},
+  for (const Case& c : {Case{{1.1, 0.7}, 10, 11, 7}, Case{{0.7, 1.1}, 10, 7, 11},
                         Case{{10.5, 7.01}, 1, 11, 8}, Case{{1e-9, 1e-9}, 1, 1, 1}}) {
     const UIImage image = pixels::drawn(c.size, c.scale, [](CGContextRef) {});
     EXPECT_EQ(image.cgImage().pixelWidth(), c.width) << c.size.width;

@@ -30,19 +30,6 @@ std::shared_ptr<CABasicAnimation> animationOf(const char* keyPath) {
   return animation;
 }
 
-TEST(GradientShapeLayer, IsMadeOfAMaskedGradientLayer) {
-  const auto layer = VNTLGradientShapeLayer::layer();
-  const auto mask = layer->maskLayer();
-  const auto gradient = layer->gradientLayer();
-  EXPECT_EQ(gradient->mask(), mask);
-  EXPECT_EQ(mask->fillColor(), UIColor::blackColor());
-  EXPECT_EQ(mask->superlayer(), gradient.get());
-  ASSERT_EQ(layer->sublayers()->size(), 1U);
-  EXPECT_EQ(layer->sublayers()->front(), gradient);
-  EXPECT_EQ(layer->gradientSubLayers(), (Layers{mask, gradient}));
-  EXPECT_EQ(layer->animatableSublayers(), (Layers{mask, gradient}));
-}
-
 TEST(GradientShapeLayer, TheStrokeLayerIsMadeWhenAskedForAndStaysInStep) {
   const auto layer = VNTLGradientShapeLayer::layer();
   layer->setBounds({0, 0, 40, 30});
@@ -198,25 +185,6 @@ TEST(GradientShapeLayer, InitWithALayerOfAnotherClassHasNoInnerLayers) {
   const auto before = source->gradientSubLayers();
   source->copyCustomPropertiesFromLayer(*plain);
   EXPECT_EQ(source->gradientSubLayers(), before);
-}
-
-TEST(GradientShapeLayer, PlainSettersOnlyStore) {
-  const auto layer = VNTLGradientShapeLayer::layer();
-  const auto oldGradient = layer->gradientLayer();
-  const auto gradient = CAGradientLayer::layer();
-  const auto mask = CAShapeLayer::layer();
-  const auto stroke = CAShapeLayer::layer();
-  layer->setGradientLayer(gradient);
-  layer->setMaskLayer(mask);
-  layer->setStrokeLayer(stroke);
-  EXPECT_EQ(layer->gradientLayer(), gradient);
-  EXPECT_EQ(layer->strokeLayer(), stroke);
-  EXPECT_EQ(gradient->superlayer(), nullptr);
-  EXPECT_EQ(gradient->mask(), nullptr);
-  EXPECT_EQ(layer->sublayers()->front(), oldGradient);
-  EXPECT_EQ(layer->gradientSubLayers()->size(), 2U);
-  layer->setGradientSubLayers(std::nullopt);
-  EXPECT_EQ(layer->animatableSublayers(), Layers{stroke});
 }
 
 TEST(GradientShapeLayer, InnerLayersThatLeadBackAreNotFollowedForEver) {

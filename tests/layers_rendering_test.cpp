@@ -37,30 +37,6 @@ TEST(LayerRendering, AShapeIsItsFillAndThenItsStroke) {
   }
 }
 
-TEST(LayerRendering, AGradientShapeIsAGradientThroughItsPath) {
-  const auto layer = VNTLGradientShapeLayer::layer();
-  layer->setBounds({0, 0, 40, 40});
-  CGPath path;
-  path.addEllipseInRect({3.2, 1.7, 33.1, 35.9});
-  layer->setPath(path);
-  setGradient(*layer->gradientLayer());
-  layer->strokeLayer()->setStrokeColor(kBlue);
-  layer->strokeLayer()->setLineWidth(1.5);
-  for (const CGFloat opacity : {1.0, 0.5}) {
-    layer->gradientLayer()->setOpacity(opacity);
-    const UIImage byHand = drawn([&](CGContextRef context) {
-      CGContextSaveGState(context);
-      CGContextClipToPath(context, path, false);
-      CGContextDrawLinearGradient(context, CGGradient(stops(opacity)), {10, 8}, {36, 28},
-                                  CGGradientDrawingOptions::drawsBeforeAndAfter);
-      CGContextRestoreGState(context);
-      CGContextSetStrokeColor(context, kBlue);
-      CGContextStrokePath(context, path, {1.5});
-    });
-    pixels::expectSamePixels(drawn(*layer), byHand);
-  }
-}
-
 TEST(LayerRendering, SublayersStandWhereTheirGeometryPutsThem) {
   const auto parent = CALayer::layer();
   const auto sublayer = CAShapeLayer::layer();

@@ -1,16 +1,18 @@
-// The outlines of the ready-made images, read as data; what they look like is in the manifest of
-// pictures.
+// The outlines of the ready-made images, read as data, and what painting them does when it cannot.
+// What they look like, and so how each kind of piece is painted, is in the manifest of pictures.
 
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include <glyphwright/platform/context.h>
 #include <glyphwright/presets/chat_paintings.h>
 #include <glyphwright/presets/painter.h>
 #include <glyphwright/presets/preset_paintings.h>
 #include <glyphwright/presets/referral_paintings.h>
 
+#include "pixels.h"
 #include "tools/outline_check.h"
 
 namespace glyphwright::presets {
@@ -116,6 +118,28 @@ TEST(PresetsArtwork, CopiesLieOnTheGrid) {
   EXPECT_EQ(onGrid(-2.675001), -2.68);
   EXPECT_EQ(firstContour(steps).size(), 3U);
   EXPECT_TRUE(afterFirstContour(steps).empty());
+}
+
+// Inside an image context the call does what its name says.
+TEST(PresetsPainter, EndingTheContextClosesTheCallersOwn) {
+  const Piece pieces[] = {Ground{}, EndImageContext{}, Ground{}};
+  UIGraphicsBeginImageContext({8, 8});
+  paint({{8, 8}, pieces});
+  EXPECT_EQ(UIGraphicsGetCurrentContext(), nullptr);
+}
+
+TEST(PresetsPainterDeathTest, AGradientThatCannotBeMade) {
+  static constexpr UIColor colors[] = {UIColor(1, 0, 0, 1), UIColor(0, 0, 1, 1)};
+  static constexpr CGFloat stops[] = {0};
+  static constexpr GradientStops tooFew = {colors, stops};
+  const Piece pieces[] = {Ground{{8, 8}, colors[0]}};
+  EXPECT_DEATH(imageOf({{8, 8}, pieces, &tooFew}, {8, 8}, FailedGradient::endsProgram),
+               "glyphwright: the gradient .* cannot be created");
+  const UIImage image = imageOf({{8, 8}, pieces, &tooFew}, {8, 8}, FailedGradient::leavesCanvas);
+  EXPECT_EQ(image.size(), (CGSize{8, 8}));
+  ASSERT_TRUE(image.hasPixels());
+  EXPECT_EQ(pixels::paintedBox(image), pixels::Box{});
+  paint({{8, 8}, pieces, &tooFew});  // without a context it is not even tried
 }
 
 }  // namespace

@@ -104,17 +104,13 @@ TEST(CliPath, PrintsNumbersThatReadBackTheSame) {
   }
 }
 
-TEST(CliPath, TakesEveryFormOfName) {
-  for (const char* name :
-       {"checkmarkPath", "App.Shapes.Checks.checkmark", "Icons.checkmark", "7"}) {
-    const Outcome result = run({"path", name, "--json"});
-    ASSERT_EQ(result.status, 0) << result.err;
-    const json object = json::parse(result.out);
-    EXPECT_EQ(object.at("name"), "checkmarkPath");
-    EXPECT_EQ(object.at("lineCapStyle"), "butt");
-    EXPECT_EQ(object.at("lineJoinStyle"), "miter");
-    expectElements(object.at("elements"), UIBezierPath::checkmarkPath().cgPath());
-  }
+TEST(CliPath, SaysWhatItIsAndItsPen) {
+  const Outcome result = run({"path", "App.Shapes.Checks.checkmark", "--json"});
+  ASSERT_EQ(result.status, 0) << result.err;
+  const json object = json::parse(result.out);
+  EXPECT_EQ(object.at("name"), "checkmarkPath");
+  EXPECT_EQ(object.at("lineCapStyle"), "butt");
+  EXPECT_EQ(object.at("lineJoinStyle"), "miter");
 }
 
 TEST(CliPath, DrawsAsSvg) {

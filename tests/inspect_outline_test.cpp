@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <sstream>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -77,17 +78,16 @@ TEST(OutlineCheck, SeesWhatIsWrong) {
   addSquare(path, 10, 0, 10);  // a side in common
   EXPECT_EQ(check(path).meetings.size(), 1U);
 
-  path = {};
-  const CGPoint bowTie[] = {{0, 0}, {10, 10}, {10, 0}, {0, 10}, {0, 0}};
-  path.addLines(bowTie);
-  path.closeSubpath();
-  EXPECT_EQ(check(path).meetings.size(), 1U);
-
-  path = {};
-  const CGPoint spike[] = {{0, 0}, {10, 0}, {20, 0}, {10, 0}, {10, 10}, {0, 0}};
-  path.addLines(spike);
-  path.closeSubpath();
-  EXPECT_EQ(check(path).meetings.size(), 1U);
+  const std::vector<std::vector<CGPoint>> meetings = {
+      {{0, 0}, {10, 10}, {10, 0}, {0, 10}, {0, 0}},          // a bow tie
+      {{0, 0}, {10, 0}, {20, 0}, {10, 0}, {10, 10}, {0, 0}}  // a spike
+  };
+  for (const std::vector<CGPoint>& points : meetings) {
+    path = {};
+    path.addLines(points);
+    path.closeSubpath();
+    EXPECT_EQ(check(path).meetings.size(), 1U);
+  }
 
   path = {};
   path.addRect({0, 0, 10, 10});

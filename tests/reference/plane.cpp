@@ -93,7 +93,11 @@ void addExtent(Plane& plane, Plane& runs, std::size_t row, double from, double t
 
 }  // namespace
 
-Plane coverage(const CGPath& path, bool evenOdd, std::size_t width, std::size_t height) {
+namespace {
+
+/// The mean over each pixel of what `valueOf` makes of the number of turns around a point.
+template <typename ValueOf>
+Plane meanOf(const CGPath& path, std::size_t width, std::size_t height, ValueOf valueOf) {
   constexpr int kLinesPerRow = 256;
   Plane plane(width, height);
   Plane runs(width, height);
@@ -121,19 +125,33 @@ Plane coverage(const CGPath& path, bool evenOdd, std::size_t width, std::size_t 
     int turns = 0;
     for (std::size_t i = 0; i + 1 < scan.size(); ++i) {
       turns += scan[i].direction;
-      const bool inside = evenOdd ? turns % 2 != 0 : turns != 0;
-      if (inside)
-        addExtent(plane, runs, k / kLinesPerRow, scan[i].x, scan[i + 1].x, 1.0 / kLinesPerRow);
+      const double value = valueOf(turns);
+      if (value == 0) continue;
+      addExtent(plane, runs, k / kLinesPerRow, scan[i].x, scan[i + 1].x, value / kLinesPerRow);
     }
   }
   for (std::size_t y = 0; y < height; ++y) {
     double run = 0;
     for (std::size_t x = 0; x < width; ++x) {
       run += runs.at(x, y);
-      plane.at(x, y) = std::clamp(plane.at(x, y) + run, 0.0, 1.0);
+      plane.at(x, y) += run;
     }
   }
   return plane;
+}
+
+}  // namespace
+
+Plane coverage(const CGPath& path, bool evenOdd, std::size_t width, std::size_t height) {
+  Plane plane = meanOf(path, width, height, [&](int turns) {
+    return (evenOdd ? turns % 2 != 0 : turns != 0) ? 1.0 : 0.0;
+  });
+  for (double& value : plane.values) value = std::clamp(value, 0.0, 1.0);
+  return plane;
+}
+
+Plane winding(const CGPath& path, std::size_t width, std::size_t height) {
+  return meanOf(path, width, height, [](int turns) { return static_cast<double>(turns); });
 }
 
 Plane neighbourhood(const CGPath& path, double radius, std::size_t width, std::size_t height) {

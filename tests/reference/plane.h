@@ -23,8 +23,12 @@ struct Plane {
 /// row, each with its exact extent in x; curves are flattened to within 1/20000 pixel.
 Plane coverage(const CGPath& path, bool evenOdd, std::size_t width, std::size_t height);
 
-/// The same for the area within `radius` of the path's lines and curves (a stroke of twice the
-/// radius with round caps and joins), from 16 × 16 samples a pixel.
+/// How often the path goes around each pixel, positive from the x axis towards the y axis, as the
+/// mean over the pixel.
+Plane winding(const CGPath& path, std::size_t width, std::size_t height);
+
+/// The share of each pixel that lies within `radius` of the path's lines and curves (a stroke of
+/// twice the radius with round caps and joins), from 16 × 16 samples a pixel.
 Plane neighbourhood(const CGPath& path, double radius, std::size_t width, std::size_t height);
 
 /// Direct two-dimensional convolution with a sampled Gaussian of `sigma` pixels, cut off at 2·sigma

@@ -7,7 +7,9 @@
 #include <glyphwright/platform/context.h>
 #include <glyphwright/platform/fatal.h>
 #include <glyphwright/platform/image.h>
+#include <glyphwright/platform/screen.h>
 #include <glyphwright/rendering/icon_attributes.h>
+#include <glyphwright/rendering/icon_painter.h>
 
 namespace glyphwright {
 namespace {
@@ -32,9 +34,12 @@ UIImage UIBezierPath::newImage(std::span<const Pathable> with,
   // Canvases are at scale 1 whatever the screen's scale is.
   UIGraphicsBeginImageContext(canvasSize);
   OpenCanvas open;
+  const CGFloat scale = screen::scale();  // of all icons
   for (std::size_t i = 0; i < with.size(); ++i) {
     if (i >= sizes.size()) fatal("index out of range: fewer canvas sizes than icons");
-    newImage(with[i], attributes[i]).drawInRect({positions[i], sizes[i]}, CGBlendMode::normal, 1.0);
+    rendering::paintIcon(with[i].path(), rendering::Placement::fromOrigin,
+                         rendering::paintOf(attributes[i]), scale)
+        .drawInRect({positions[i], sizes[i]}, CGBlendMode::normal, 1.0);
   }
   const std::optional<UIImage> canvas = UIGraphicsGetImageFromCurrentImageContext();
   // A canvas that yields no image stays on the thread's stack; its opener is the one to end it.

@@ -9,6 +9,7 @@
 #include <glyphwright/platform/context_stack.h>
 #include <glyphwright/platform/gradient.h>
 #include <glyphwright/platform/graphics_context.h>
+#include <glyphwright/platform/screen.h>
 #include <glyphwright/rendering/fitting.h>
 #include <glyphwright/rendering/shadows.h>
 
@@ -175,7 +176,8 @@ void paintPlain(CGContextRef context, const UIBezierPath& path, Placement placem
 UIImage imageOf(contexts::Scope& scope, const IconPaint& paint) {
   const std::optional<DropShadow>& shadow = paint.dropShadow;
   if (!shadow || paint.shadowTime == IconPaint::ShadowTime::inPass) return scope.image();
-  return redrawWithShadow(scope.image(), shadow->offset, shadow->blur, shadow->color);
+  return redrawWithShadow(scope.image(), shadow->offset, shadow->blur, shadow->color,
+                          scope.context()->scale);
 }
 
 void paintWithBorder(CGContextRef context, const UIBezierPath& path, Placement placement,
@@ -203,9 +205,10 @@ void paintWithBorder(CGContextRef context, const UIBezierPath& path, Placement p
 }  // namespace
 
 UIImage paintIcon(const UIBezierPath& path, Placement placement, const IconPaint& paint,
-                  UIImage&& reused) {
-  contexts::Scope scope(paint.size, isOpaque(paint.background), 0, true,
-                        contexts::ImageMemory::leftBy(std::move(reused), paint.size, 0));
+                  CGFloat asked, UIImage&& reused) {
+  const CGFloat scale = asked == 0 ? screen::scale() : asked;
+  contexts::Scope scope(paint.size, isOpaque(paint.background), scale, true,
+                        contexts::ImageMemory::leftBy(std::move(reused), paint.size, scale));
   if (!scope.isDrawable()) return scope.image();
   if (paint.border.width >= 1) {
     paintWithBorder(scope.context(), path, placement, paint);

@@ -8,6 +8,10 @@
 #include <glyphwright/platform/image.h>
 #include <glyphwright/platform/shadow.h>
 
+namespace glyphwright {
+struct IconAttributes;
+}
+
 /// The one renderer behind both ways to ask for an icon's image, the attribute dictionary and the
 /// attribute record.
 namespace glyphwright::rendering {
@@ -60,10 +64,15 @@ struct IconPaint {
 /// Whether the path is moved to the origin before it is scaled.
 enum class Placement : std::uint8_t { asItIs, fromOrigin };
 
-/// The path painted into an image at the screen scale, in the memory of `reused` where that can be.
-/// The path is scaled to the box that the stroke and the drop shadow leave, and centred.
+/// What a record asks for.
+IconPaint paintOf(const IconAttributes& attributes);
+
+/// The path painted into an image at a scale in pixels per point (0: the screen scale), in the
+/// memory of `reused` where that can be. The path is scaled to the box that the stroke and the drop
+/// shadow leave, and centred. The screen is asked once: all that the image is made of has one
+/// scale.
 UIImage paintIcon(const UIBezierPath& path, Placement placement, const IconPaint& paint,
-                  UIImage&& reused = {});
+                  CGFloat scale = 0, UIImage&& reused = {});
 /// The same in the caller's memory, at a scale in pixels per point (0: the screen scale). False,
 /// and nothing written, unless the buffer is usable and as large as the image. The drop shadow must
 /// be cast in the same pass.

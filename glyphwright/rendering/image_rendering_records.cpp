@@ -7,9 +7,8 @@
 #include <glyphwright/rendering/icon_painter.h>
 
 namespace glyphwright {
-namespace {
 
-rendering::IconPaint paintOf(const IconAttributes& attributes) {
+rendering::IconPaint rendering::paintOf(const IconAttributes& attributes) {
   rendering::IconPaint paint;
   paint.size = attributes.size;
   paint.fill = &attributes.fillColor;
@@ -37,8 +36,11 @@ rendering::IconPaint paintOf(const IconAttributes& attributes) {
   return paint;
 }
 
+namespace {
+
 UIImage paintIcon(const UIBezierPath& path, const IconAttributes& attributes) {
-  return rendering::paintIcon(path, rendering::Placement::fromOrigin, paintOf(attributes));
+  return rendering::paintIcon(path, rendering::Placement::fromOrigin,
+                              rendering::paintOf(attributes));
 }
 
 }  // namespace
@@ -48,14 +50,14 @@ UIImage UIBezierPath::makeImage(const IconAttributes& attributes) const {
 }
 
 UIImage UIBezierPath::makeImage(const IconAttributes& attributes, UIImage&& reused) const {
-  return rendering::paintIcon(*this, rendering::Placement::fromOrigin, paintOf(attributes),
-                              std::move(reused));
+  return rendering::paintIcon(*this, rendering::Placement::fromOrigin,
+                              rendering::paintOf(attributes), 0, std::move(reused));
 }
 
 bool UIBezierPath::drawImage(const IconAttributes& attributes, CGFloat scale,
                              const PixelBuffer& into) const {
-  return rendering::paintIcon(*this, rendering::Placement::fromOrigin, paintOf(attributes), scale,
-                              into);
+  return rendering::paintIcon(*this, rendering::Placement::fromOrigin,
+                              rendering::paintOf(attributes), scale, into);
 }
 
 UIImage UIBezierPath::newImage(const Pathable& with, const IconAttributes& attributes) {

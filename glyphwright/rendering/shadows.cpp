@@ -95,8 +95,7 @@ void fillWithInsetShadow(CGContextRef context, const UIBezierPath& path, const N
 }
 
 UIImage redrawWithShadow(const UIImage& image, CGSize offset, CGFloat blur,
-                         const std::optional<UIColor>& color) {
-  const CGFloat scale = screen::scale();
+                         const std::optional<UIColor>& color, CGFloat scale) {
   // Without a shadow the redrawn image would be the same; pixels are shared and never change.
   if (!castsShadow(offset, blur, color) && image.scale() == scale && image.hasPixels()) {
     return image;
@@ -111,7 +110,7 @@ UIImage redrawWithShadow(const UIImage& image, CGSize offset, CGFloat blur,
 
 UIImage UIBezierPath::imageWithDropShadow(const NSShadow& shadow, const UIImage& image) const {
   return rendering::redrawWithShadow(image, shadow.shadowOffset(), shadow.shadowBlurRadius(),
-                                     shadow.shadowColor());
+                                     shadow.shadowColor(), screen::scale());
 }
 
 void UIBezierPath::drawInsetShadow(const NSShadow& shadow) const {

@@ -14,10 +14,10 @@ void drawInsetShadow(CGContextRef context, const UIBezierPath& path, const NSSha
 /// be.
 void fillWithInsetShadow(CGContextRef context, const UIBezierPath& path, const NSShadow& shadow);
 
-/// The image redrawn with the shadow in its own size, at the screen scale. No room is added: what
-/// falls outside is cut off.
+/// The image redrawn with the shadow in its own size, at a scale above 0 in pixels per point. No
+/// room is added: what falls outside is cut off.
 UIImage redrawWithShadow(const UIImage& image, CGSize offset, CGFloat blur,
-                         const std::optional<UIColor>& color);
+                         const std::optional<UIColor>& color, CGFloat scale);
 
 /// Whether a shadow with these values shows at all.
 bool castsShadow(CGSize offset, CGFloat blur, const std::optional<UIColor>& color);

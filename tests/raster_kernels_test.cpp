@@ -20,6 +20,16 @@
 namespace glyphwright::raster {
 namespace {
 
+// Another pixel everywhere, of every alpha.
+struct Checkered final : PixelSource {
+  void pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const override {
+    for (int i = 0; i < static_cast<int>(count) * 4; i += 4) {
+      const int alpha = ((x + i / 4) * 37 + y * 91) & 0xFF;
+      for (int c = 0; c < 4; ++c) rgba[i + c] = static_cast<std::uint8_t>(alpha * (c + 1) / 4);
+    }
+  }
+};
+
 TEST_P(RasterKernels, RowsOfCellsPaintTheSame) {
   for (const std::size_t width : kCounts) {
     for (int round = 0; round < 40; ++round) {
@@ -46,41 +56,35 @@ TEST_P(RasterKernels, RowsOfCellsPaintTheSame) {
       const std::size_t between = round % 4 == 0 ? 0 : 12;  // bytes, from row to row
       const std::size_t rowBytes = width * 4 + between;
       const auto below = premultiplied(rowBytes / 4 * kRows + kBlock);
+      const auto expectSame = [&](auto kernel, const auto& paint) {
+        const auto paintOne = [&](const Kernels& table) {
+          auto pixels = below;
+          auto values = fastCells;
+          (table.*kernel)(pixels.data(), rowBytes,
+                          {&values[before], stride, mask, kRows, width, rule, before}, paint);
+          EXPECT_EQ(values, std::vector<std::int16_t>(values.size(), 0));
+          // Past the ends of rows anything goes if more rows come; nothing is touched past the
+          // last.
+          for (std::size_t row = 0; row + 1 < kRows; ++row) {
+            std::fill_n(pixels.begin() + static_cast<std::ptrdiff_t>(row * rowBytes + width * 4),
+                        between, 0);
+          }
+          return pixels;
+        };
+        ASSERT_EQ(paintOne(fast_), paintOne(plain_)) << "width " << width;
+      };
       for (const auto kernel : {&Kernels::writeCells, &Kernels::blendCells}) {
-        const SolidColor ink = color();
-        auto fastPixels = below;
-        auto plainPixels = below;
-        auto a = fastCells;
-        auto b = plainCells;
-        (fast_.*kernel)(fastPixels.data(), rowBytes,
-                        {&a[before], stride, mask, kRows, width, rule, before}, ink);
-        (plain_.*kernel)(plainPixels.data(), rowBytes,
-                         {&b[before], stride, mask, kRows, width, rule, before}, ink);
-        // Past the ends of rows anything goes if more rows come; nothing is touched past the last.
-        for (std::size_t row = 0; row + 1 < kRows; ++row) {
-          const auto padding = static_cast<std::ptrdiff_t>(row * rowBytes + width * 4);
-          std::copy_n(plainPixels.begin() + padding, between, fastPixels.begin() + padding);
-        }
-        ASSERT_EQ(fastPixels, plainPixels) << "width " << width;
-        ASSERT_EQ(a, std::vector<std::int16_t>(a.size(), 0)) << "width " << width;
-        ASSERT_EQ(b, a);
+        expectSame(kernel, color());
       }
       for (const auto kernel : {&Kernels::writeCellsByRow, &Kernels::blendCellsByRow}) {
         std::uint32_t inks[kRows];
         std::memcpy(inks, premultiplied(kRows).data(), sizeof(inks));
-        auto fastPixels = below;
-        auto plainPixels = below;
-        auto a = fastCells;
-        auto b = plainCells;
-        (fast_.*kernel)(fastPixels.data(), rowBytes,
-                        {&a[before], stride, mask, kRows, width, rule, before}, inks);
-        (plain_.*kernel)(plainPixels.data(), rowBytes,
-                         {&b[before], stride, mask, kRows, width, rule, before}, inks);
-        for (std::size_t row = 0; row + 1 < kRows; ++row) {
-          const auto padding = static_cast<std::ptrdiff_t>(row * rowBytes + width * 4);
-          std::copy_n(plainPixels.begin() + padding, between, fastPixels.begin() + padding);
-        }
-        ASSERT_EQ(fastPixels, plainPixels) << "width " << width;
+        expectSame(kernel, &inks[0]);
+      }
+      const Checkered source;
+      std::vector<std::uint8_t> room(2 * rowBytes + kBlock * 4);
+      for (const auto kernel : {&Kernels::writeCellsOf, &Kernels::blendCellsOf}) {
+        expectSame(kernel, SourceRows{source, 3, -5, room.data(), round % 3 == 0});
       }
       std::vector<std::uint8_t> touchedAbove;
       const auto cellsAbove = marked(touchedAbove);
@@ -242,19 +246,20 @@ TEST_P(RasterKernels, ColoursMixTheSame) {
     // Levels from 0.5 to 255.5 at either end; where they bend, they stay within.
     ColorStretch stretch;
     for (int c = 0; c < 4; ++c) {
-      const auto level = [&] {
-        return static_cast<float>(upTo(2) == 0 ? 255 * upTo(1) : upTo(255));
-      };
-      stretch.start[c] = level() + 0.5F;
-      stretch.change[c] = level() + 0.5F - stretch.start[c];
-      if (c < 3) stretch.bend[c] = static_cast<float>(upTo(8)) * stretch.change[c] / 8;
-      if (c < 3) stretch.change[c] -= stretch.bend[c];
+      const auto level = [&] { return upTo(2) == 0 ? 255 * upTo(1) : upTo(255); };
+      stretch.start[c] = level() + 0.5;
+      stretch.change[c] = level() + 0.5 - stretch.start[c];
+      stretch.bends = round % 2 == 0;
+      if (c < 3 && stretch.bends) {
+        stretch.bend[c] = upTo(8) * stretch.change[c] / 8;
+        stretch.change[c] -= stretch.bend[c];
+      }
     }
     double parts[24] = {};
     for (double& part : parts) part = upTo(1000) / 1000.0;
     const std::size_t count = round % 17 + 1;
-    std::uint32_t fast[18] = {};
-    std::uint32_t plain[18] = {};
+    std::uint8_t fast[18 * 4] = {};
+    std::uint8_t plain[18 * 4] = {};
     fast_.mixParts(stretch, parts, count, fast);
     plain_.mixParts(stretch, parts, count, plain);
     ASSERT_EQ(std::to_array(fast), std::to_array(plain));

@@ -173,11 +173,16 @@ Canvas::Painter::Painter(Canvas& canvas, const PixelRect& region, const Paint& p
   if (canvas.shared_) canvas.detach();
   const auto width = static_cast<std::size_t>(region.width());
   if (scratch.clippedCoverage.size() < width) scratch.clippedCoverage.resize(width);
-  if (paint.source != nullptr && scratch.sourceRow.size() < width * 4) {
-    scratch.sourceRow.resize(width * 4);
-  }
-  if (rows_ == PixelSource::Rows::same) {
-    paint.source->pixels(region.x0, region.y0, width, scratch.sourceRow.data());
+  if (paint.source != nullptr) {
+    // Two rows as the loops want them, and a stretch that they may read beyond.
+    const std::size_t second = canvas.isTight() ? canvas.rowBytes_ : 0;
+    const std::size_t bytes = second + width * 4 + kBlock * 4;
+    if (scratch.sourceRow.size() < bytes) scratch.sourceRow.resize(bytes);
+    if (rows_ == PixelSource::Rows::same) {
+      std::uint8_t* row = scratch.sourceRow.data();
+      paint.source->pixels(region.x0, region.y0, width, row);
+      if (second != 0) std::memcpy(row + second, row, width * 4);
+    }
   }
   laysGround_ = canvas.pristine_;
   writes_ = canvas.isUntouched();
@@ -213,8 +218,8 @@ void Canvas::Painter::row(const CoverageRow& row) {
 }
 
 bool Canvas::Painter::cells(int y, const CellRows& rows) {
-  const bool byRow = rows_ == PixelSource::Rows::even && paint_.sourceAlpha == kOne;
-  if (clip_ != nullptr || (paint_.source != nullptr && !byRow)) return false;
+  if (clip_ != nullptr || (paint_.source != nullptr && paint_.sourceAlpha != kOne)) return false;
+  const bool byRow = rows_ == PixelSource::Rows::even;
   std::uint8_t* line = canvas_.rowAt(y);
   if (laysGround_) layGround(y, static_cast<int>(rows.rows));
   std::uint8_t* rgba = line + static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0) * 4;
@@ -224,13 +229,13 @@ bool Canvas::Painter::cells(int y, const CellRows& rows) {
   }
   const std::uint32_t* rowColors = byRow ? scratch_.rowColors.data() : nullptr;
   if (canvas_.isTight()) {
-    paintCells(rgba, rows, rowColors);
+    paintCells(rgba, y, rows, rowColors);
     return true;
   }
   CellRows one = rows;
   one.rows = 1;
   for (std::size_t row = 0; row < rows.rows; ++row) {
-    paintCells(rgba, one, rowColors);
+    paintCells(rgba, y + static_cast<int>(row), one, rowColors);
     rgba += canvas_.rowBytes_;
     one.cells += rows.stride;
     if (one.touched != nullptr) one.touched += rows.stride / kBlock;
@@ -240,12 +245,17 @@ bool Canvas::Painter::cells(int y, const CellRows& rows) {
 }
 
 // With a colour a row where there are any.
-void Canvas::Painter::paintCells(std::uint8_t* rgba, const CellRows& rows,
+void Canvas::Painter::paintCells(std::uint8_t* rgba, int y, const CellRows& rows,
                                  const std::uint32_t* rowColors) {
   const Kernels& kernels = *scratch_.kernels;
   if (rowColors != nullptr) {
     const auto paint = writes_ ? kernels.writeCellsByRow : kernels.blendCellsByRow;
     paint(rgba, canvas_.rowBytes_, rows, rowColors);
+  } else if (paint_.source != nullptr) {
+    const auto paint = writes_ ? kernels.writeCellsOf : kernels.blendCellsOf;
+    paint(rgba, canvas_.rowBytes_, rows,
+          {*paint_.source, region_.x0, y, scratch_.sourceRow.data(),
+           rows_ == PixelSource::Rows::same});
   } else {
     const auto paint = writes_ ? kernels.writeCells : kernels.blendCells;
     paint(rgba, canvas_.rowBytes_, rows, paint_.color);

@@ -8,6 +8,7 @@
 
 #include <glyphwright/platform/raster/coverage.h>
 #include <glyphwright/platform/raster/pixel_rect.h>
+#include <glyphwright/platform/raster/pixel_source.h>
 
 namespace glyphwright::raster {
 
@@ -45,24 +46,6 @@ struct Mask {
   static std::size_t sizeOf(const PixelRect& area) {
     return area.isEmpty() ? 0 : strideOf(area) * static_cast<std::size_t>(area.height());
   }
-};
-
-/// A source of premultiplied pixels for any place on the device.
-class PixelSource {
- public:
-  /// Fills `rgba` with the pixels from (x, y) to (x + count, y).
-  virtual void pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const = 0;
-  /// What is known of the rows: each of one colour, all alike, or nothing.
-  enum class Rows : std::uint8_t { even, same, vary };
-  virtual Rows rows() const { return Rows::vary; }
-  /// The premultiplied pixels of the rows from `y` on where each has one colour.
-  virtual void rowColors(int y, std::span<std::uint32_t> pixels) const {
-    static_cast<void>(y);
-    static_cast<void>(pixels);
-  }
-
- protected:
-  ~PixelSource() = default;
 };
 
 /// What a shape is painted with: one colour, or pixels of a source times an alpha.
@@ -119,7 +102,8 @@ class Canvas {
    private:
     void layGround(int y, int rows) const;
     void span(std::uint8_t* rgba, const CoverageSpan& span, const std::uint16_t* coverage, int y);
-    void paintCells(std::uint8_t* rgba, const CellRows& rows, const std::uint32_t* rowColors);
+    void paintCells(std::uint8_t* rgba, int y, const CellRows& rows,
+                    const std::uint32_t* rowColors);
     void solid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count);
 
     Canvas& canvas_;

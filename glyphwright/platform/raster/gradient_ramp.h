@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <vector>
 
 #include <glyphwright/platform/gradient.h>
@@ -10,31 +9,33 @@
 
 namespace glyphwright::raster {
 
-/// The colours of a gradient at any place, premultiplied and rounded once; four bytes in memory
-/// order. Before the first stop and at no number (NaN) it is the first colour, from the last stop
-/// on the last one.
+/// The colours of a gradient at any place, premultiplied and rounded once. Before the first stop
+/// and at no number (NaN) it is the first colour, from the last stop on the last one; where the
+/// ends do not run on, nothing is there before place 0 and past place 1.
 class GradientRamp {
  public:
   /// As many places as `readEach` takes at once.
   static constexpr std::size_t kAtOnce = 64;
 
-  GradientRamp(const CGGradient& gradient, const Kernels& kernels);
+  GradientRamp(const CGGradient& gradient, CGGradientDrawingOptions options,
+               const Kernels& kernels);
 
-  /// The colours at the places origin + step × i for i from `index` on.
-  void read(double origin, double step, int index, std::span<std::uint32_t> pixels);
-  /// The colours at places in any order, which are overwritten.
-  void readEach(double (&places)[kAtOnce], std::span<std::uint32_t> pixels);
+  /// Pixels of the colours at the places origin + step × i for i from `index` on.
+  void read(double origin, double step, int index, std::size_t count, std::uint8_t* rgba);
+  /// The same at places in any order.
+  void readEach(const double (&places)[kAtOnce], std::size_t count, std::uint8_t* rgba);
 
  private:
   // The colours between two stops, or beyond the ends.
   struct Stretch {
     double from;
     double until;  // where the next one begins
+    double origin = 0;
     double perUnit = 0;
     ColorStretch colors;
 
     bool holds(double place) const { return place >= from && place < until; }
-    double partAt(double place) const { return (place - from) * perUnit; }
+    double partAt(double place) const { return (place - origin) * perUnit; }
   };
   const Stretch& stretchAt(double place);
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 
 #include <glyphwright/platform/math.h>
 
@@ -14,30 +13,20 @@ bool isInvertible(const CGAffineTransform& t) {
   return determinant != 0 && std::isfinite(determinant);
 }
 
-// Rows of pixels need not lie at whole words, so colours go through a few words of their own.
-template <typename Read>
-void putColors(std::size_t count, std::uint8_t* rgba, const Read& read) {
-  std::uint32_t colors[GradientRamp::kAtOnce];
-  for (std::size_t from = 0; from < count; from += GradientRamp::kAtOnce) {
-    const std::span<std::uint32_t> some(colors, std::min(count - from, GradientRamp::kAtOnce));
-    read(from, some);
-    std::memcpy(rgba + from * 4, colors, some.size_bytes());
-  }
-}
-
 // The colours at places that are worked out from points, from the centre of the pixel at x, y on.
 template <typename Place>
 void putEach(GradientRamp& ramp, const CGAffineTransform& t, int x, int y, std::size_t count,
              std::uint8_t* rgba, const Place& place) {
   const CGPoint row{t.c * (y + 0.5) + t.tx, t.d * (y + 0.5) + t.ty};
-  putColors(count, rgba, [&](std::size_t from, std::span<std::uint32_t> some) {
+  for (std::size_t from = 0; from < count; from += GradientRamp::kAtOnce) {
     double places[GradientRamp::kAtOnce];
-    for (std::size_t i = 0; i < some.size(); ++i) {
+    const std::size_t some = std::min(count - from, GradientRamp::kAtOnce);
+    for (std::size_t i = 0; i < some; ++i) {
       const double column = x + static_cast<double>(from + i) + 0.5;
       places[i] = place(t.a * column + row.x, t.b * column + row.y);
     }
-    ramp.readEach(places, some);
-  });
+    ramp.readEach(places, some, rgba + from * 4);
+  }
 }
 
 }  // namespace
@@ -46,9 +35,7 @@ LinearGradientSource::LinearGradientSource(const CGGradient& gradient, CGPoint s
                                            CGGradientDrawingOptions options,
                                            const CGAffineTransform& toDevice,
                                            const Kernels& kernels)
-    : ramp_(gradient, kernels),
-      before_(contains(options, CGGradientDrawingOptions::drawsBeforeStartLocation)),
-      after_(contains(options, CGGradientDrawingOptions::drawsAfterEndLocation)) {
+    : ramp_(gradient, options, kernels) {
   const double dx = end.x - start.x;
   const double dy = end.y - start.y;
   const double square = dx * dx + dy * dy;
@@ -70,7 +57,7 @@ PixelSource::Rows LinearGradientSource::rows() const {
 }
 
 void LinearGradientSource::rowColors(int y, std::span<std::uint32_t> pixels) const {
-  colors(base_, perRow_, y, pixels);
+  ramp_.read(base_, perRow_, y, pixels.size(), reinterpret_cast<std::uint8_t*>(pixels.data()));
 }
 
 void LinearGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const {
@@ -79,25 +66,13 @@ void LinearGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t*
     rowColors(y, {&pixel, 1});
     return fillPixels(rgba, count, solidColor(pixel));
   }
-  const double row = base_ + perRow_ * y;
-  putColors(count, rgba, [&](std::size_t from, std::span<std::uint32_t> some) {
-    colors(row, perColumn_, x + static_cast<int>(from), some);
-  });
-}
-
-void LinearGradientSource::colors(double origin, double step, int index,
-                                  std::span<std::uint32_t> pixels) const {
-  ramp_.read(origin, step, index, pixels);
-  if (before_ && after_) return;
-  for (std::size_t i = 0; i < pixels.size(); ++i) {
-    if (isOutside(origin + step * (index + static_cast<double>(i)))) pixels[i] = 0;
-  }
+  ramp_.read(base_ + perRow_ * y, perColumn_, x, count, rgba);
 }
 
 RadialGradientSource::RadialGradientSource(const CGGradient& gradient, CGPoint center,
                                            CGFloat radius, const CGAffineTransform& toDevice,
                                            const Kernels& kernels)
-    : ramp_(gradient, kernels) {
+    : ramp_(gradient, CGGradientDrawingOptions::drawsBeforeAndAfter, kernels) {
   if (!(radius > 0) || !std::isfinite(radius) || !isInvertible(toDevice)) return;
   toUnit_ = CGAffineTransformConcat(
       CGAffineTransformConcat(CGAffineTransformInvert(toDevice),
@@ -113,7 +88,7 @@ void RadialGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t*
 
 ConicGradientSource::ConicGradientSource(const CGGradient& gradient, CGPoint center, CGFloat angle,
                                          const CGAffineTransform& toDevice, const Kernels& kernels)
-    : ramp_(gradient, kernels), angle_(angle) {
+    : ramp_(gradient, CGGradientDrawingOptions::drawsBeforeAndAfter, kernels), angle_(angle) {
   if (!std::isfinite(angle) || !isInvertible(toDevice)) return;
   toCentered_ = CGAffineTransformConcat(CGAffineTransformInvert(toDevice),
                                         CGAffineTransformMakeTranslation(-center.x, -center.y));

@@ -25,14 +25,8 @@ class LinearGradientSource final : public PixelSource {
   void rowColors(int y, std::span<std::uint32_t> pixels) const override;
 
  private:
-  bool isOutside(double place) const { return (place < 0 && !before_) || (place > 1 && !after_); }
-
-  void colors(double origin, double step, int index, std::span<std::uint32_t> pixels) const;
-
   mutable GradientRamp ramp_;  // it remembers where it was last asked
   bool drawable_ = false;
-  bool before_ = false;
-  bool after_ = false;
   // The place at a pixel's centre is base + x·perColumn + y·perRow: 0 at the start, 1 at the end.
   double base_ = 0;
   double perColumn_ = 0;

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <span>
 
+#include <glyphwright/platform/raster/pixel_source.h>
 #include <glyphwright/platform/raster/stroke_kernels.h>
 
 namespace glyphwright::raster {
@@ -168,9 +169,22 @@ struct Pieces {
 /// start + part × (change + part × bend), alpha last, which does not bend. The levels begin with
 /// what rounds them when the rest is cut off.
 struct ColorStretch {
-  float start[4] = {};
-  float change[4] = {};
-  float bend[3] = {};
+  double start[4] = {};
+  double change[4] = {};
+  double bend[4] = {};
+  bool bends = false;
+};
+
+/// A source of pixels for rows of cells.
+struct SourceRows {
+  const PixelSource& source;
+  int x;  // of the first cell
+  int y;  // of the first row
+  /// Takes the source's pixels: two rows, as far from each other as those that are painted, and
+  /// eight pixels beyond.
+  std::uint8_t* room;
+  /// Both rows stand there already, and all rows are the same.
+  bool isReady;
 };
 
 /// Rows that a filter fills, `outStride` values from row to row.
@@ -270,6 +284,11 @@ struct Kernels {
                           const std::uint32_t* colors);
   void (*blendCellsByRow)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                           const std::uint32_t* colors);
+  /// The same with a source's pixels.
+  void (*writeCellsOf)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                       const SourceRows& source);
+  void (*blendCellsOf)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
+                       const SourceRows& source);
   /// Two shapes in the same pixels, one painted over the other over nothing. The upper one goes by
   /// the non-zero rule, as strokes do.
   void (*writeTwoCells)(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& below,
@@ -293,13 +312,12 @@ struct Kernels {
                       const std::uint8_t* source);
   void (*blendPixels)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                       const std::uint8_t* source);
-  /// Pixels, four bytes in memory order, of the colours at the parts from + step × i of a way. No
-  /// channel is above alpha.
+  /// Pixels of the colours at the parts from + step × i of a way. No channel is above alpha.
   void (*mixAlong)(const ColorStretch& stretch, double from, double step, std::size_t count,
-                   std::uint32_t* pixels);
+                   std::uint8_t* rgba);
   /// The same at parts in any order. Reads whole eights of them.
   void (*mixParts)(const ColorStretch& stretch, const double* parts, std::size_t count,
-                   std::uint32_t* pixels);
+                   std::uint8_t* rgba);
   /// coverage := coverage × other.
   void (*multiplyCoverage)(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count);
   /// A symmetric filter downwards: taps[0] weighs the middle, taps[k] the two values k away from it

@@ -75,6 +75,15 @@ struct Halves {
   Shorts odd;
 };
 
+/// Eight pixels over others, each with its coverage twice.
+template <typename L>
+typename L::Ints laidOver(typename L::Ints above, typename L::Shorts coverage,
+                          typename L::Ints below) {
+  const Halves<L> color = Halves<L>::of(above);
+  const auto rest = remainder(scaled(color.alpha(), coverage));
+  return color.times(coverage).plus(Halves<L>::of(below).times(rest)).pixels();
+}
+
 /// A colour to be laid over pixels.
 template <typename L>
 class Ink {

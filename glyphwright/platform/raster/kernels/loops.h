@@ -10,6 +10,7 @@
 #include <glyphwright/platform/raster/kernels/pixels.h>
 #include <glyphwright/platform/raster/kernels/points.h>
 #include <glyphwright/platform/raster/kernels/shadows.h>
+#include <glyphwright/platform/raster/kernels/source_cells.h>
 #include <glyphwright/platform/raster/kernels/two_shapes.h>
 
 namespace glyphwright::raster::loops {
@@ -33,6 +34,8 @@ inline constexpr Kernels kLoops{
     .blendCells = blendCells<L>,
     .writeCellsByRow = writeCellsByRow<L>,
     .blendCellsByRow = blendCellsByRow<L>,
+    .writeCellsOf = writeCellsOf<L>,
+    .blendCellsOf = blendCellsOf<L>,
     .writeTwoCells = writeTwoCells<L>,
     .writeSolid = writeSolid<L>,
     .writeTwoSolids = writeTwoSolids<L>,

@@ -60,9 +60,7 @@ template <typename L>
 void blendPixels(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                  const std::uint8_t* source) {
   blendStretches<L>(rgba, coverage, count, source, [](auto covered, auto above, auto below) {
-    const Halves<L> color = Halves<L>::of(above);
-    const auto rest = remainder(scaled(color.alpha(), covered));
-    return color.times(covered).plus(Halves<L>::of(below).times(rest)).pixels();
+    return laidOver<L>(above, covered, below);
   });
 }
 

@@ -146,6 +146,9 @@ class RowPainter {
  private:
   // Of these, few are empty: asking would cost more than painting them.
   void sumTouched(std::size_t stretches) {
+    if constexpr (requires { painter_.prepare(rgba_, stretches); }) {
+      painter_.prepare(rgba_, stretches * Rows::kPixels);
+    }
     for (; stretches > 0; --stretches) {
       painter_.paintAny(rows_, rgba_, shape_.next());
       rgba_ += Rows::kPixels * 4;

@@ -291,7 +291,7 @@ TEST(CliPng, IsTheSamePictureSmaller) {
   // Each row rises by steps of its own, so that it is best told from the left.
   for (std::size_t i = 0; i < pixels.size(); ++i) {
     const std::size_t y = i / 256;
-    const std::size_t rise = i / 4 % 64 * (y + 1) + i % 4 * 40 + y * 37;
+    const std::size_t rise = i / 4 % 64 * (y + 1) + i % 4 * 10 + y * 37;
     pixels[i] = i % 4 == 3 ? 255 : static_cast<std::uint8_t>(rise);
   }
   const auto quick = cli::encodePng(64, 48, pixels);

@@ -107,7 +107,7 @@ TEST(PresetsArtwork, OutlinesKeepTheRulesOfDrawing) {
   EXPECT_GT(seen, 35);
 }
 
-TEST(PresetsArtwork, CopiesLieOnTheGrid) {
+TEST(PresetsArtwork, CopiesLieOnTheGridAndShapesCarryTheirRule) {
   static constexpr paths::Step steps[] = {paths::move(1.01, -1.01), paths::line(0.5, 2),
                                           paths::close()};
   constexpr auto copy = scaled(steps, 1.5, 0.333, 10, -10);
@@ -118,6 +118,8 @@ TEST(PresetsArtwork, CopiesLieOnTheGrid) {
   EXPECT_EQ(onGrid(-2.675001), -2.68);
   EXPECT_EQ(firstContour(steps).size(), 3U);
   EXPECT_TRUE(afterFirstContour(steps).empty());
+  EXPECT_TRUE(pathOf(compound(steps)).usesEvenOddFillRule());
+  EXPECT_FALSE(pathOf(plain(steps)).usesEvenOddFillRule());
 }
 
 // Inside an image context the call does what its name says.

@@ -287,12 +287,12 @@ TEST(CliRender, LaysTheGroundUnderTheRing) {
 }
 
 TEST(CliPng, IsTheSamePictureSmaller) {
-  std::vector<std::uint8_t> pixels(4 * 64 * 48);
+  std::vector<std::uint8_t> pixels(4 * 64 * 48, 255);
   // Each row rises by steps of its own, so that it is best told from the left.
   for (std::size_t i = 0; i < pixels.size(); ++i) {
     const std::size_t y = i / 256;
-    const std::size_t rise = i / 4 % 64 * (y + 1) + i % 4 * 10 + y * 37;
-    pixels[i] = i % 4 == 3 ? 255 : static_cast<std::uint8_t>(rise);
+    const std::size_t value = i / 4 % 64 * (y + 1) + i % 4 * 40 + y * 37;
+    if (i % 4 != 3) pixels[i] = static_cast<std::uint8_t>(value);
   }
   const auto quick = cli::encodePng(64, 48, pixels);
   const auto small = cli::encodePng(64, 48, pixels, cli::Compression::small);

@@ -79,8 +79,9 @@ TEST(OutlineCheck, SeesWhatIsWrong) {
   EXPECT_EQ(check(path).meetings.size(), 1U);
 
   const std::vector<std::vector<CGPoint>> meetings = {
-      {{0, 0}, {10, 10}, {10, 0}, {0, 10}, {0, 0}},          // a bow tie
-      {{0, 0}, {10, 0}, {20, 0}, {10, 0}, {10, 10}, {0, 0}}  // a spike
+      {{0, 0}, {10, 10}, {10, 0}, {0, 10}, {0, 0}},           // a bow tie
+      {{0, 0}, {10, 0}, {20, 0}, {10, 0}, {10, 10}, {0, 0}},  // a spike
+      {{0, 0}, {10, 0}, {4, 0}}                               // nothing but one
   };
   for (const std::vector<CGPoint>& points : meetings) {
     path = {};

@@ -29,6 +29,8 @@ build_packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libpng-dev
   libgif-dev)
 wasm_packages=(clang-19 lld-19 libc++-19-dev-wasm32 libc++abi-19-dev-wasm32 wasi-libc
   libclang-rt-19-dev-wasm32)
+browser_packages=(chromium)
+command -v npm >/dev/null || browser_packages+=(nodejs npm)
 bench_packages=(pkg-config libcairo2-dev libagg-dev)
 arm_packages=(g++-aarch64-linux-gnu gcc qemu-user)
 test_packages=(ccache zsh fish libgtest-dev clang libclang-rt-dev clang-format clang-tidy

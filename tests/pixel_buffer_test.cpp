@@ -119,6 +119,18 @@ TEST(PixelBuffer, HoldsThePixelsOfTheImageAndNothingElse) {
   }
 }
 
+TEST(PixelBuffer, DividesEveryColourByEveryAlpha) {
+  std::vector<std::uint8_t> all;
+  for (int i = 0; i < 256 * 256; ++i) {
+    const auto alpha = static_cast<std::uint8_t>(i / 256);
+    const auto color = static_cast<std::uint8_t>(alpha == 0 ? 0 : i);
+    all.insert(all.end(), {color, static_cast<std::uint8_t>(color / 2), 0, alpha});
+  }
+  const std::vector<std::uint8_t> wanted = converted(all, PixelFormat::straightRGBA);
+  convertPixels(all.data(), all.data(), all.size() / 4, PixelFormat::straightRGBA);
+  EXPECT_TRUE(all == wanted);
+}
+
 TEST(PixelBuffer, TakesWhatARendererDraws) {
   const auto picture = [](const UIGraphicsImageRendererContext& context) {
     CGContextBeginTransparencyLayer(context.cgContext());

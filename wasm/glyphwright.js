@@ -185,8 +185,7 @@ export class Glyphwright {
     const at = this.#at.attributes;
     new Uint8Array(this.#c.memory.buffer, at, ATTRIBUTES_SIZE).fill(0);
     const view = this.#view();
-    // A clear stroke stands for none: without any the library draws a thin black outline.
-    let parts = STROKE;
+    let parts = stroke ? STROKE : 0;
     view.setUint32(at, ATTRIBUTES_SIZE, true);
     const [width, height] = sides(size);
     [width, height, scale].forEach((value, i) =>
@@ -217,17 +216,17 @@ export class Glyphwright {
     view.setUint32(at + 4, parts, true);
   }
 
-  /** Room for the pixels of an image; gives the description that the library wants. */
-  #setBuffer(width, height, scale, format) {
+  /** Room for the pixels of `count` images of one size; gives their sides in pixels. */
+  #setBuffer(width, height, scale, format, count = 1) {
     const { result, buffer } = this.#at;
     this.#check(this.#call('glyphwright_pixel_size', width, height, scale, result, result + 4));
     const pixelWidth = this.#view().getUint32(result, true);
     const pixelHeight = this.#view().getUint32(result + 4, true);
-    const bytes = 4 * pixelWidth * pixelHeight;
+    const bytes = 4 * pixelWidth * pixelHeight * count;
     if (this.#pixels.bytes < bytes) {
       this.#c.glyphwright_memory_free(this.#pixels.address);
       this.#pixels = { address: 0, bytes: 0 };
-      const address = this.#call('glyphwright_memory_new', bytes);
+      const address = bytes < 2 ** 32 ? this.#call('glyphwright_memory_new', bytes) : 0;
       if (address === 0) this.#check(OUT_OF_MEMORY);
       this.#pixels = { address, bytes };
     }
@@ -237,10 +236,13 @@ export class Glyphwright {
     return { width: pixelWidth, height: pixelHeight };
   }
 
-  /** A copy of the pixels, which stand in memory that the next call uses again. */
-  #image({ width, height }) {
-    const { address } = this.#pixels;
-    const data = new Uint8ClampedArray(this.#c.memory.buffer.slice(address, address + 4 * width * height));
+  /** The pixels of the image with this number, copied unless they are only borrowed. */
+  #image({ width, height }, index = 0, borrow = false) {
+    const bytes = 4 * width * height;
+    const memory = this.#c.memory.buffer;
+    const at = this.#pixels.address + index * bytes;
+    const data = borrow ? new Uint8ClampedArray(memory, at, bytes)
+      : new Uint8ClampedArray(memory.slice(at, at + bytes));
     return { width, height, data };
   }
 
@@ -280,14 +282,24 @@ export class Glyphwright {
 
   /** An icon painted: its width and height in pixels and their RGBA bytes. */
   render(name, attributes = {}) {
-    const path = this.#pathNamed(name);
+    return this.renderAll([name], attributes)[0];
+  }
+
+  /** Icons painted alike, in the order of their names. */
+  renderAll(names, attributes = {}) {
+    const paths = Array.from(names, (name) => this.#pathNamed(name));
+    if (paths.length === 0) return [];
     this.#setAttributes(attributes);
     const [width, height] = sides(attributes.size ?? 24);
     const format = attributes.premultiplied ? RGBA_PREMULTIPLIED : RGBA_STRAIGHT;
-    const size = this.#setBuffer(width, height, attributes.scale ?? 1, format);
+    const size = this.#setBuffer(width, height, attributes.scale ?? 1, format, paths.length);
     const { attributes: at, buffer, message } = this.#at;
-    this.#check(this.#call('glyphwright_render', path, at, buffer, message), true);
-    return this.#image(size);
+    paths.forEach((path, i) => {
+      const place = this.#pixels.address + 4 * size.width * size.height * i;
+      this.#view().setUint32(buffer + 8, place, true);
+      this.#check(this.#call('glyphwright_render', path, at, buffer, message), true);
+    });
+    return paths.map((_, i) => this.#image(size, i, attributes.borrow));
   }
 
   /** The same as the browser's ImageData, for a canvas. */

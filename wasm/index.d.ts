@@ -9,7 +9,7 @@ export type Direction =
 export interface Line {
   /** Black unless given. */
   color?: Color;
-  /** In points, 1 unless given. */
+  /** In points, 1 unless given; a stroke of 0 is one pixel wide. */
   width?: number;
 }
 
@@ -54,6 +54,9 @@ export interface Attributes {
   gradient?: Gradient;
   /** Whether colours are multiplied by alpha, as `glyphwright render -o x.rgba` gives them. */
   premultiplied?: boolean;
+  /** Whether pixels stay in the module's memory, where the next call writes over them: for those
+   * that copy them at once anyway, as `putImageData` does. */
+  borrow?: boolean;
 }
 
 /** Pixels, rows from top to bottom, red, green, blue and alpha each a byte. */
@@ -121,6 +124,8 @@ export class Glyphwright {
   readonly version: number;
   path(name: string | number): Path;
   render(name: string | number, attributes?: Attributes): Pixels;
+  /** Several painted alike, in the order of their names: quicker than one after the other. */
+  renderAll(names: Iterable<string | number>, attributes?: Attributes): Pixels[];
   /** In browsers: for `putImageData`. */
   imageData(name: string | number, attributes?: Attributes): ImageData;
   painting(name: string, options?: PaintingOptions): Pixels;

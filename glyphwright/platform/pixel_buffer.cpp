@@ -1,6 +1,7 @@
 #include <glyphwright/platform/pixel_buffer.h>
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstring>
 
@@ -20,18 +21,44 @@ void exchangeRedAndBlue(std::uint8_t* to, const std::uint8_t* from, std::size_t 
   }
 }
 
-// Most pixels are opaque or clear, and both stay what they are.
-void divideByAlpha(std::uint8_t* to, const std::uint8_t* from, std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i, to += 4, from += 4) {
-    const unsigned alpha = from[3];
-    if (alpha == 255 || alpha == 0) {
-      std::memmove(to, from, 4);
-      continue;
+// 2²⁴ ÷ alpha, rounded up. Products with it have the exact quotient in their upper byte as long as
+// the dividend is below 2¹⁶ and the quotient below 256.
+constexpr std::array<std::uint32_t, 256> kInverse = [] {
+  std::array<std::uint32_t, 256> table{};
+  for (std::uint32_t alpha = 1; alpha < 256; ++alpha) {
+    table[alpha] = ((1U << 24) + alpha - 1) / alpha;
+  }
+  return table;
+}();
+
+void divideByAlpha(std::uint8_t* pixel) {
+  const std::uint32_t alpha = pixel[3];
+  for (int c = 0; c < 3; ++c) {
+    const std::uint32_t held = std::min<std::uint32_t>(pixel[c], alpha);
+    pixel[c] = static_cast<std::uint8_t>((held * 255 + alpha / 2) * kInverse[alpha] >> 24);
+  }
+}
+
+// Most pixels are opaque or clear, mostly with their neighbours, and all of these stay what they
+// are.
+void makeStraight(std::uint8_t* to, const std::uint8_t* from, std::size_t count) {
+  if (to != from) std::memcpy(to, from, count * 4);
+  constexpr std::size_t kTogether = 8;
+  constexpr auto kAlphas =
+      std::bit_cast<std::uint64_t>(std::array<std::uint8_t, 8>{0, 0, 0, 255, 0, 0, 0, 255});
+  for (std::size_t part = 0; count > 0; count -= part, to += part * 4) {
+    part = std::min(count, kTogether);
+    if (part == kTogether) {
+      std::array<std::uint64_t, kTogether / 2> pairs;
+      std::memcpy(pairs.data(), to, sizeof(pairs));
+      const std::uint64_t any = pairs[0] | pairs[1] | pairs[2] | pairs[3];
+      const std::uint64_t all = pairs[0] & pairs[1] & pairs[2] & pairs[3];
+      if ((any & kAlphas) == 0 || (all & kAlphas) == kAlphas) continue;
     }
-    for (int c = 0; c < 3; ++c) {
-      to[c] = static_cast<std::uint8_t>(std::min((from[c] * 255U + alpha / 2) / alpha, 255U));
+    for (std::size_t i = 0; i < part; ++i) {
+      const std::uint8_t alpha = to[i * 4 + 3];
+      if (alpha != 0 && alpha != 255) divideByAlpha(to + i * 4);
     }
-    to[3] = static_cast<std::uint8_t>(alpha);
   }
 }
 
@@ -47,10 +74,10 @@ void convertPixels(std::uint8_t* to, const std::uint8_t* from, std::size_t count
       exchangeRedAndBlue(to, from, count);
       break;
     case PixelFormat::straightRGBA:
-      divideByAlpha(to, from, count);
+      makeStraight(to, from, count);
       break;
     case PixelFormat::straightBGRA:
-      divideByAlpha(to, from, count);
+      makeStraight(to, from, count);
       exchangeRedAndBlue(to, to, count);
       break;
   }

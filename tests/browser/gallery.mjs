@@ -1,16 +1,18 @@
 // The gallery in a browser: what its scripts do, seen from outside, against what the program gives.
-// Usage: gallery.mjs GALLERY-FOLDER BROWSER PROGRAM QUERIES
+// Usage: gallery.mjs GALLERY-FOLDER BROWSER PROGRAM QUERIES PACKAGE MANIFEST
 import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
 import { readFileSync, writeFileSync } from 'node:fs';
 import { createRequire } from 'node:module';
 import { pathToFileURL } from 'node:url';
 import puppeteer from 'puppeteer-core';
+import { picturesOf } from './manifest.mjs';
 import { pixelsOfPng } from './png.mjs';
 
-const [folder, executablePath, program, queries] = process.argv.slice(2);
+const [folder, executablePath, program, queries, npmPackage, manifest] = process.argv.slice(2);
 const axe = createRequire(import.meta.url).resolve('axe-core');
 const run = (...words) => execFileSync(program, words, { maxBuffer: 1 << 26 });
+const pictures = picturesOf(readFileSync(manifest, 'utf8'));
 const same = (a, b) => Buffer.compare(Buffer.from(a), Buffer.from(b)) === 0;
 
 const browser = await puppeteer.launch({ executablePath, args: ['--no-sandbox', '--disable-gpu'] });
@@ -91,8 +93,12 @@ const parts = {
       '&stroke=203040:1.5&drop=00000080:0,2:4&inset=00000099:0,1.5:3&size=40' });
     const style = ['--background', '#ffffff', '--gradient', '#ff2d6b,#ff9e33:leftToRight', '--stroke', '#203040:1.5',
       '--drop-shadow', '#00000080:0,2:4', '--inset-shadow', '#00000099:0,1.5:3'];
-    const pixels = () => page.$eval('.card:not([hidden]) canvas', (canvas) =>
-      Array.from(canvas.getContext('2d').getImageData(0, 0, canvas.width, canvas.height).data));
+    const pixels = () => page.$eval('.card:not([hidden]) canvas', (canvas) => {
+      const { width, height } = canvas;
+      const copy = new OffscreenCanvas(width, height).getContext('2d', { willReadFrequently: true });
+      copy.drawImage(canvas, 0, 0);
+      return Array.from(copy.getImageData(0, 0, width, height).data);
+    });
     const method = (await shown(page))[0];
     const native = (size, scale) => {
       const file = `${folder}/../native.rgba`;
@@ -113,6 +119,22 @@ const parts = {
     await look[4].click();
     await page.waitForFunction(() => location.hash.includes('stroke=ffffff'));
     assert.match(await page.$eval('.figure', (figure) => figure.textContent), /drawn in [\d.]+ ms/);
+    await page.close();
+  },
+
+  // The package, in a page that has nothing else.
+  async 'draws the same bytes as everywhere'() {
+    const page = await browser.newPage();
+    const [face, comparison] = [`${npmPackage}/glyphwright.js`, new URL('manifest.mjs', import.meta.url)]
+      .map((file) => `data:text/javascript;base64,${readFileSync(file).toString('base64')}`);
+    for (const build of ['glyphwright.wasm', 'glyphwright-simd.wasm']) {
+      const { drawn, wrong } = await page.evaluate(async (from, by, module, hashes) => {
+        const [{ fromModule }, { compare }] = await Promise.all([import(from), import(by)]);
+        const bytes = Uint8Array.from(atob(module), (c) => c.charCodeAt(0));
+        return compare(await fromModule(bytes), hashes);
+      }, face, comparison, readFileSync(`${npmPackage}/${build}`).toString('base64'), readFileSync(manifest, 'utf8'));
+      assert.deepEqual([wrong, drawn], [[], pictures], build);
+    }
     await page.close();
   },
 

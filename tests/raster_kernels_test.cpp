@@ -30,12 +30,19 @@ struct Checkered final : PixelSource {
   }
 };
 
+void expectZero(const std::vector<std::int16_t>& cells, std::size_t count) {
+  EXPECT_TRUE(std::all_of(cells.begin(), cells.begin() + static_cast<std::ptrdiff_t>(count),
+                          [](std::int16_t cell) { return cell == 0; }));
+}
+
 TEST_P(RasterKernels, RowsOfCellsPaintTheSame) {
+  constexpr std::size_t kRows = 7;
   for (const std::size_t width : kCounts) {
     for (int round = 0; round < 40; ++round) {
+      SCOPED_TRACE(width);
       const std::size_t before = round % 3 == 0 ? kBlock : 0;
       const std::size_t stride = before + cellStride(static_cast<int>(width));
-      constexpr std::size_t kRows = 7;
+      const FillRule rule = upTo(1) == 0 ? FillRule::nonZero : FillRule::evenOdd;
       // Cells, and marks of blocks, of which those without one are empty in half of the rounds.
       const auto marked = [&](std::vector<std::uint8_t>& touched) {
         auto values = cells(stride, kRows);
@@ -49,80 +56,69 @@ TEST_P(RasterKernels, RowsOfCellsPaintTheSame) {
         return values;
       };
       std::vector<std::uint8_t> touched;
-      std::vector<std::int16_t> fastCells = marked(touched);
-      std::vector<std::int16_t> plainCells = fastCells;
-      const FillRule rule = upTo(1) == 0 ? FillRule::nonZero : FillRule::evenOdd;
-      const std::uint8_t* mask = round % 2 == 0 ? &touched[before / kBlock] : nullptr;
+      std::vector<std::uint8_t> touchedAbove;
+      const auto below = marked(touched);
+      const auto above = marked(touchedAbove);
+      const auto rowsOf = [&](auto& values, const auto& marks, FillRule by) {
+        const std::uint8_t* mask = round % 2 == 0 ? &marks[before / kBlock] : nullptr;
+        return CellRows{&values[before], stride, mask, kRows, width, by, before};
+      };
       const std::size_t between = round % 4 == 0 ? 0 : 12;  // bytes, from row to row
       const std::size_t rowBytes = width * 4 + between;
-      const auto below = premultiplied(rowBytes / 4 * kRows + kBlock);
-      const auto expectSame = [&](auto kernel, const auto& paint) {
-        const auto paintOne = [&](const Kernels& table) {
-          auto pixels = below;
-          auto values = fastCells;
-          (table.*kernel)(pixels.data(), rowBytes,
-                          {&values[before], stride, mask, kRows, width, rule, before}, paint);
-          EXPECT_EQ(values, std::vector<std::int16_t>(values.size(), 0));
-          // Past the ends of rows anything goes if more rows come; nothing is touched past the
-          // last.
-          for (std::size_t row = 0; row + 1 < kRows; ++row) {
-            std::fill_n(pixels.begin() + static_cast<std::ptrdiff_t>(row * rowBytes + width * 4),
-                        between, 0);
-          }
-          return pixels;
-        };
-        ASSERT_EQ(paintOne(fast_), paintOne(plain_)) << "width " << width;
-      };
-      for (const auto kernel : {&Kernels::writeCells, &Kernels::blendCells}) {
-        expectSame(kernel, color());
-      }
-      for (const auto kernel : {&Kernels::writeCellsByRow, &Kernels::blendCellsByRow}) {
-        std::uint32_t inks[kRows];
-        std::memcpy(inks, premultiplied(kRows).data(), sizeof(inks));
-        expectSame(kernel, &inks[0]);
-      }
-      const Checkered source;
-      std::vector<std::uint8_t> room(2 * rowBytes + kBlock * 4);
-      for (const auto kernel : {&Kernels::writeCellsOf, &Kernels::blendCellsOf}) {
-        expectSame(kernel, SourceRows{source, 3, -5, room.data(), round % 3 == 0});
-      }
-      std::vector<std::uint8_t> touchedAbove;
-      const auto cellsAbove = marked(touchedAbove);
-      const std::uint8_t* maskAbove = mask == nullptr ? nullptr : &touchedAbove[before / kBlock];
-      const SolidColor inks[2] = {color(), color()};
-      const auto paintTwo = [&](const Kernels& table) {
-        auto pixels = below;
-        auto a = fastCells;
-        auto b = cellsAbove;
-        table.writeTwoCells(
-            pixels.data(), rowBytes, {&a[before], stride, mask, kRows, width, rule, before},
-            {&b[before], stride, maskAbove, kRows, width, FillRule::nonZero, before}, inks[0],
-            inks[1]);
-        EXPECT_EQ(a, std::vector<std::int16_t>(a.size(), 0));
-        EXPECT_EQ(b, a);
-        for (std::size_t row = 0; row + 1 < kRows; ++row) {
-          std::fill_n(pixels.begin() + static_cast<std::ptrdiff_t>(row * rowBytes + width * 4),
-                      between, 0);
+      const auto ground = premultiplied(rowBytes / 4 * kRows + kBlock);
+      // Past the ends of rows anything goes if more rows come; nothing is touched past the last.
+      const auto painted = [&](auto paint) {
+        auto pixels = ground;
+        paint(pixels.data());
+        for (std::size_t end = width * 4; end < (kRows - 1) * rowBytes; end += rowBytes) {
+          std::fill_n(pixels.begin() + static_cast<std::ptrdiff_t>(end), between, 0);
         }
         return pixels;
       };
-      ASSERT_EQ(paintTwo(fast_), paintTwo(plain_)) << "width " << width;
-      auto insetCells = fastCells;
-      std::vector<std::uint16_t> fastInset(2 * stride);
-      std::vector<std::uint16_t> plainInset(2 * stride);
-      fast_.sumInset(insetCells.data(), stride, rule, fastInset.data(), &fastInset[stride]);
-      EXPECT_TRUE(std::all_of(insetCells.begin(),
-                              insetCells.begin() + static_cast<std::ptrdiff_t>(stride),
-                              [](std::int16_t cell) { return cell == 0; }));
-      insetCells = plainCells;
-      plain_.sumInset(insetCells.data(), stride, rule, plainInset.data(), &plainInset[stride]);
-      ASSERT_EQ(fastInset, plainInset);
-      std::vector<std::uint16_t> fastCoverage(stride);
-      std::vector<std::uint16_t> plainCoverage(stride);
+      const auto expectSameRows = [&](auto kernel, const auto& paint) {
+        expectSame([&](const Kernels& loops) {
+          auto values = below;
+          const auto pixels = painted([&](std::uint8_t* to) {
+            (loops.*kernel)(to, rowBytes, rowsOf(values, touched, rule), paint);
+          });
+          expectZero(values, values.size());
+          return pixels;
+        });
+      };
+      expectSameRows(&Kernels::writeCells, color());
+      expectSameRows(&Kernels::blendCells, color());
+      std::uint32_t byRow[kRows];
+      std::memcpy(byRow, premultiplied(kRows).data(), sizeof(byRow));
+      expectSameRows(&Kernels::writeCellsByRow, &byRow[0]);
+      expectSameRows(&Kernels::blendCellsByRow, &byRow[0]);
+      const Checkered source;
+      std::vector<std::uint8_t> room(2 * rowBytes + kBlock * 4);
+      const SourceRows ofSource{source, 3, -5, room.data(), round % 3 == 0};
+      expectSameRows(&Kernels::writeCellsOf, ofSource);
+      expectSameRows(&Kernels::blendCellsOf, ofSource);
+      const SolidColor inks[2] = {color(), color()};
+      expectSame([&](const Kernels& loops) {
+        auto a = below;
+        auto b = above;
+        const auto pixels = painted([&](std::uint8_t* to) {
+          loops.writeTwoCells(to, rowBytes, rowsOf(a, touched, rule),
+                              rowsOf(b, touchedAbove, FillRule::nonZero), inks[0], inks[1]);
+        });
+        expectZero(a, a.size());
+        expectZero(b, b.size());
+        return pixels;
+      });
       const int carry = upTo(2 * kUnitsPerPixel) - kUnitsPerPixel;
-      EXPECT_EQ(fast_.sumNarrow(fastCells.data(), stride, carry, rule, fastCoverage.data()),
-                plain_.sumNarrow(plainCells.data(), stride, carry, rule, plainCoverage.data()));
-      ASSERT_EQ(fastCoverage, plainCoverage);
+      expectSame([&](const Kernels& loops) {
+        auto values = below;
+        std::vector<std::uint16_t> out(3 * stride);
+        loops.sumInset(values.data(), stride, rule, out.data(), &out[stride]);
+        expectZero(values, stride);
+        values = below;
+        const int sum = loops.sumNarrow(values.data(), stride, carry, rule, &out[2 * stride]);
+        expectZero(values, stride);
+        return std::pair(sum, out);
+      });
     }
   }
 }
@@ -130,34 +126,24 @@ TEST_P(RasterKernels, RowsOfCellsPaintTheSame) {
 TEST_P(RasterKernels, PixelsComposeTheSame) {
   for (const std::size_t count : kCounts) {
     for (int round = 0; round < 40; ++round) {
+      SCOPED_TRACE(count);
       const auto levels = coverage(count);
+      const auto above = coverage(count);
+      const auto cast = coverage(count);
       const auto source = premultiplied(count);
       const auto below = premultiplied(count + 3);  // the last three are not to be touched
       const SolidColor ink = color();
-      const auto expectSame = [&](const char* what, auto&& run) {
-        auto fast = below;
-        auto plain = below;
-        run(fast_, fast.data());
-        run(plain_, plain.data());
-        ASSERT_EQ(fast, plain) << what << ", " << count << " pixels";
-      };
-      expectSame("writeSolid", [&](const Kernels& k, std::uint8_t* to) {
-        k.writeSolid(to, levels.data(), count, ink);
-      });
       const SolidColor other = color();
-      const auto above = coverage(count);
-      const auto cast = coverage(count);
-      expectSame("writeInset", [&](const Kernels& k, std::uint8_t* to) {
-        k.writeInset(to, {levels.data(), cast.data(), above.data()}, count, ink, other);
-      });
-      expectSame("blendSolid", [&](const Kernels& k, std::uint8_t* to) {
-        k.blendSolid(to, levels.data(), count, ink);
-      });
-      expectSame("writePixels", [&](const Kernels& k, std::uint8_t* to) {
-        k.writePixels(to, levels.data(), count, source.data());
-      });
-      expectSame("blendPixels", [&](const Kernels& k, std::uint8_t* to) {
-        k.blendPixels(to, levels.data(), count, source.data());
+      expectSame([&](const Kernels& k) {
+        std::vector<std::vector<std::uint8_t>> to(5, below);
+        k.writeSolid(to[0].data(), levels.data(), count, ink);
+        k.blendSolid(to[1].data(), levels.data(), count, ink);
+        k.writePixels(to[2].data(), levels.data(), count, source.data());
+        k.blendPixels(to[3].data(), levels.data(), count, source.data());
+        k.writeInset(to[4].data(), {levels.data(), cast.data(), above.data()}, count, ink, other);
+        auto product = levels;
+        k.multiplyCoverage(product.data(), cast.data(), count);
+        return std::pair(to, product);
       });
     }
   }
@@ -183,23 +169,44 @@ TEST_P(RasterKernels, TwoColoursComposeTheSame) {
         if (upTo(1) == 0) ink.channels[c] = 0;
       }
       const SolidColor other = color();
-      auto fast = canvas;
-      auto plain = canvas;
-      fast_.writeTwoSolids(fast.data(), (count + 3) * 4, coverages, ink, other);
-      plain_.writeTwoSolids(plain.data(), (count + 3) * 4, coverages, ink, other);
-      ASSERT_EQ(fast, plain) << count << " pixels, " << width << " from " << from;
+      SCOPED_TRACE(testing::Message() << count << " pixels, " << width << " from " << from);
+      expectSame([&](const Kernels& loops) {
+        auto pixels = canvas;
+        loops.writeTwoSolids(pixels.data(), (count + 3) * 4, coverages, ink, other);
+        return pixels;
+      });
     }
   }
 }
 
-TEST_P(RasterKernels, CoverageMultipliesTheSame) {
-  for (const std::size_t count : kCounts) {
-    auto fast = coverage(count);
-    auto plain = fast;
-    const auto other = coverage(count);
-    fast_.multiplyCoverage(fast.data(), other.data(), count);
-    plain_.multiplyCoverage(plain.data(), other.data(), count);
-    ASSERT_EQ(fast, plain);
+TEST_P(RasterKernels, FiltersAreTheSame) {
+  for (const std::size_t reach : {0U, 1U, 5U, 31U}) {
+    for (const std::size_t blocks : {1U, 2U, 3U, 4U, 7U}) {
+      constexpr std::size_t kRows = 3;
+      const std::size_t count = blocks * kBlock;
+      const std::size_t stride = count + 2 * reach + 5;
+      // Sums that go past one saturate on both sides alike.
+      const std::vector<std::int16_t> taps(reach + 1,
+                                           static_cast<std::int16_t>(40000 / (reach + 2)));
+      const auto values = coverage((2 * reach + kRows) * stride);
+      expectSame([&](const Kernels& loops) {
+        std::vector<std::uint16_t> out(kRows * stride, kGuard);
+        loops.filterAlong({out.data(), stride, kRows, count}, values.data(), stride, taps.data(),
+                          reach);
+        return out;
+      });
+      std::vector<const std::uint16_t*> rows;
+      for (std::size_t k = 0; k < 2 * reach + kRows; ++k) rows.push_back(&values[k * stride]);
+      std::shuffle(rows.begin(), rows.end(), random_);
+      for (const std::size_t first : {std::size_t{0}, (reach + 1) / 2, reach, reach + 2}) {
+        expectSame([&](const Kernels& loops) {
+          std::vector<std::uint16_t> out(kRows * stride, kGuard);
+          loops.filterDown({out.data(), stride, kRows, count}, &rows[reach], taps.data(), first,
+                           reach);
+          return out;
+        });
+      }
+    }
   }
 }
 
@@ -258,15 +265,13 @@ TEST_P(RasterKernels, ColoursMixTheSame) {
     double parts[24] = {};
     for (double& part : parts) part = upTo(1000) / 1000.0;
     const std::size_t count = round % 17 + 1;
-    std::uint8_t fast[18 * 4] = {};
-    std::uint8_t plain[18 * 4] = {};
-    fast_.mixParts(stretch, parts, count, fast);
-    plain_.mixParts(stretch, parts, count, plain);
-    ASSERT_EQ(std::to_array(fast), std::to_array(plain));
     const double step = (parts[1] - parts[0]) / static_cast<double>(count);
-    fast_.mixAlong(stretch, parts[0], step, count, fast);
-    plain_.mixAlong(stretch, parts[0], step, count, plain);
-    ASSERT_EQ(std::to_array(fast), std::to_array(plain));
+    expectSame([&](const Kernels& loops) {
+      std::array<std::uint8_t, 36 * 4> pixels{};
+      loops.mixParts(stretch, parts, count, &pixels[0]);
+      loops.mixAlong(stretch, parts[0], step, count, &pixels[18 * 4]);
+      return pixels;
+    });
   }
 }
 
@@ -279,7 +284,7 @@ TEST_P(RasterKernels, CurvesSampleTheSame) {
       for (double& p : points) p = upTo(1000) * size / 1000 + 4;
       if (round == 0) std::fill_n(points.begin(), 8, 5.0);  // no length at all
       // Curves that share their ends, each with corners of its own.
-      const auto drawn = [&](const Kernels& table) {
+      expectSame([&](const Kernels& table) {
         std::vector<Curve> curves;
         for (std::uint32_t i = 0; i < 4; ++i) curves.push_back({3 * i, i, 0, 0});
         table.countChords(curves.data(), curves.size(), points.data(), frame);
@@ -297,10 +302,14 @@ TEST_P(RasterKernels, CurvesSampleTheSame) {
         x.resize(corners);
         y.resize(corners);
         return std::pair(x, y);
-      };
-      ASSERT_EQ(drawn(fast_), drawn(plain_));
+      });
     }
   }
+}
+
+// An edge's values, to be compared.
+auto valuesOf(const Edge& edge) {
+  return std::array{edge.x0, edge.x1, static_cast<float>(edge.y0), static_cast<float>(edge.y1)};
 }
 
 TEST_P(RasterKernels, CornersJoinTheSame) {
@@ -311,11 +320,13 @@ TEST_P(RasterKernels, CornersJoinTheSame) {
       x[i] = real(0, 50);
       y[i] = i > 0 && upTo(3) == 0 ? y[i - 1] : upTo(5000);
     }
-    std::vector<Edge> fast(count + 8);
-    std::vector<Edge> plain(count + 8);
-    EXPECT_EQ(fast_.joinCorners(x.data(), y.data(), count, fast.data()),
-              plain_.joinCorners(x.data(), y.data(), count, plain.data()));
-    EXPECT_EQ(std::memcmp(fast.data(), plain.data(), (count - 1) * sizeof(Edge)), 0) << count;
+    expectSame([&](const Kernels& loops) {
+      std::vector<Edge> edges(count + 8);
+      const int runs = loops.joinCorners(x.data(), y.data(), count, edges.data());
+      std::vector<std::array<float, 4>> values;
+      for (std::size_t i = 0; i + 1 < count; ++i) values.push_back(valuesOf(edges[i]));
+      return std::pair(runs, values);
+    });
   }
   // Down, level, down, up, down.
   const float x[16] = {};

@@ -152,6 +152,7 @@ void fuzzDrawing(fuzz::Input& input, const Kernels& fast, const Kernels& plain) 
 
 void fuzzColors(fuzz::Input& input, const Kernels& fast, const Kernels& plain) {
   ColorStretch stretch;
+  stretch.bends = true;
   for (int c = 0; c < 4; ++c) {
     stretch.start[c] = static_cast<float>(input.byte()) + 0.5F;
     stretch.change[c] = static_cast<float>(input.byte()) + 0.5F - stretch.start[c];
@@ -163,8 +164,8 @@ void fuzzColors(fuzz::Input& input, const Kernels& fast, const Kernels& plain) {
   for (std::size_t i = 0; i < count; ++i) parts[i] = input.byte() / 255.0;
   const double step = (parts[1] - parts[0]) / static_cast<double>(count);
   for (const bool along : {false, true}) {
-    std::vector<std::uint32_t> made[2] = {std::vector<std::uint32_t>(count + 1, 7),
-                                          std::vector<std::uint32_t>(count + 1, 7)};
+    std::vector<std::uint8_t> made[2];
+    for (auto& pixels : made) pixels.resize(4 * (count + 1), 7);
     for (const int k : {0, 1}) {
       const Kernels& table = k == 0 ? fast : plain;
       if (along) table.mixAlong(stretch, parts[0], step, count, made[k].data());

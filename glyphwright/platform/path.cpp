@@ -40,10 +40,13 @@ CGFloat cornerRadius(CGFloat asked, CGFloat side) {
 }  // namespace
 
 void CGPath::reserve(std::size_t verbs, std::size_t points) {
-  auto& ownVerbs = verbs_.edit();
-  auto& ownPoints = points_.edit();
-  ownVerbs.reserve(ownVerbs.size() + verbs);
-  ownPoints.reserve(ownPoints.size() + points);
+  // Room for exactly so many each time would move all of a path for each of its parts.
+  const auto growBy = [](auto& list, std::size_t more) {
+    const std::size_t needed = list.size() + more;
+    if (needed > list.capacity()) list.reserve(std::max(needed, 2 * list.capacity()));
+  };
+  growBy(verbs_.edit(), verbs);
+  growBy(points_.edit(), points);
 }
 
 void CGPath::add(PathVerb verb, std::initializer_list<CGPoint> points) {

@@ -131,22 +131,6 @@ TEST(RasterAccuracy, StraightEdgesAreExactToOneLevel) {
   EXPECT_NEAR(all.bias(), 0, 0.02);
 }
 
-// A star that crosses itself turns twice about its middle: full under one rule, empty under the
-// other. Where two of its edges share a pixel the sum of areas is not the area of the sum; those
-// few pixels may be off.
-TEST(RasterAccuracy, SelfCrossingShapesFollowTheirRule) {
-  UIBezierPath star = polygon(5, 2, 90, {96, 96});
-  for (const bool evenOdd : {false, true}) {
-    star.setUsesEvenOddFillRule(evenOdd);
-    Errors errors;
-    const UIImage image = drawn(192, [&] { star.fill(); });
-    errors.add(reference::coverage(star.cgPath(), evenOdd, 192, 192), image);
-    EXPECT_LE(errors.worstElsewhere, 0.5);
-    EXPECT_LE(errors.mean(), 1.0);
-    EXPECT_EQ(image.cgImage().rgba()[(96 * 192 + 96) * 4 + 3], evenOdd ? 0 : 255);
-  }
-}
-
 TEST(RasterAccuracy, CurvesStayWithinSixLevelsWithoutBias) {
   for (const std::size_t side : kSides) {
     Errors all;

@@ -68,20 +68,10 @@ TEST(DictionaryImage, GradientStopsAndLine) {
   const auto colors = [](std::vector<UIColor> list) {
     return std::pair<VNTLGlyphwright, AttributeValue>(VNTLGlyphwrightGradientColors, list);
   };
-  // Two colours: from the top centre to the bottom centre.
-  const UIImage two = render({colors({red, blue})});
-  EXPECT_NEAR(at(two, 20, 20).red, 126, 3);
-  EXPECT_EQ(at(two, 0, 20), at(two, 39, 20));
   // Three colours: stops 0, 0, 1, so the first shows nowhere.
-  expectSamePixels(render({colors({green, red, blue})}), two);
+  expectSamePixels(render({colors({green, red, blue})}), render({colors({red, blue})}));
   // One colour, stop 0: solid up to the end point.
   EXPECT_EQ(at(render({colors({red})}), 20, 20), kRed);
-  // Given stops.
-  const UIImage hard =
-      render({colors({red, red, blue, blue}),
-              {VNTLGlyphwrightGradientLocations, std::vector<NSNumber>{0, 0.5, 0.5, 1}}});
-  EXPECT_EQ(at(hard, 20, 19), kRed);
-  EXPECT_EQ(at(hard, 20, 20), kBlue);
   // Too few stops, no colours, no length: nothing is filled, not even flat.
   for (const UIImage& nothing :
        {render({colors({red, blue}), {VNTLGlyphwrightGradientLocations, std::vector<NSNumber>{0}}}),

@@ -84,12 +84,13 @@ class RandomStrokes {
     s.style.join = static_cast<CGLineJoin>(pick(3));
     s.style.miterLimit = pick(2) == 0 ? 10 : std::pow(2.0, real(-1, 8));
     if (pick(3) == 0) {
+      // One by one: arguments may be worked out in any order.
       const double scale = std::pow(2.0, real(-2, 2));
-      s.toPixels = CGAffineTransformConcat(
-          CGAffineTransformConcat(
-              CGAffineTransformMakeRotation(real(0, 7)),
-              CGAffineTransformMakeScale(scale, scale * std::pow(2.0, real(-2.5, 2.5)))),
-          CGAffineTransformMakeRotation(real(0, 7)));
+      const double stretch = std::pow(2.0, real(-2.5, 2.5));
+      s.toPixels = CGAffineTransformMakeRotation(real(0, 7));
+      s.toPixels = CGAffineTransformConcat(s.toPixels,
+                                           CGAffineTransformMakeScale(scale, scale * stretch));
+      s.toPixels = CGAffineTransformConcat(s.toPixels, CGAffineTransformMakeRotation(real(0, 7)));
       if (pick(4) == 0) s.toPixels.a = -s.toPixels.a;
       s.style.width /= scale;
     }

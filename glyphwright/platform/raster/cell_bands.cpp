@@ -94,6 +94,21 @@ void CellBands<Cell>::openNext() {
     inBand = active;
   }
   accumulate<Cell>(inBand, band_, *scratch_.kernels);
+  if (!edges_.sums.empty()) addSums();
+}
+
+// These are the cells of the same rows, as long as the area is the edges' own.
+template <typename Cell>
+void CellBands<Cell>::addSums() {
+  const std::size_t count = band_.stride * static_cast<std::size_t>(band_.rows);
+  const std::int32_t* from =
+      edges_.sums.data() + band_.stride * static_cast<std::size_t>(band_.firstRow);
+  for (std::size_t i = 0; i < count; ++i) {
+    if (from[i] == 0) continue;
+    band_.cells[i] = static_cast<Cell>(static_cast<unsigned>(band_.cells[i]) +
+                                       static_cast<unsigned>(from[i]));
+    if (band_.touched != nullptr) band_.touched[i / kBlock] = 1;
+  }
 }
 
 template <typename Cell>

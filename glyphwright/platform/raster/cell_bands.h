@@ -14,8 +14,8 @@ namespace glyphwright::raster {
 template <typename Cell>
 class CellBands {
  public:
-  /// Rows and pixels are those of `area`, which contains the edges' region. The edges may be the
-  /// scratch's own.
+  /// Rows and pixels are those of `area`, which contains the edges' region, and is that where some
+  /// have been added up. The edges may be the scratch's own.
   CellBands(const EdgeList& edges, const PixelRect& area, Scratch& scratch);
   CellBands(const CellBands&) = delete;
   CellBands& operator=(const CellBands&) = delete;
@@ -46,6 +46,7 @@ class CellBands {
     return band_.touched + static_cast<std::size_t>(row - firstRow_) * (band_.stride / kBlock);
   }
   void listByBand(int bands);
+  void addSums();
 
   const EdgeList& edges_;
   Scratch& scratch_;

@@ -11,9 +11,10 @@ int rounded(float value) {
   return static_cast<int>(value + 0.5F);
 }
 
+// Windings beyond all numbers begin again.
 template <typename Cell>
 void change(Cell& cell, int amount) {
-  cell = static_cast<Cell>(cell + amount);
+  cell = static_cast<Cell>(static_cast<unsigned>(cell) + static_cast<unsigned>(amount));
 }
 
 // Adds pieces of edges to a band. Nearly all change four cells, which have been worked out many at

@@ -45,7 +45,7 @@ class Sweeper {
       return scratch_.kernels->sumNarrow(from, count, carry, rule_, out);
     } else {
       for (std::size_t i = 0; i < count; ++i) {
-        carry += from[i];
+        carry = static_cast<int>(static_cast<unsigned>(carry) + static_cast<unsigned>(from[i]));
         from[i] = 0;
         out[i] = levelOf(carry);
       }
@@ -98,7 +98,8 @@ class Sweeper {
 
   // The coverage that a running sum stands for, as sumNarrow has it.
   std::uint16_t levelOf(int carry) const {
-    int units = std::min(std::abs(carry), kUnitsPerPixel);
+    int units = std::clamp(carry, -kUnitsPerPixel, kUnitsPerPixel);
+    units = std::abs(units);
     if (rule_ == FillRule::evenOdd) {
       const int phase = carry & (2 * kUnitsPerPixel - 1);
       units = std::min(phase, 2 * kUnitsPerPixel - phase);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <utility>
 
 #include <glyphwright/platform/raster/edges.h>
 
@@ -10,14 +11,16 @@ namespace glyphwright::raster {
 /// Collects edges, relative to the region.
 class EdgeWriter {
  public:
-  EdgeWriter(EdgeList& out, const PixelRect& region)
+  EdgeWriter(EdgeList& out, const PixelRect& region, const Kernels& kernels)
       : out_(out),
+        kernels_(kernels),
         left_(region.x0),
         top_(region.y0),
         width_(region.width()),
         height_(region.height()) {
     out.region = region;
     out.beyondLeft = out.beyondRight = 0;
+    out.sums.clear();
   }
   EdgeWriter(const EdgeWriter&) = delete;
   EdgeWriter& operator=(const EdgeWriter&) = delete;
@@ -28,9 +31,7 @@ class EdgeWriter {
 
  protected:
   void makeRoom(std::size_t edges) {
-    if (out_.storage.size() < count_ + edges) {
-      out_.storage.resize(std::max(count_ + edges, 2 * out_.storage.size()));
-    }
+    if (out_.storage.size() < count_ + edges) grow(edges);
   }
   void startRuns() { direction_ = 0; }
   // Needs room. Level edges leave nothing behind; which ones are level nobody can foretell, so
@@ -49,6 +50,7 @@ class EdgeWriter {
   }
 
   EdgeList& out_;
+  const Kernels& kernels_;
   std::size_t count_ = 0;
   double left_;
   double top_;
@@ -56,6 +58,20 @@ class EdgeWriter {
   double height_;
   int direction_ = 0;  // of the last edge: 1 down, −1 up
   int runs_ = 0;
+
+ private:
+  // More edges than this (4 MiB) are added up.
+  static constexpr std::size_t kMostKept = std::size_t{1} << 18;
+
+  void grow(std::size_t edges) {
+    if (count_ > 0 && count_ + edges > kMostKept) {
+      out_.count = std::exchange(count_, 0);
+      out_.addUp(kernels_);
+    }
+    if (out_.storage.size() < count_ + edges) {
+      out_.storage.resize(std::max(count_ + edges, 2 * out_.storage.size()));
+    }
+  }
 };
 
 /// Cuts lines by the region. What lies to the left is pushed to the region's left side, where it

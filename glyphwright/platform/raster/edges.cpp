@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include <glyphwright/platform/raster/cells.h>
 #include <glyphwright/platform/raster/edge_writer.h>
 #include <glyphwright/platform/raster/inside_edges.h>
 
@@ -68,8 +69,8 @@ CubicSteps stepsOf(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3, double tolera
 // For shapes that the region cuts.
 class ClippedWriter : public CuttingWriter {
  public:
-  ClippedWriter(EdgeList& out, const PixelRect& region, double tolerance)
-      : CuttingWriter(out, region), tolerance_(tolerance) {}
+  ClippedWriter(EdgeList& out, const PixelRect& region, double tolerance, const Kernels& kernels)
+      : CuttingWriter(out, region, kernels), tolerance_(tolerance) {}
 
   void moveTo(const CGPoint* p) {
     closeContour();
@@ -143,12 +144,19 @@ void writePath(const CGPath& path, const CGPoint* next, ClippedWriter& writer) {
 
 }  // namespace
 
+void EdgeList::addUp(const Kernels& kernels) {
+  const std::size_t stride = cellStride(beyondLeft + region.width() + beyondRight);
+  if (sums.empty()) sums.resize(stride * static_cast<std::size_t>(region.height()));
+  accumulate<std::int32_t>(edges(), {sums.data(), stride, nullptr, 0, region.height(), 0}, kernels);
+  count = 0;
+}
+
 void edgesOfPath(const CGPath& path, std::vector<CGPoint>& devicePoints, const DeviceBox& box,
                  const PixelRect& region, double tolerance, const Kernels& kernels, EdgeList& out) {
   if (contains(region, box)) {
     edgesInside(path, devicePoints, region, tolerance, kernels, out);
   } else {
-    ClippedWriter writer(out, region, tolerance);
+    ClippedWriter writer(out, region, tolerance, kernels);
     writePath(path, devicePoints.data(), writer);
   }
 }

@@ -20,6 +20,9 @@ struct EdgeList {
   int beyondRight = 0;
   std::vector<Edge> storage;  // grows only; the first `count` are in use
   std::size_t count = 0;
+  /// What edges beyond the most that are kept have added to the region's cells, as they would
+  /// stand in one band of all rows; empty as long as all are kept.
+  std::vector<std::int32_t> sums;
   /// What stands between a path and its edges, likewise only growing. Each contour ends where it
   /// began; the ends count segments.
   std::vector<Segment> segments;
@@ -32,6 +35,8 @@ struct EdgeList {
   int verticalRuns = 0;
 
   std::span<const Edge> edges() const { return {storage.data(), count}; }
+  /// Adds the edges to the sums, and keeps none of them.
+  void addUp(const Kernels& kernels);
 };
 
 /// The box around a path's points under `toDevice`, control points included; NaN or infinite

@@ -103,6 +103,7 @@ void edgesInside(const CGPath& path, std::vector<CGPoint>& devicePoints, const P
   out.region = region;
   out.beyondLeft = out.beyondRight = 0;
   out.count = 0;
+  out.sums.clear();
   out.verticalRuns = 0;
   std::size_t first = 0;
   for (const std::size_t contourEnd : out.contourEnds) {

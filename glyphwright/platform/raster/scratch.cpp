@@ -18,7 +18,7 @@ Scratch& Scratch::above() {
 
 std::size_t Scratch::keptBytes() const {
   return bytes(devicePoints) + bytes(edges.storage) + bytes(edges.segments) + bytes(edges.curves) +
-         bytes(edges.cornerX) + bytes(edges.cornerY) + bytes(edges.contourEnds) +
+         bytes(edges.cornerX) + bytes(edges.cornerY) + bytes(edges.contourEnds) + bytes(edges.sums) +
          bytes(outline.left.x) + bytes(outline.left.y) + bytes(outline.right.x) +
          bytes(outline.right.y) + bytes(outline.contours) + bytes(outline.listed) +
          bytes(outline.curves) + bytes(outline.raised) + outline.segments.keptBytes() +

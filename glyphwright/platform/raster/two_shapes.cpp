@@ -8,7 +8,7 @@ namespace glyphwright::raster {
 namespace {
 
 bool isNarrow(const SolidShape& shape) {
-  return shape.edges.verticalRuns / 2 <= kNarrowWindingLimit;
+  return shape.edges.verticalRuns / 2 <= kNarrowWindingLimit && shape.edges.sums.empty();
 }
 
 // Cells right of a region that cuts its shape hold nothing of use.

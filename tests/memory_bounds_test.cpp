@@ -1,6 +1,8 @@
 // Hostile requests, and the most memory that each may take at once: counted, not timed.
 
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -12,6 +14,7 @@
 #include <glyphwright/catalogue/pathable.h>
 #include <glyphwright/platform/context.h>
 #include <glyphwright/platform/image.h>
+#include <glyphwright/platform/layers/shape_layer.h>
 #include <glyphwright/rendering/icon_attributes.h>
 
 #include "failing_memory.h"
@@ -48,6 +51,12 @@ CGPath farCubics(int count) {
   return path;
 }
 
+std::function<void()> stroked(const CGPath& path, const StrokeStyle& style, CGFloat side) {
+  return [=] {
+    drawOn(side, [&](CGContextRef context) { CGContextStrokePath(context, path, style); });
+  };
+}
+
 struct Request {
   std::string name;
   std::size_t most;  // bytes
@@ -60,6 +69,35 @@ TEST(Bounds, HostileRequestsTakeBoundedMemory) {
        [&] {
          return [path = farCubics(100000)] {
            drawOn(100, [&](CGContextRef context) { CGContextFillPath(context, path, true); });
+         };
+       }},
+      {"20,000 cubics that reach a million pixels, stroked, 2048 pixels a side", (16 + 64) * kMiB,
+       [&] { return stroked(farCubics(20000), {.width = 2}, 2048); }},
+      {"50,000 zigzag lines with round joins under the widest pen", 64 * kMiB,
+       [&] {
+         CGPath path;
+         path.moveToPoint({0, 0});
+         for (int i = 1; i < 50000; ++i) path.addLineToPoint({i % 2 * 100.0, i * 0.002});
+         return stroked(path, {.width = 1e300, .join = CGLineJoin::round}, 100);
+       }},
+      {"a million dots", 64 * kMiB,
+       [&] {
+         CGPath path;
+         for (int i = 0; i < 1000000; ++i) {
+           path.moveToPoint({i * 1e-4, 50});
+           path.closeSubpath();
+         }
+         return stroked(path, {.width = 9, .cap = CGLineCap::round}, 100);
+       }},
+      {"part of a shape layer's outline of 100,000 cubics that reach a million pixels", 64 * kMiB,
+       [&] {
+         auto layer = std::make_shared<CAShapeLayer>();
+         layer->setPath(farCubics(100000));
+         layer->setFillColor(std::nullopt);
+         layer->setStrokeColor(kRose);
+         layer->setStrokeEnd(0.7);
+         return [layer] {
+           drawOn(100, [&](CGContextRef context) { layer->renderInContext(context); });
          };
        }},
       {"an icon with everything, 2048 pixels a side", (16 + 64) * kMiB,

@@ -15,6 +15,7 @@
 #include <glyphwright/platform/raster/cells.h>
 #include <glyphwright/platform/raster/kernels.h>
 #include <glyphwright/platform/raster/stroke.h>
+#include <glyphwright/platform/raster/stroke_edges.h>
 #include <glyphwright/platform/raster/stroke_outline.h>
 
 #include "raster_kernels.h"
@@ -284,10 +285,15 @@ TEST(StrokeEdges, WindingsAreBoundedByWhatLiesAbreast) {
     const StrokeStyle style;
     StrokeOutline outline;
     setOrigin(outline, around, region);
-    strokeOutline(path, points, {2, style, kStrokeTolerance, CGAffineTransformIdentity}, kernels(),
-                  outline);
+    PiecesBox pieces(kernels());
+    const Stroke stroke{2, style, kStrokeTolerance, CGAffineTransformIdentity, around};
+    ASSERT_TRUE(strokeOutline(path, points, stroke, kernels(), outline, pieces));
     EdgeList edges;
-    edgesOfOutline(outline, boxOf(outline, kernels()), region, kernels(), edges);
+    {
+      OutlineEdges writer(edges, boxOf(outline, kernels()), region, outline, kernels());
+      writer.take(outline);
+      writer.finish();
+    }
     EXPECT_EQ(edges.verticalRuns / 2, c.abreast) << c.name;
   }
 }

@@ -14,6 +14,7 @@
 
 #include <glyphwright/platform/context.h>
 #include <glyphwright/platform/image.h>
+#include <glyphwright/platform/raster/scratch.h>
 
 #include "reference/swept_pen.h"
 
@@ -49,14 +50,17 @@ struct Worst {
   double tooMuch = 0;
 };
 
+UIImage drawn(const PenStroke& s, CGFloat side) {
+  return UIImage::render({side, side}, 1,
+                         [&](CGContext& context) {
+                           CGContextConcatCTM(&context, s.toPixels);
+                           CGContextStrokePath(&context, s.path, s.style);
+                         })
+      .value();
+}
+
 Worst worstOf(const PenStroke& s, std::size_t side) {
-  const auto points = static_cast<CGFloat>(side);
-  UIGraphicsBeginImageContextWithOptions({points, points}, false, 1);
-  CGContextRef context = UIGraphicsGetCurrentContext();
-  CGContextConcatCTM(context, s.toPixels);
-  CGContextStrokePath(context, s.path, s.style);
-  const UIImage image = UIGraphicsGetImageFromCurrentImageContext().value_or(UIImage());
-  UIGraphicsEndImageContext();
+  const UIImage image = drawn(s, static_cast<CGFloat>(side));
   const auto rgba = image.cgImage().rgba();
   const auto swept = reference::sweptPen(s.path, s.style, s.toPixels, side, side);
   double most[3] = {};
@@ -88,8 +92,8 @@ class RandomStrokes {
       const double scale = std::pow(2.0, real(-2, 2));
       const double stretch = std::pow(2.0, real(-2.5, 2.5));
       s.toPixels = CGAffineTransformMakeRotation(real(0, 7));
-      s.toPixels = CGAffineTransformConcat(s.toPixels,
-                                           CGAffineTransformMakeScale(scale, scale * stretch));
+      s.toPixels =
+          CGAffineTransformConcat(s.toPixels, CGAffineTransformMakeScale(scale, scale * stretch));
       s.toPixels = CGAffineTransformConcat(s.toPixels, CGAffineTransformMakeRotation(real(0, 7)));
       if (pick(4) == 0) s.toPixels.a = -s.toPixels.a;
       s.style.width /= scale;
@@ -210,6 +214,35 @@ TEST(RasterStrokeSweep, RandomStrokesCoverWhatThePenCovers) {
                   << describe(s);
   }
   EXPECT_EQ(hurt, 0) << "of " << count;
+}
+
+// Pieces as small as they may be, and then edges that are added up, too, which may be painted by
+// other loops.
+TEST(RasterStrokeSweep, StrokesTooLongToBeKeptAreTheSame) {
+  for (unsigned i = 0; i < 600; ++i) {
+    PenStroke s = RandomStrokes(i).next();
+    // Long, and in part far away.
+    for (int k = i % 3 == 0 ? 40 : 1; k > 0; --k)
+      s.path.addPath(RandomStrokes(i + 600).next().path);
+    if (i % 4 == 0) s.path.applyTransform(CGAffineTransformMakeScale(1, 3000));
+    const auto bytes = [&] {
+      const UIImage image = drawn(s, RandomStrokes::kSide);
+      const auto rgba = image.cgImage().rgba();
+      return std::vector<int>(rgba.begin(), rgba.end());
+    };
+    const std::vector<int> whole = bytes();
+    Scratch& scratch = threadScratch();
+    scratch.outline.mostSegments = 4 + i % 3;
+    scratch.outline.mostCorners = 16;
+    const std::vector<int> pieces = bytes();
+    scratch.edges.most = 24;
+    const std::vector<int> sums = bytes();
+    scratch.outline.mostSegments = StrokeOutline().mostSegments;
+    scratch.outline.mostCorners = StrokeOutline().mostCorners;
+    scratch.edges.most = EdgeList().most;
+    ASSERT_EQ(pieces, whole) << i << ": " << describe(s);
+    for (std::size_t k = 0; k < whole.size(); ++k) ASSERT_NEAR(sums[k], whole[k], 1) << i;
+  }
 }
 
 }  // namespace

@@ -165,7 +165,7 @@ void CGContextStrokePath(CGContextRef context, const CGPath& path, const StrokeS
   const Paint paint = solidPaint(context->state.strokeColor, context->state.alpha);
   if (paint.isClear() || path.isEmpty() || context->state.clip.bounds.isEmpty()) return;
   context->clipMask();
-  const StrokedShape shape(path, style, context->state.ctm, context->bounds,
+  const StrokedShape shape(path, style, context->state.ctm, {context->bounds, context->reach()},
                            raster::threadScratch());
   context->paintShape(shape, paint);
 }

@@ -171,6 +171,11 @@ PixelRect CGContext::casterArea() const {
   return grown(moved, reach, reach, reach, reach);
 }
 
+PixelRect CGContext::reach() const {
+  const PixelRect& clip = state.clip.bounds;
+  return state.shadow && !clip.isEmpty() ? united(clip, casterArea()) : clip;
+}
+
 void CGContext::castShadow(const Mask& caster, double casterAlpha, const CasterPaint* own) {
   const ShadowState& shadow = *state.shadow;
   Scratch& scratch = raster::threadScratch();
@@ -310,17 +315,14 @@ void CGContext::clipTo(const PixelRect& area) {
 
 void CGContext::beginGroup() {
   const PixelRect& clip = state.clip.bounds;
-  PixelRect reach = clip;
-  if (state.shadow && !clip.isEmpty()) {
-    const PixelRect all = united(clip, casterArea());
-    // Beyond this it would be larger than any bitmap may be, for a shadow from very far away.
-    if (static_cast<CGFloat>(all.width()) * all.height() <= kMaxPixels) reach = all;
-  }
-  groups.push_back({std::nullopt, reach, state, saved.size()});
+  PixelRect far = reach();
+  // Beyond this it would be larger than any bitmap may be, for a shadow from very far away.
+  if (static_cast<CGFloat>(far.width()) * far.height() > kMaxPixels) far = clip;
+  groups.push_back({std::nullopt, far, state, saved.size()});
   state.alpha = 1;
   state.shadow.reset();
   // The clip cuts the finished group once; applied inside as well, it would thin its edges twice.
-  state.clip = {reach, nullptr};
+  state.clip = {far, nullptr};
 }
 
 CGContext::Group CGContext::takeGroup() {

@@ -20,6 +20,9 @@ struct CGContext {
   raster::Canvas& canvasFor(const raster::PixelRect& region);
   raster::Canvas& baseCanvas() { return *base_; }
 
+  /// As far as anything painted can matter: the clip's bounds, and what casts a shadow into them.
+  raster::PixelRect reach() const;
+
   /// Something with edges, whose points stand in the thread's scratch.
   struct Shape {
     /// Writes the edges inside a region into the scratch.
@@ -46,7 +49,7 @@ struct CGContext {
   /// A transparency layer: its pixels, made when something is painted, and the state to go back to.
   struct Group {
     std::optional<raster::Canvas> canvas;
-    /// As far as it can matter: the clip's bounds, and what casts a shadow into them.
+    /// As far as it can matter.
     raster::PixelRect reach;
     GraphicsState outer;
     std::size_t savedDepth;

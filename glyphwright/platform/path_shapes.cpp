@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include <glyphwright/platform/raster/coverage.h>
+#include <glyphwright/platform/raster/stroke_edges.h>
 #include <glyphwright/platform/raster/two_shapes.h>
 
 namespace glyphwright {
@@ -51,11 +52,15 @@ bool staysRound(const StrokeStyle& style, const CGAffineTransform& ctm) {
                               std::fabs(scaleSquare - other) <= 1e-9 * scaleSquare);
 }
 
+// Around what shows, so that nothing that is left out could change how a stroke is cut.
+constexpr double kBeyond = 64;
+
 }  // namespace
 
 StrokedShape::StrokedShape(const CGPath& path, const StrokeStyle& style,
-                           const CGAffineTransform& ctm, const PixelRect& bitmap, Scratch& scratch,
-                           const DeviceBox* mapped) {
+                           const CGAffineTransform& ctm, const Shown& shown, Scratch& scratch,
+                           const DeviceBox* mapped)
+    : path_(path), stroke_{0, style, 0, CGAffineTransformIdentity, {}} {
   box.minX = NAN;
   if (!(style.width >= 0) || !std::isfinite(style.width)) return;
   const bool onDevice = staysRound(style, ctm);
@@ -65,20 +70,34 @@ StrokedShape::StrokedShape(const CGPath& path, const StrokeStyle& style,
                                                    scratch.devicePoints);
   const double scaleSquare = ctm.a * ctm.a + ctm.b * ctm.b;
   const double other = ctm.c * ctm.c + ctm.d * ctm.d;
-  const double width = style.width == 0 ? 1 : style.width * (onDevice ? std::sqrt(scaleSquare) : 1);
-  if (!(points.maxX >= points.minX) || !(width > 0) || !std::isfinite(width)) return;
+  stroke_.width = style.width == 0 ? 1 : style.width * (onDevice ? std::sqrt(scaleSquare) : 1);
+  if (!(points.maxX >= points.minX) || !(stroke_.width > 0) || !std::isfinite(stroke_.width))
+    return;
   const double stretch = onDevice ? 1 : std::sqrt(std::max(scaleSquare, other));
   if (!(stretch > 0)) return;
-  raster::setOrigin(scratch.outline, onDevice ? points : boxUnder(points, ctm), bitmap);
-  raster::strokeOutline(path, scratch.devicePoints,
-                        {width, style, raster::kStrokeTolerance / stretch,
-                         onDevice ? CGAffineTransformIdentity : ctm},
-                        *scratch.kernels, scratch.outline);
-  box = raster::boxOf(scratch.outline, *scratch.kernels);
+  stroke_.tolerance = raster::kStrokeTolerance / stretch;
+  const auto& [x0, y0, x1, y1] = shown.reach;
+  stroke_.shown = {x0 - kBeyond, y0 - kBeyond, x1 + kBeyond, y1 + kBeyond};
+  if (!onDevice) {
+    stroke_.toDevice = ctm;
+    stroke_.shown = boxUnder(stroke_.shown, CGAffineTransformInvert(ctm));
+  }
+  raster::setOrigin(scratch.outline, onDevice ? points : boxUnder(points, ctm), shown.bitmap);
+  raster::PiecesBox pieces(*scratch.kernels);
+  isWhole_ = raster::strokeOutline(path, scratch.devicePoints, stroke_, *scratch.kernels,
+                                   scratch.outline, pieces);
+  box = isWhole_ ? raster::boxOf(scratch.outline, *scratch.kernels) : pieces.box();
 }
 
 void StrokedShape::edges(const PixelRect& region, Scratch& scratch) const {
-  raster::edgesOfOutline(scratch.outline, box, region, *scratch.kernels, scratch.edges);
+  raster::OutlineEdges edges(scratch.edges, box, region, scratch.outline, *scratch.kernels);
+  if (isWhole_) {
+    edges.take(scratch.outline);
+  } else {
+    raster::strokeOutline(path_, scratch.devicePoints, stroke_, *scratch.kernels, scratch.outline,
+                          edges);
+  }
+  edges.finish();
 }
 
 namespace contexts {
@@ -106,7 +125,8 @@ void fillAndStroke(CGContext& context, const CGPath& path, const CGAffineTransfo
   const PixelRect filledRegion = pixelsTouched(filled.box, state.clip.bounds);
   if (!filledRegion.isEmpty()) filled.edges(filledRegion, scratch);
   above.devicePoints.swap(scratch.devicePoints);
-  const StrokedShape stroked(path, style, state.ctm, context.bounds, above, &filled.box);
+  const StrokedShape stroked(path, style, state.ctm, {context.bounds, context.reach()}, above,
+                             &filled.box);
   const PixelRect strokedRegion = pixelsTouched(stroked.box, state.clip.bounds);
   if (!strokedRegion.isEmpty()) stroked.edges(strokedRegion, above);
 

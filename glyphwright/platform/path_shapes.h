@@ -21,15 +21,26 @@ class FilledShape final : public CGContext::Shape {
   const CGPath& path_;
 };
 
-/// The area of a stroke, as an outline in the scratch.
+/// The area of a stroke, as an outline in the scratch, or, where it is too long to be kept, worked
+/// out again for its edges.
 class StrokedShape final : public CGContext::Shape {
  public:
+  /// The bitmap, and as far around it as a stroke can matter.
+  struct Shown {
+    raster::PixelRect bitmap;
+    raster::PixelRect reach;
+  };
   /// `mapped` is null, or the box around the path's points, which then stand in the scratch, mapped
   /// by the CTM.
   StrokedShape(const CGPath& path, const StrokeStyle& style, const CGAffineTransform& ctm,
-               const raster::PixelRect& bitmap, raster::Scratch& scratch,
+               const Shown& shown, raster::Scratch& scratch,
                const raster::DeviceBox* mapped = nullptr);
   void edges(const raster::PixelRect& region, raster::Scratch& scratch) const override;
+
+ private:
+  const CGPath& path_;
+  raster::Stroke stroke_;
+  bool isWhole_ = true;
 };
 
 }  // namespace glyphwright

@@ -17,6 +17,16 @@ constexpr int kDeepest = 10;
 constexpr double kCusp = 1e-12;
 constexpr int kDeepestCusp = 40;
 
+// Steps that can be left out at once.
+constexpr int kLeastLeftOut = 16;
+constexpr int kMostLeftOut = 256;
+
+struct Sample {
+  Vector at;
+  Vector along;  // a third of p'
+  Vector bend;   // a sixth of p''
+};
+
 Vector vectorTo(const CGPoint& p) {
   return {p.x, p.y};
 }
@@ -115,6 +125,17 @@ void BentCurve::endPiece(const Piece& piece) const {
   ends.push_back({{piece.p3, piece.endDirection(before.place.direction)}, hollow, chord});
 }
 
+// Whether both sides of a piece, wherever they are lifted to, lie on one side of what can show.
+bool BentCurve::isBeyond(const Piece& piece) const {
+  const auto least = [](double a, double b, double c, double d) {
+    return std::min(std::min(a, b), std::min(c, d));
+  };
+  const auto [p0, p1, p2, p3] = piece;
+  const Vector low{least(p0.x, p1.x, p2.x, p3.x), least(p0.y, p1.y, p2.y, p3.y)};
+  const Vector high{-least(-p0.x, -p1.x, -p2.x, -p3.x), -least(-p0.y, -p1.y, -p2.y, -p3.y)};
+  return pen_.isBeyond(low, high, 1.1 * pen_.half() + length(high - low));
+}
+
 // Inner samples move out of the hollow by h²·p''/12. A step in which the curve turns by too much is
 // cut on.
 void BentCurve::cutEvenly(const Piece& whole, Vector direction) const {
@@ -125,13 +146,31 @@ void BentCurve::cutEvenly(const Piece& whole, Vector direction) const {
   const Vector u = whole.p0 - whole.p1 * 2 + whole.p2;
   const Vector a = whole.p3 - whole.p2 * 3 + whole.p1 * 3 - whole.p0;
   const Vector leg = whole.p1 - whole.p0;
-  Vector lastAt = whole.p0;
-  Vector lastAlong = leg;
-  for (int k = 1; k <= count; ++k) {
-    const double t = k * h;
+  const auto sampleAt = [&](double t) {
     const Vector bend = a * t + u;
     const Vector along = (bend + u) * t + leg;
-    const Vector at = (along + leg + u * t + leg) * t + whole.p0;
+    return Sample{(along + leg + u * t + leg) * t + whole.p0, along, bend};
+  };
+  Vector lastAt = whole.p0;
+  Vector lastAlong = leg;
+  // What leads to and from places that may be seen stays as it is.
+  const auto leaveOut = [&](int k, int steps) {
+    if (k - 1 + steps > count) return 0;
+    const Sample end = sampleAt((k - 1 + steps) * h);
+    const double part = steps * h;
+    if (!isBeyond({lastAt, lastAt + lastAlong * part, end.at - end.along * part, end.at})) return 0;
+    const Sample last = sampleAt((k + steps - 4) * h);
+    lastAt = last.at;
+    lastAlong = last.along;
+    Vector along = last.along;
+    if (normalize(along)) direction = along;
+    return steps - 3;
+  };
+  for (int k = 1; k <= count; ++k) {
+    for (int steps = kMostLeftOut; k % kLeastLeftOut == 1 && steps >= kLeastLeftOut; steps /= 4) {
+      k += leaveOut(k, steps);
+    }
+    const auto [at, along, bend] = sampleAt(k * h);
     Vector next = along;
     if (normalize(next) && dot(direction, next) > pen_.smoothCosine()) {
       ends.push_back({{at - bend * (h * h / 2), next}, 0, 0});
@@ -145,7 +184,7 @@ void BentCurve::cutEvenly(const Piece& whole, Vector direction) const {
   }
 }
 
-void BentCurve::draw(const CGPoint* points, const Known& known) const {
+std::span<const PieceEnd> BentCurve::places(const CGPoint* points, const Known& known) const {
   std::vector<PieceEnd>& nodes = pen_.outline().pieceEnds;
   const Piece whole{vectorTo(points[0]), vectorTo(points[1]), vectorTo(points[2]),
                     vectorTo(points[3])};
@@ -155,11 +194,12 @@ void BentCurve::draw(const CGPoint* points, const Known& known) const {
   // What a neighbour's corner reaches into stays one piece.
   std::size_t begin = 1;
   std::size_t end = std::max<std::size_t>(nodes.size(), 2) - 1;
+  nodes.resize(std::max<std::size_t>(nodes.size(), 2));
   while (begin < end && length(nodes[begin].place.at - whole.p0) < known.firstReach) ++begin;
   while (begin < end && length(nodes[end - 1].place.at - whole.p3) < known.lastReach) --end;
-  StrokePen::Steps steps{nodes.front().place, known.hollow};
-  for (std::size_t i = begin; i < end; ++i) pen_.step(steps, nodes[i].place, true);
-  pen_.step(steps, {whole.p3, known.last}, false);
+  nodes[begin - 1] = nodes.front();
+  nodes[end].place = {whole.p3, known.last};
+  return {&nodes[begin - 1], end - begin + 2};
 }
 
 }  // namespace glyphwright::raster

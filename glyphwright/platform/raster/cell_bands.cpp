@@ -105,8 +105,8 @@ void CellBands<Cell>::addSums() {
       edges_.sums.data() + band_.stride * static_cast<std::size_t>(band_.firstRow);
   for (std::size_t i = 0; i < count; ++i) {
     if (from[i] == 0) continue;
-    band_.cells[i] = static_cast<Cell>(static_cast<unsigned>(band_.cells[i]) +
-                                       static_cast<unsigned>(from[i]));
+    band_.cells[i] =
+        static_cast<Cell>(static_cast<unsigned>(band_.cells[i]) + static_cast<unsigned>(from[i]));
     if (band_.touched != nullptr) band_.touched[i / kBlock] = 1;
   }
 }

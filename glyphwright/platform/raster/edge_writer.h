@@ -31,7 +31,7 @@ class EdgeWriter {
 
  protected:
   void makeRoom(std::size_t edges) {
-    if (out_.storage.size() < count_ + edges) grow(edges);
+    if (std::min(out_.storage.size(), out_.most) < count_ + edges) grow(edges);
   }
   void startRuns() { direction_ = 0; }
   // Needs room. Level edges leave nothing behind; which ones are level nobody can foretell, so
@@ -60,11 +60,8 @@ class EdgeWriter {
   int runs_ = 0;
 
  private:
-  // More edges than this (4 MiB) are added up.
-  static constexpr std::size_t kMostKept = std::size_t{1} << 18;
-
   void grow(std::size_t edges) {
-    if (count_ > 0 && count_ + edges > kMostKept) {
+    if (count_ > 0 && count_ + edges > out_.most) {
       out_.count = std::exchange(count_, 0);
       out_.addUp(kernels_);
     }

@@ -23,6 +23,7 @@ struct EdgeList {
   /// What edges beyond the most that are kept have added to the region's cells, as they would
   /// stand in one band of all rows; empty as long as all are kept.
   std::vector<std::int32_t> sums;
+  std::size_t most = std::size_t{1} << 18;
   /// What stands between a path and its edges, likewise only growing. Each contour ends where it
   /// began; the ends count segments.
   std::vector<Segment> segments;

@@ -17,12 +17,16 @@ struct Stroke {
   double tolerance;  // in the pen's space
   /// From the pen's space to device pixels.
   CGAffineTransform toDevice;
+  /// Around all pixels that can show it, in the pen's space; far outside it, corners may be missing
+  /// where that makes no difference inside.
+  DeviceBox shown;
 };
 
 /// The area of a stroke. `points` are the path's points in the pen's space. Set the outline's
-/// origin before.
-void strokeOutline(const CGPath& path, const std::vector<CGPoint>& points, const Stroke& stroke,
-                   const Kernels& kernels, StrokeOutline& out);
+/// origin before. An outline that is too long to be kept goes to `sink` piece by piece, the last
+/// one included, and leaves nothing; true when all of it stands in `out` and the sink got none.
+bool strokeOutline(const CGPath& path, const std::vector<CGPoint>& points, const Stroke& stroke,
+                   const Kernels& kernels, StrokeOutline& out, OutlineSink& sink);
 
 /// The flattening tolerance of strokes, in pixels; the outside of a curve bends wider than its
 /// middle.

@@ -34,10 +34,6 @@ struct OutlineSide {
     y[count] = py;
     ++count;
   }
-  /// Puts the first corner of a ring behind its last one.
-  void close(std::size_t begin) {
-    if (begin < count) put(x[begin], y[begin]);
-  }
   void put(const float* px, const float* py, std::size_t corners) {
     makeRoom(corners);
     std::copy_n(px, corners, x.data() + count);
@@ -74,19 +70,21 @@ class SegmentMemory {
   StrokeSegments lists_{};
 };
 
-/// The outline of a stroke. Where a contour is closed, its left side is one ring of corners and its
-/// right side, run backwards, another. Where it is open, the left side, the right side run
-/// backwards and the two straight ends between them are one ring. All rings wind the stroke's area
-/// the same way, so that the non-zero rule gives their union.
+/// The outline of a stroke, or a piece of it. Where a contour is closed, its left side is one ring
+/// of corners and its right side, run backwards, another. Where it is open, the left side, the
+/// right side run backwards and the two straight ends between them are one ring. All rings wind the
+/// stroke's area the same way, so that the non-zero rule gives their union.
 struct StrokeOutline {
-  /// Corners `begin` to `end` of both sides; the first one stands once more behind the last one of
-  /// a closed side. Discs and caps have nothing on the right.
+  /// Corners `begin` to `end` of both sides, each of them a line from the first to the last one;
+  /// those of a ring of its own end where they begin. Discs and caps have nothing on the right.
   struct Contour {
     std::size_t leftBegin;
     std::size_t leftEnd;
     std::size_t rightBegin;
     std::size_t rightEnd;
-    bool isClosed;
+    /// Whether straight ends lead from side to side.
+    bool hasStart;
+    bool hasEnd;
   };
 
   /// A contour of the path: where it starts, and its segments that lead anywhere. After those of a
@@ -125,12 +123,23 @@ struct StrokeOutline {
     right.clear();
     contours.clear();
   }
-  /// Ends a closed contour whose sides began here.
-  void closeRings(std::size_t leftBegin, std::size_t rightBegin) {
-    contours.push_back({leftBegin, left.count, rightBegin, right.count, true});
-    left.close(leftBegin);
-    right.close(rightBegin);
+  /// How many segments are prepared at once (four at least), and how many corners of a side are
+  /// kept before they are handed on; pictures do not depend on these.
+  std::size_t mostSegments = 256;
+  std::size_t mostCorners = std::size_t{1} << 16;
+  bool isFull() const {
+    return left.count > mostCorners || right.count > mostCorners ||
+           contours.size() > mostCorners / 8;
   }
+};
+
+/// Takes outlines that are too long to be kept, piece by piece.
+class OutlineSink {
+ public:
+  virtual void take(StrokeOutline& piece) = 0;
+
+ protected:
+  ~OutlineSink() = default;
 };
 
 /// Sets the origin for a stroke whose points have `box` around them, in device pixels: its middle,
@@ -142,9 +151,17 @@ void setOrigin(StrokeOutline& outline, const DeviceBox& box, const PixelRect& bi
 /// one is NaN. Corners far beyond all pictures, where only the direction counts, are pulled nearer.
 DeviceBox boxOf(StrokeOutline& outline, const Kernels& kernels);
 
-/// The edges of an outline with `box` around it. What reaches a little beyond the region is left as
-/// it is, what reaches farther is cut by it.
-void edgesOfOutline(StrokeOutline& outline, const DeviceBox& box, const PixelRect& region,
-                    const Kernels& kernels, EdgeList& out);
+/// The box around the pieces of an outline.
+class PiecesBox final : public OutlineSink {
+ public:
+  explicit PiecesBox(const Kernels& kernels) : kernels_(kernels) {}
+  void take(StrokeOutline& piece) override;
+  const DeviceBox& box() const { return box_; }
+
+ private:
+  const Kernels& kernels_;
+  DeviceBox box_;
+  bool isFirst_ = true;
+};
 
 }  // namespace glyphwright::raster

@@ -21,11 +21,12 @@ constexpr double kLeastBendTurn = 1.0 / 128;
 }  // namespace
 
 StrokePen::StrokePen(double width, const StrokeStyle& style, double tolerance,
-                     const CGPoint& origin, StrokeOutline& out)
+                     const CGPoint& origin, const DeviceBox& shown, StrokeOutline& out)
     : half_(width * 0.5),
       style_(style),
       tolerance_(tolerance),
       origin_(origin),
+      shown_(shown),
       out_(out),
       // The chord of an angle θ on the outline's circle strays by half·θ²/8.
       arcStepCosine_(1 - std::min(1.0, 4 * tolerance / half_)),
@@ -140,21 +141,42 @@ void StrokePen::arc(OutlineSide& side, Vector center, Vector from, Vector to) co
     ++halvings;
   }
   // Lifted by θ²/12 the chords keep the disc's area; θ² is twice what the cosine lacks to one.
-  halved(side, center, from, to, half_ * (1 + (1 - cosine) / 6), halvings);
+  const double radius = half_ * (1 + (1 - cosine) / 6);
+  halved(side, center, {from, to, halvings, true, true}, radius);
 }
 
-void StrokePen::halved(OutlineSide& side, Vector center, Vector from, Vector to, double radius,
-                       int halvings) const {
+// Corners that lie with all around them on one side of what can show may be missing.
+bool StrokePen::isBeyond(Vector from, Vector to, double reach) const {
+  // Farther than this, corners may be infinite.
+  constexpr double farthest = 1e30;
+  const double left = std::min(from.x, to.x) - reach;
+  const double top = std::min(from.y, to.y) - reach;
+  const double right = std::max(from.x, to.x) + reach;
+  const double bottom = std::max(from.y, to.y) + reach;
+  return (right < shown_.minX || left > shown_.maxX || bottom < shown_.minY || top > shown_.maxY) &&
+         left > -farthest && top > -farthest && right < farthest && bottom < farthest;
+}
+
+// The corners next to the arc's ends stay, since what leads to them may be seen.
+void StrokePen::halved(OutlineSide& side, Vector center, const Arc& arc, double radius) const {
+  const auto& [from, to, halvings, isFirst, isLast] = arc;
   Vector middle = from + to;
   if (halvings == 0 || !normalize(middle)) return;
-  halved(side, center, from, middle, radius, halvings - 1);
+  if (!isFirst && !isLast && halvings > 1) {
+    const Vector across = to - from;
+    const double reach = radius * (std::fabs(across.x) + std::fabs(across.y));
+    if (isBeyond(center + from * radius, center + to * radius, reach)) return;
+  }
+  halved(side, center, {from, middle, halvings - 1, isFirst, false}, radius);
   put(side, center + middle * radius);
-  halved(side, center, middle, to, radius, halvings - 1);
+  halved(side, center, {middle, to, halvings - 1, false, isLast}, radius);
 }
 
 // A ring of its own, drawn on the left side's corners.
 void StrokePen::endRing(std::size_t begin) const {
-  out_.closeRings(begin, out_.right.count);
+  OutlineSide& left = out_.left;
+  left.put(left.x[begin], left.y[begin]);
+  out_.contours.push_back({begin, left.count, out_.right.count, out_.right.count, false, false});
 }
 
 void StrokePen::cap(Vector at, Vector forward, CGLineCap style) const {

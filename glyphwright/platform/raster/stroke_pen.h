@@ -14,9 +14,9 @@ namespace glyphwright::raster {
 class StrokePen {
  public:
   /// `width` (above 0) and `tolerance` are in the pen's space, in which `origin` is that of the
-  /// outline's corners.
+  /// outline's corners, and nothing outside `shown` shows.
   StrokePen(double width, const StrokeStyle& style, double tolerance, const CGPoint& origin,
-            StrokeOutline& out);
+            const DeviceBox& shown, StrokeOutline& out);
 
   double half() const { return half_; }
   StrokeOutline& outline() const { return out_; }
@@ -29,6 +29,10 @@ class StrokePen {
   double bendTurn() const { return bendTurn_; }
   /// The cosine of the most that it may do in one step.
   double smoothCosine() const { return smoothCosine_; }
+
+  /// Whether all between two places, and as far around them as `reach`, is beyond what shows on one
+  /// side of it, so that a straight line between two corners may stand for those between them.
+  bool isBeyond(pen::Vector from, pen::Vector to, double reach) const;
 
   /// Both sides of the line across the path at `at`, which runs in `direction`.
   void across(pen::Vector at, pen::Vector direction) const;
@@ -60,13 +64,21 @@ class StrokePen {
   void turn(OutlineSide& side, pen::Vector center, pen::Vector from, pen::Vector to,
             pen::Vector forward) const;
   void arc(OutlineSide& side, pen::Vector center, pen::Vector from, pen::Vector to) const;
-  void halved(OutlineSide& side, pen::Vector center, pen::Vector from, pen::Vector to,
-              double radius, int halvings) const;
+  // Between two unit normals, to be halved some times, and whether it begins or ends a whole one.
+  struct Arc {
+    pen::Vector from;
+    pen::Vector to;
+    int halvings;
+    bool isFirst;
+    bool isLast;
+  };
+  void halved(OutlineSide& side, pen::Vector center, const Arc& arc, double radius) const;
 
   double half_;
   const StrokeStyle& style_;
   double tolerance_;
   CGPoint origin_;
+  DeviceBox shown_;
   StrokeOutline& out_;
   double arcStepCosine_;
   double sameAngle_;  // directions that are nearer than this meet without a join

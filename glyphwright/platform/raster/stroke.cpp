@@ -27,15 +27,6 @@ constexpr double kWidest = 2e9;
 // A sector of this many tolerances' width is about a sixteenth of a pixel.
 constexpr double kSpareFold = 13;
 
-// From the pen's space to the device, each from its origin.
-void mapCorners(OutlineSide& side, const CGAffineTransform& map) {
-  for (std::size_t i = OutlineSide::kMargin; i < side.count; ++i) {
-    const CGPoint p = CGPointApplyAffineTransform({side.x[i], side.y[i]}, map);
-    side.x[i] = static_cast<float>(p.x);
-    side.y[i] = static_cast<float>(p.y);
-  }
-}
-
 std::array<CGPoint, 4> pointsOf(const double* c) {
   return {{{c[0], c[1]}, {c[2], c[3]}, {c[4], c[5]}, {c[6], c[7]}}};
 }
@@ -148,8 +139,7 @@ void ContourWriter::mapToDevice() {
       CGPointApplyAffineTransform({segmentPen_.originX, segmentPen_.originY}, map);
   map.tx = origin.x - out_.originX;
   map.ty = origin.y - out_.originY;
-  mapCorners(out_.left, map);
-  mapCorners(out_.right, map);
+  mapCorners(out_, map);
 }
 
 void ContourWriter::handOn() {

@@ -62,6 +62,16 @@ void setOrigin(StrokeOutline& outline, const DeviceBox& box, const PixelRect& bi
   outline.originY = origin(box.minY, box.maxY, bitmap.y0, bitmap.y1);
 }
 
+void mapCorners(StrokeOutline& outline, const CGAffineTransform& map) {
+  for (OutlineSide* side : {&outline.left, &outline.right}) {
+    for (std::size_t i = OutlineSide::kMargin; i < side->count; ++i) {
+      const CGPoint p = CGPointApplyAffineTransform({side->x[i], side->y[i]}, map);
+      side->x[i] = static_cast<float>(p.x);
+      side->y[i] = static_cast<float>(p.y);
+    }
+  }
+}
+
 DeviceBox boxOf(StrokeOutline& outline, const Kernels& kernels) {
   constexpr float infinity = std::numeric_limits<float>::infinity();
   CornerBox box{infinity, infinity, -infinity, -infinity, false};

@@ -147,6 +147,9 @@ class OutlineSink {
 /// where the stroke is seen.
 void setOrigin(StrokeOutline& outline, const DeviceBox& box, const PixelRect& bitmap);
 
+/// Maps all corners.
+void mapCorners(StrokeOutline& outline, const CGAffineTransform& map);
+
 /// The box around all corners, in device pixels; one that touches no pixel when there are none or
 /// one is NaN. Corners far beyond all pictures, where only the direction counts, are pulled nearer.
 DeviceBox boxOf(StrokeOutline& outline, const Kernels& kernels);

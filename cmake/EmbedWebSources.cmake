@@ -1,7 +1,7 @@
 # Run as a script: writes OUTPUT, a source file that holds the pages' pieces of WEB as string
 # constants. A page from a file cannot load modules, so they become one script: each module a
 # function that gives what it exports, each after those that it imports from.
-set(modules dom search state style files ../wasm/glyphwright library cards paint panel outline motion
+set(modules dom search state style files ../wasm/glyphwright library cards pictures paint panel outline motion svg
   takeaway detail main)
 
 # `import { a } from './b.js';` takes from what `b` gave; `export` marks what a module gives.

@@ -13,6 +13,7 @@
 #include "paintings_page.h"
 #include "png.h"
 #include "sheet_command.h"
+#include "web_sources.h"
 
 namespace glyphwright::cli {
 namespace {
@@ -50,6 +51,7 @@ void writeAnimations(const std::filesystem::path& folder, Console& console) {
 int runGallery(const GalleryOptions& options, Console& console) {
   const std::filesystem::path folder = options.folder;
   const std::string module = options.module.empty() ? "" : moduleElement(options.module);
+  writeOutput((folder / "gallery.js").string(), std::string(galleryJs), console);
   writeOutput((folder / "index.html").string(), galleryPage(module), console);
   if (options.pageOnly) return statusDone;
   writePaintings(folder, console);

@@ -54,7 +54,6 @@ std::string framedPage(const PageFrame& frame) {
       {{"title", std::string(frame.title)},
        {"kind", std::string(frame.kind)},
        {"style", std::string(galleryCss)},
-       {"script", std::string(galleryJs)},
        {"mark", svgElement(UIBezierPath::flamePath(), {.attributes = " aria-hidden=\"true\""})},
        {"searchLabel", std::string(frame.searchLabel)},
        {"navigation", frame.navigation},

@@ -18,7 +18,8 @@ struct PageFrame {
   std::string module;
 };
 
-/// The whole document: header with search, content, script and the catalogue that this searches.
+/// The whole document: header with search, content and the catalogue that the script searches,
+/// which both pages load from `gallery.js` beside them.
 std::string framedPage(const PageFrame& frame);
 
 /// The text with &, <, > and " as HTML wants them.

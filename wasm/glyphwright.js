@@ -264,7 +264,9 @@ export class Glyphwright {
     const [x, y, width, height] = [0, 8, 16, 24].map((i) => view.getFloat64(result + i, true));
     view = get('pen', PEN_SIZE);
     const evenOdd = view.getInt32(result + 4, true) === 1;
-    const lineWidth = view.getFloat64(result + 16, true);
+    const cap = ['butt', 'round', 'square'][view.getInt32(result + 8, true)];
+    const join = ['miter', 'round', 'bevel'][view.getInt32(result + 12, true)];
+    const [lineWidth, miterLimit] = [16, 24].map((i) => view.getFloat64(result + i, true));
     view = get('elements', ELEMENTS_SIZE);
     const [verbs, count, points] = [4, 8, 12].map((i) => view.getUint32(result + i, true));
     const elements = [];
@@ -277,7 +279,7 @@ export class Glyphwright {
       }
       elements.push(['MLQCZ'[verb], ...numbers]);
     }
-    return { name: `${name}`, bounds: { x, y, width, height }, evenOdd, lineWidth, elements };
+    return { name: `${name}`, bounds: { x, y, width, height }, evenOdd, lineWidth, cap, join, miterLimit, elements };
   }
 
   /** An icon painted: its width and height in pixels and their RGBA bytes. */

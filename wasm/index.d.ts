@@ -74,7 +74,11 @@ export interface Path {
   /** Around all points, control points included. */
   bounds: { x: number; y: number; width: number; height: number };
   evenOdd: boolean;
+  /** The pen of its strokes, in the outline's own units. */
   lineWidth: number;
+  cap: 'butt' | 'round' | 'square';
+  join: 'miter' | 'round' | 'bevel';
+  miterLimit: number;
   elements: Element[];
 }
 

@@ -8,6 +8,7 @@ import { startMotion } from './motion.js';
 import { inkNow, paintInto, shownAttributes } from './paint.js';
 import { change, onChange, page, STYLE_FIELDS } from './state.js';
 import { outlineView } from './outline.js';
+import { picturesOf } from './pictures.js';
 import { codeFor, cppName } from './style.js';
 import { savePng, saveSvg, svgOf } from './takeaway.js';
 
@@ -100,7 +101,7 @@ function sizes() {
   return make('div', { class: 'grounds', role: 'img', 'aria-label': 'On light and on dark' },
     ...['light', 'dark'].map((ground) => make('div', { class: ground }, ...SIZES.map((size) => {
       const ink = ground === 'light' ? '#26211d' : '#f3eee8';
-      return picture(card, size, { ...shownAttributes(), ...(page.state.fill ? {} : { fill: ink }) });
+      return picture(card, size, { ...shownAttributes(), ...(page.state.fill || page.state.background ? {} : { fill: ink }) });
     }))));
 }
 
@@ -137,7 +138,7 @@ const small = new Map();
 function nearTwins() {
   if (small.size === 0) {
     for (const each of new Map(cards.filter((one) => $('svg', one)).map((one) => [methodOf(one), one])).values()) {
-      const { data } = library.itself.render(methodOf(each), { size: 24 });
+      const [{ data }] = picturesOf([methodOf(each)], { fill: '#000', size: 24, scale: 1 });
       small.set(methodOf(each), [each, data.filter((_, i) => i % 4 === 3)]);
     }
   }

@@ -3,6 +3,7 @@
 import { $, make } from './dom.js';
 import { cards, isPaintings, methodOf } from './cards.js';
 import { library } from './library.js';
+import { picturesOf } from './pictures.js';
 import { onChange, page, STYLE_FIELDS } from './state.js';
 import { attributesOf } from './style.js';
 
@@ -21,7 +22,7 @@ function put(canvas, { width, height, data }) {
 }
 
 export function paintInto(canvas, name, attributes) {
-  put(canvas, library.itself.render(name, { ...attributes, borrow: true }));
+  put(canvas, picturesOf([name], { ...attributes, borrow: true })[0]);
   const [width, height] = [attributes.size].flat().length === 2 ? attributes.size
     : [attributes.size, attributes.size];
   canvas.style.width = `${width}px`;
@@ -58,7 +59,7 @@ function frame() {
   for (let first = 0; first < due.length; first += together) {
     const some = due.slice(first, first + together);
     const begin = performance.now();
-    const images = library.itself.renderAll(some.map(methodOf), attributes);
+    const images = picturesOf(some.map(methodOf), attributes);
     milliseconds += performance.now() - begin;
     some.forEach((card, i) => {
       put(canvasOf(card), images[i]);

@@ -23,7 +23,7 @@ const FIELDS = {
   gradient: ['', pattern(`${COLOR}(?:,${COLOR}){1,2}:(?:${DIRECTIONS.join('|')})`)],
   background: ['', pattern(COLOR)],
   stroke: ['', pattern(`${COLOR}:${WIDTH}`)],
-  border: ['', pattern(`${COLOR}:${WIDTH}`)],
+  border: ['', pattern(`${COLOR}:\\d{1,2}`)],
   drop: ['', pattern(`${COLOR}:${NUMBER},${NUMBER}:${WIDTH}`)],
   inset: ['', pattern(`${COLOR}:${NUMBER},${NUMBER}:${WIDTH}`)],
   size: [48, within(12, 256)],

@@ -4,38 +4,38 @@ import { $, make, save, say } from './dom.js';
 import { choose, chosen, methodOf, onChoice, shownCards } from './cards.js';
 import { encodePng, encodeZip, sheetOf } from './files.js';
 import { library } from './library.js';
-import { page } from './state.js';
+import { isBare, ownPenWidth, picturesOf } from './pictures.js';
+import { page, STYLE_FIELDS, usual } from './state.js';
 import { attributesOf } from './style.js';
+import { svgDocument } from './svg.js';
 
 export const pixelsOf = (card, scale) =>
-  library.itself.render(methodOf(card), { ...attributesOf(page.state), scale });
+  picturesOf([methodOf(card)], { ...attributesOf(page.state), scale })[0];
 
 export async function pngOf(card, scale) {
   return encodePng(pixelsOf(card, scale));
 }
 
-// The outline as a document of its own, as the program's `path --svg` writes it; with a chosen fill,
-// filled with that at the chosen size. Shadows and rings are pixels and stay out.
+// An icon's outline as a document needs it.
+function outlineOf(card) {
+  return { ...library.itself.path(methodOf(card)), isBare: isBare(methodOf(card)),
+    data: $('svg path', card).getAttribute('d') };
+}
+
+// With nothing chosen the outline as the program's `path --svg` writes it; otherwise with the chosen
+// style, as `render` does.
 export function svgOf(card) {
+  if (library.itself && STYLE_FIELDS.some((field) => field !== 'scale' && page.state[field] !== usual[field])) {
+    return svgDocument(outlineOf(card), attributesOf(page.state), ownPenWidth);
+  }
   const svg = $('svg', card).cloneNode(true);
   svg.removeAttribute('aria-hidden');
-  const { fill, gradient, size } = page.state;
-  const path = $('path', svg);
-  const painted = path.getAttribute('fill') === 'none' ? 'stroke' : 'fill';
   const [, , width, height] = svg.getAttribute('viewBox').split(' ');
-  svg.setAttribute('width', fill || gradient ? size : width);
-  svg.setAttribute('height', fill || gradient ? size : height);
-  if (gradient) {
-    const { colors, direction } = attributesOf(page.state).gradient;
-    const ends = { topToBottom: [0, 0, 0, 1], leftToRight: [0, 0, 1, 0],
-      topLeftToBottomRight: [0, 0, 1, 1], bottomLeftToTopRight: [1, 1, 0, 0] }[direction];
-    const stops = colors.map((color, i) =>
-      `<stop offset="${i / (colors.length - 1)}" stop-color="${color}"/>`).join('');
-    svg.insertAdjacentHTML('afterbegin', `<linearGradient id="g" x1="${ends[0]}" y1="${ends[1]}" ` +
-      `x2="${ends[2]}" y2="${ends[3]}">${stops}</linearGradient>`);
-    path.setAttribute(painted, 'url(#g)');
-  } else if (fill) {
-    path.setAttribute(painted, `#${fill}`);
+  svg.setAttribute('width', width);
+  svg.setAttribute('height', height);
+  if (page.state.fill) {
+    const path = $('path', svg);
+    path.setAttribute(path.getAttribute('fill') === 'none' ? 'stroke' : 'fill', `#${page.state.fill}`);
   }
   return `${new XMLSerializer().serializeToString(svg)}\n`;
 }

@@ -150,8 +150,30 @@ const parts = {
       assert.deepEqual(pixelsOfPng(Buffer.from(bytes)), pixelsOfPng(native));
     }
     const svg = async () => Buffer.from((await saved(page, () => click('SVG')))[0][1]).toString();
-    run('render', 'gearPath', '-o', `${folder}/../native.svg`, '--size', '32', '--fill', '#2f6bff');
-    assert.equal(await svg(), readFileSync(`${folder}/../native.svg`, 'utf8'));
+    // Each look in the address and for the program; of the first icon, and of one of bare strokes.
+    const looks = [['', ''],
+      ['fill=2f6bff80&stroke=203040:1.5', '--fill #2f6bff80 --stroke #203040:1.5'],
+      ['fill=2f6bff&border=203040:3&background=ffffff', '--fill #2f6bff --border #203040:3 --background #ffffff'],
+      ['fill=112233&gradient=ff2d6b,ff9e33,ffd84d:leftToRight&drop=00000080:0,2:4&inset=00000099:0,1.5:3&background=eeeeff80&border=203040:2',
+        '--gradient #ff2d6b,#ff9e33,#ffd84d:leftToRight --drop-shadow #00000080:0,2:4 --inset-shadow #00000099:0,1.5:3 ' +
+        '--background #eeeeff80 --border #203040:2'],
+      ['fill=112233&border=203040:3&background=ffffff', '--fill #112233 --border #203040:3 --background #ffffff']];
+    for (const [i, [address, options]] of looks.entries()) {
+      for (const icon of ['gearPath', 'chatActionBarCloseIcon']) {
+        await page.goto(`${page.url().split('#')[0]}#icon=${icon}&size=50&${address}`);
+        await settle(page);
+        const words = ['--size', '50', ...options.split(' ').filter(Boolean)];
+        const file = `${folder}/../native.svg`;
+        if (i > 0) {
+          run('render', icon, '-o', file, ...words);
+          assert.equal(await svg(), readFileSync(file, 'utf8'), `${icon} ${address}`);
+        }
+        if (icon === 'chatActionBarCloseIcon' && address.includes('gradient')) continue;
+        const [[, bytes]] = await saved(page, () => click('PNG 2×'));
+        const native = run('render', icon, '-o', '-', '--scale', '2', ...words);
+        assert.deepEqual(pixelsOfPng(Buffer.from(bytes)), pixelsOfPng(native), `${icon} ${address}`);
+      }
+    }
     await page.goto(`${page.url().split('#')[0]}#icon=App.Things.gear`);
     await settle(page);
     assert.equal(await svg(), run('path', 'gearPath', '--svg').toString());

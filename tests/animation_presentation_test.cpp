@@ -288,32 +288,6 @@ TEST(Groups, ThatHoldThemselvesEnd) {
   group->setAnimations({});
 }
 
-TEST(Presentation, TheAnimatedTreeIsRendered) {
-  const auto layer = VNTLGradientShapeLayer::layer();
-  layer->setBounds({0, 0, 10, 10});
-  layer->setPath(square(10));
-  layer->setColors({{kRed, kRed}});
-  layer->strokeLayer()->setStrokeColor(UIColor::blackColor());
-  layer->strokeLayer()->setLineWidth(2);
-  layer->addAnimation(
-      basic("colors", std::vector<CGColor>{kRed, kRed}, std::vector<CGColor>{kBlue, kBlue}),
-      "colors");
-  layer->addAnimation(basic("path", square(10), square(4)), "path");
-  const auto drawn = [](const CALayer& shown) {
-    return pixels::drawn({12, 12}, 1, [&](CGContextRef c) { shown.renderInContext(c); });
-  };
-  const UIImage model = drawn(*layer);
-  EXPECT_EQ(pixels::at(model, 5, 5), pixels::kRed);
-  EXPECT_EQ(pixels::paintedBox(model), (pixels::Box{0, 0, 11, 11}));
-  pixels::expectSamePixels(drawn(*layer->presentationLayer()), model);
-  // Half way: purple inside a path of 7, and the outline around that.
-  const UIImage half = drawn(*layer->presentationLayerAtTime(0.5));
-  EXPECT_EQ(pixels::at(half, 3, 3), (pixels::Rgba{128, 0, 128, 255}));
-  EXPECT_EQ(pixels::paintedBox(half), (pixels::Box{0, 0, 8, 8}));
-  EXPECT_EQ(pixels::at(half, 6, 3), pixels::kBlack);
-  pixels::expectSamePixels(drawn(*layer), model);
-}
-
 // A subclass that presents itself as its own class.
 class Named : public CAShapeLayer {
  public:

@@ -2,8 +2,6 @@
 #include <limits>
 #include <memory>
 #include <stdexcept>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -97,26 +95,6 @@ TEST(LayerGeometry, AFrameSetUnderATransformReadsBack) {
       expectNear(layer->frame(), {10, 20, 100, 50});
     }
   }
-}
-
-class Recorder : public CALayer {
- public:
-  void setPosition(CGPoint position) override {
-    calls.push_back("position");
-    CALayer::setPosition(position);
-  }
-  void setBounds(const CGRect& bounds) override {
-    calls.push_back("bounds");
-    CALayer::setBounds(bounds);
-  }
-  std::vector<std::string> calls;
-};
-
-TEST(LayerGeometry, SettingTheFrameGoesThroughTheOtherSettersEvenWithoutAChange) {
-  const auto layer = std::make_shared<Recorder>();
-  layer->setFrame({10, 20, 100, 50});
-  layer->setFrame({10, 20, 100, 50});
-  EXPECT_EQ(layer->calls, (std::vector<std::string>{"position", "bounds", "position", "bounds"}));
 }
 
 TEST(LayerGeometry, NaNIsRefusedAndChangesNothing) {

@@ -69,39 +69,6 @@ TEST(LayerRendering, TheReceiverIsDrawnInItsOwnCoordinates) {
   EXPECT_EQ(pixels::paintedBox(drawn(*layer)), (pixels::Box{20, 10, 60, 30}));
 }
 
-TEST(LayerRendering, PartsAreDrawnInTheirOrder) {
-  const auto layer = CAShapeLayer::layer();
-  layer->setBounds({0, 0, 40, 40});
-  layer->setBackgroundColor(UIColor(1, 0, 0, 1));
-  const std::vector<std::uint8_t> white(4, 255);
-  layer->setContents(CGImage(1, 1, white));
-  layer->setContentsGravity(CALayerContentsGravity::center);
-  layer->setContentsScale(1.0 / 30);
-  CGPath path;
-  path.addRect({10, 10, 20, 20});
-  layer->setPath(path);
-  layer->setFillColor(kGreen);
-  layer->setStrokeColor(kBlue);
-  layer->setLineWidth(4);
-  const auto sublayer = CALayer::layer();
-  sublayer->setFrame({16, 0, 8, 40});
-  sublayer->setBackgroundColor(UIColor::blackColor());
-  layer->addSublayer(sublayer);
-  layer->setBorderWidth(3);
-  layer->setBorderColor(UIColor(1, 1, 0, 1));
-  const UIImage image = drawn(*layer, 1);
-  struct Case {
-    std::size_t x, y;
-    Rgba color;
-  };
-  for (const Case& c :
-       {Case{4, 20, pixels::kRed}, Case{6, 20, pixels::kWhite}, Case{8, 20, pixels::kBlue},
-        Case{14, 20, pixels::kGreen}, Case{20, 20, pixels::kBlack},
-        Case{20, 1, Rgba{255, 255, 0, 255}}, Case{0, 39, Rgba{255, 255, 0, 255}}}) {
-    EXPECT_EQ(at(image, c.x, c.y), c.color) << c.x << ' ' << c.y;
-  }
-}
-
 TEST(LayerRendering, SublayersAreDrawnByZAndThenInOrder) {
   const auto parent = CALayer::layer();
   const auto add = [&](const UIColor& color, CGFloat z) {

@@ -94,12 +94,21 @@ void addContexts(std::vector<Picture>& list) {
 
 void addLayers(std::vector<Picture>& list) {
   using namespace layerPictures;
-  // A board with round corners that its content, three gradients, a trimmed stroke and a picture,
-  // does not leave.
+  // A board with every part that a layer has, whose round corners its content, three gradients, a
+  // trimmed stroke and a picture, does not leave.
   const auto board = [] {
-    const auto layer = CALayer::layer();
+    const auto layer = CAShapeLayer::layer();
     layer->setBounds({0, 0, 40, 40});
     layer->setBackgroundColor(kAmber);
+    layer->setContents(CGImage(1, 1, std::vector<std::uint8_t>(4, 255)));
+    layer->setContentsGravity(CALayerContentsGravity::center);
+    layer->setContentsScale(1.0 / 30);
+    CGPath tile;
+    tile.addRect({1, 8, 12, 24});
+    layer->setPath(tile);
+    layer->setFillColor(kTeal);
+    layer->setStrokeColor(kShade);
+    layer->setLineWidth(3);
     layer->setCornerRadius(11.5);
     layer->setMasksToBounds(true);
     layer->setBorderWidth(1.5);

@@ -1,10 +1,11 @@
 // Trees of all kinds of layers with masks and animations, presented at some time and drawn.
 
-#include <array>
 #include <iterator>
 #include <memory>
 #include <optional>
+#include <sstream>
 #include <stdexcept>
+#include <string>
 #include <vector>
 
 #include <glyphwright/layers/gradient_shape_layer.h>
@@ -57,31 +58,13 @@ AnimationValue value(fuzz::Input& input) {
 }
 
 std::string keyPath(fuzz::Input& input) {
-  constexpr std::array keyPaths{"bounds",
-                                "position",
-                                "transform",
-                                "opacity",
-                                "colors",
-                                "locations",
-                                "startPoint",
-                                "endPoint",
-                                "path",
-                                "strokeStart",
-                                "strokeEnd",
-                                "lineWidth",
-                                "fillColor",
-                                "strokeColor",
-                                "cornerRadius",
-                                "zPosition",
-                                "transform.rotation",
-                                "transform.scale",
-                                "bounds.size",
-                                "position.x",
-                                "frame",
-                                "borderWidth",
-                                "backgroundColor",
-                                ""};
-  return keyPaths[input.below(keyPaths.size())];
+  std::istringstream all(
+      "bounds position transform opacity colors locations startPoint endPoint path strokeStart "
+      "strokeEnd lineWidth fillColor strokeColor cornerRadius zPosition transform.rotation "
+      "transform.scale bounds.size position.x frame borderWidth backgroundColor");
+  std::string keyPath;
+  for (std::size_t skipped = input.below(24); skipped > 0; --skipped) all >> keyPath;
+  return keyPath;
 }
 
 void setTiming(fuzz::Input& input, CAMediaTiming& timing) {

@@ -262,14 +262,17 @@ TEST_P(RasterKernels, ColoursMixTheSame) {
         stretch.change[c] -= stretch.bend[c];
       }
     }
-    double parts[24] = {};
+    double parts[75] = {};
     for (double& part : parts) part = upTo(1000) / 1000.0;
-    const std::size_t count = round % 17 + 1;
-    const double step = (parts[1] - parts[0]) / static_cast<double>(count);
+    const std::size_t count = round % 67 + 1;
     expectSame([&](const Kernels& loops) {
-      std::array<std::uint8_t, 36 * 4> pixels{};
+      std::array<std::uint8_t, 136 * 4> pixels{};
       loops.mixParts(stretch, parts, count, &pixels[0]);
-      loops.mixAlong(stretch, parts[0], step, count, &pixels[18 * 4]);
+      ColorSteps steps;
+      steps.colors = stretch;
+      steps.step = (parts[1] - parts[0]) / static_cast<double>(count);
+      loops.prepareSteps(steps);
+      loops.mixAlong(steps, parts[0], count, &pixels[68 * 4]);
       return pixels;
     });
   }

@@ -38,60 +38,77 @@ GradientRamp::GradientRamp(const CGGradient& gradient, CGGradientDrawingOptions 
   constexpr double infinity = std::numeric_limits<double>::infinity();
   const bool before = contains(options, CGGradientDrawingOptions::drawsBeforeStartLocation);
   const bool after = contains(options, CGGradientDrawingOptions::drawsAfterEndLocation);
-  const double lowest = before ? -infinity : 0;
-  const double beyond = after ? infinity : std::nextafter(1.0, infinity);
   const ColorStretch nothing = between(CGColor(0, 0, 0, 0), CGColor(0, 0, 0, 0));
-  const auto add = [&](Stretch stretch) {
-    stretch.from = std::max(stretch.from, lowest);
-    stretch.until = std::min(stretch.until, beyond);
-    if (stretch.from < stretch.until) stretches_.push_back(stretch);
-  };
   const std::span<const CGGradient::Stop> stops = gradient.stops();
   stretches_.reserve(stops.size() + 3);
+  const auto add = [&](double from, double until, double perUnit, const ColorStretch& colors) {
+    if (!(from < until)) return;
+    Stretch& stretch = stretches_.emplace_back();
+    stretch.from = stretch.origin = from;
+    stretch.until = until;
+    stretch.perUnit = perUnit;
+    stretch.steps.colors = colors;
+  };
   const CGColor& first = stops.front().color;
   const CGColor& last = stops.back().color;
-  if (!before) stretches_.push_back({-infinity, 0, 0, 0, nothing});
-  add({-infinity, stops.front().location, 0, 0, between(first, first)});
+  add(-infinity, stops.front().location, 0, between(first, first));
   for (std::size_t i = 1; i < stops.size(); ++i) {
     const double from = stops[i - 1].location;
     const double until = stops[i].location;
-    if (!(from < until)) continue;
-    add({from, until, from, 1 / (until - from), between(stops[i - 1].color, stops[i].color)});
+    add(from, until, 1 / (until - from), between(stops[i - 1].color, stops[i].color));
   }
-  add({stops.back().location, infinity, 0, 0, between(last, last)});
-  if (!after) stretches_.push_back({beyond, infinity, 0, 0, nothing});
+  add(stops.back().location, infinity, 0, between(last, last));
+  // Nothing lies beyond ends that do not run on.
+  const double lowest = before ? -infinity : 0;
+  const double beyond = after ? infinity : std::nextafter(1.0, infinity);
+  if (!after) {
+    while (stretches_.back().from >= beyond) stretches_.pop_back();
+    stretches_.back().until = beyond;
+    add(beyond, infinity, 0, nothing);
+  }
+  if (!before) {
+    while (stretches_.front().until <= lowest) stretches_.erase(stretches_.begin());
+    stretches_.front().from = lowest;
+    add(-infinity, lowest, 0, nothing);
+    std::rotate(stretches_.begin(), stretches_.end() - 1, stretches_.end());
+  }
 }
 
-// No number lies before all.
-const GradientRamp::Stretch& GradientRamp::stretchAt(double place) {
-  while (current_ > 0 && !(place >= stretches_[current_].from)) --current_;
-  while (current_ + 1 < stretches_.size() && place >= stretches_[current_].until) ++current_;
-  return stretches_[current_];
+void GradientRamp::setStep(double step) {
+  step_ = step;
+  perStep_ = 1 / step;
+  for (Stretch& stretch : stretches_) stretch.isPrepared = false;
 }
 
-void GradientRamp::read(double origin, double step, int index, std::size_t count,
-                        std::uint8_t* rgba) {
+void GradientRamp::prepare(Stretch& stretch) const {
+  // Of a way that is shorter than a step no two pixels in a row are read.
+  const double part = stretch.perUnit > 0 ? step_ * stretch.perUnit : 0;
+  stretch.steps.step = part >= -1 && part <= 1 ? part : 0;
+  kernels_.prepareSteps(stretch.steps);
+  stretch.isPrepared = true;
+}
+
+void GradientRamp::read(double origin, int index, std::size_t count, std::uint8_t* rgba) {
   const auto placeAt = [&](std::size_t i) {
-    return origin + step * (index + static_cast<double>(i));
+    return origin + step_ * (index + static_cast<double>(i));
   };
+  std::size_t current = first_;
   for (std::size_t i = 0; i < count;) {
     const double place = placeAt(i);
-    const Stretch& stretch = stretchAt(place);
-    // Places rise or fall: what holds the last one holds all between.
+    current = stretchAt(place, current);
+    if (i == 0) first_ = current;
+    Stretch& stretch = stretches_[current];
+    if (!stretch.isPrepared) prepare(stretch);
+    // Places rise or fall until the stretch's end. A pixel just there may be taken for either side.
+    const double edge = step_ > 0 ? stretch.until : stretch.from;
+    const double steps = (edge - place) * perStep_;
     std::size_t end = count;
-    if (!stretch.holds(placeAt(end - 1))) {
-      const double edge = step > 0 ? stretch.until : stretch.from;
-      const double steps = (edge - place) / step;
-      const double most = static_cast<double>(end - i);
-      end = i + (steps > 1 ? static_cast<std::size_t>(steps < most ? steps : most) : 1);
-      while (end < count && stretch.holds(placeAt(end))) ++end;
-      while (end > i + 1 && !stretch.holds(placeAt(end - 1))) --end;
+    if (steps < static_cast<double>(count - i)) {
+      const auto whole = static_cast<std::size_t>(steps > 0 ? steps : 0);
+      end = i + whole + (whole == 0 || step_ < 0 || static_cast<double>(whole) < steps ? 1 : 0);
     }
-    // A way that has no length in places is the same all along; a step over all of it is too long
-    // to be counted in parts of it.
-    const bool steps = end - i > 1 && stretch.perUnit > 0;
-    kernels_.mixAlong(stretch.colors, stretch.perUnit > 0 ? stretch.partAt(place) : 0,
-                      steps ? step * stretch.perUnit : 0, end - i, rgba + i * 4);
+    kernels_.mixAlong(stretch.steps, stretch.perUnit > 0 ? stretch.partAt(place) : 0, end - i,
+                      rgba + i * 4);
     i = end;
   }
 }
@@ -99,14 +116,15 @@ void GradientRamp::read(double origin, double step, int index, std::size_t count
 void GradientRamp::readEach(const double (&places)[kAtOnce], std::size_t count,
                             std::uint8_t* rgba) {
   for (std::size_t i = 0; i < count;) {
-    const Stretch& stretch = stretchAt(places[i]);
+    first_ = stretchAt(places[i], first_);
+    const Stretch& stretch = stretches_[first_];
     double parts[kAtOnce + 8];
     std::size_t end = i;
     do {
       parts[end - i] = stretch.perUnit > 0 ? stretch.partAt(places[end]) : 0;
       ++end;
     } while (end < count && stretch.holds(places[end]));
-    kernels_.mixParts(stretch.colors, parts, end - i, rgba + i * 4);
+    kernels_.mixParts(stretch.steps.colors, parts, end - i, rgba + i * 4);
     i = end;
   }
 }

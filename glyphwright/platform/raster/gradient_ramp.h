@@ -20,8 +20,10 @@ class GradientRamp {
   GradientRamp(const CGGradient& gradient, CGGradientDrawingOptions options,
                const Kernels& kernels);
 
+  /// Prepares for rows of places this far apart.
+  void setStep(double step);
   /// Pixels of the colours at the places origin + step × i for i from `index` on.
-  void read(double origin, double step, int index, std::size_t count, std::uint8_t* rgba);
+  void read(double origin, int index, std::size_t count, std::uint8_t* rgba);
   /// The same at places in any order.
   void readEach(const double (&places)[kAtOnce], std::size_t count, std::uint8_t* rgba);
 
@@ -30,18 +32,28 @@ class GradientRamp {
   struct Stretch {
     double from;
     double until;  // where the next one begins
-    double origin = 0;
-    double perUnit = 0;
-    ColorStretch colors;
+    double origin;
+    double perUnit;
+    bool isPrepared;  // for the step
+    ColorSteps steps;
 
     bool holds(double place) const { return place >= from && place < until; }
     double partAt(double place) const { return (place - origin) * perUnit; }
   };
-  const Stretch& stretchAt(double place);
+  void prepare(Stretch& stretch) const;
+  // The stretch of a place, looked for from one on. No number lies before all.
+  std::size_t stretchAt(double place, std::size_t from) const {
+    while (from > 0 && !(place >= stretches_[from].from)) --from;
+    while (from + 1 < stretches_.size() && place >= stretches_[from].until) ++from;
+    return from;
+  }
 
   std::vector<Stretch> stretches_;
   const Kernels& kernels_;
-  std::size_t current_ = 0;
+  double step_ = 0;
+  double perStep_ = 0;
+  // Where the last row began, near to where the next one will.
+  std::size_t first_ = 0;
 };
 
 }  // namespace glyphwright::raster

@@ -49,6 +49,7 @@ LinearGradientSource::LinearGradientSource(const CGGradient& gradient, CGPoint s
   const CGPoint corner = CGPointApplyAffineTransform({0.5, 0.5}, inverse);
   base_ = ((corner.x - start.x) * dx + (corner.y - start.y) * dy) / square;
   drawable_ = std::isfinite(base_) && std::isfinite(perColumn_) && std::isfinite(perRow_);
+  if (drawable_) ramp_.setStep(perColumn_ == 0 ? perRow_ : perColumn_);
 }
 
 PixelSource::Rows LinearGradientSource::rows() const {
@@ -57,7 +58,7 @@ PixelSource::Rows LinearGradientSource::rows() const {
 }
 
 void LinearGradientSource::rowColors(int y, std::span<std::uint32_t> pixels) const {
-  ramp_.read(base_, perRow_, y, pixels.size(), reinterpret_cast<std::uint8_t*>(pixels.data()));
+  ramp_.read(base_, y, pixels.size(), reinterpret_cast<std::uint8_t*>(pixels.data()));
 }
 
 void LinearGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const {
@@ -66,7 +67,7 @@ void LinearGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t*
     rowColors(y, {&pixel, 1});
     return fillPixels(rgba, count, solidColor(pixel));
   }
-  ramp_.read(base_ + perRow_ * y, perColumn_, x, count, rgba);
+  ramp_.read(base_ + perRow_ * y, x, count, rgba);
 }
 
 RadialGradientSource::RadialGradientSource(const CGGradient& gradient, CGPoint center,

@@ -175,6 +175,18 @@ struct ColorStretch {
   bool bends = false;
 };
 
+/// Colours along a way in even steps from pixel to pixel. Where they do not bend, levels are
+/// counted in units of 2⁻²³, and what pixels add to them stands ready.
+struct ColorSteps {
+  ColorStretch colors;
+  double step = 0;  // in parts of the way
+  double start[4] = {};
+  double change[4] = {};
+  double perPixel[4] = {};
+  std::int32_t ahead[4][8] = {};  // of no pixel, one, two…
+  std::int32_t eight[4] = {};     // of eight pixels
+};
+
 /// A source of pixels for rows of cells.
 struct SourceRows {
   const PixelSource& source;
@@ -312,9 +324,10 @@ struct Kernels {
                       const std::uint8_t* source);
   void (*blendPixels)(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count,
                       const std::uint8_t* source);
+  /// Sets all but the colours and the step, which is at most the whole way.
+  void (*prepareSteps)(ColorSteps& steps);
   /// Pixels of the colours at the parts from + step × i of a way. No channel is above alpha.
-  void (*mixAlong)(const ColorStretch& stretch, double from, double step, std::size_t count,
-                   std::uint8_t* rgba);
+  void (*mixAlong)(const ColorSteps& steps, double from, std::size_t count, std::uint8_t* rgba);
   /// The same at parts in any order. Reads whole eights of them.
   void (*mixParts)(const ColorStretch& stretch, const double* parts, std::size_t count,
                    std::uint8_t* rgba);

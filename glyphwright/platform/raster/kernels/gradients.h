@@ -66,63 +66,87 @@ void mixBent(const ColorStretch& stretch, double from, double step, std::size_t 
   }
 }
 
-/// Levels that change evenly, in units of 2⁻²³ as integers: eight pixels further on is one addition
-/// for each channel. Every 32 pixels they are worked out afresh, so that rounding stays within
-/// 2⁻¹⁸ levels, wherever a row begins.
-template <typename L, bool isOpaque>
-void mixStraight(const ColorStretch& stretch, double from, double step, std::size_t count,
-                 std::uint8_t* rgba) {
-  using Doubles = typename L::Doubles;
-  using Ints = typename L::Ints;
-  constexpr int kChannels = isOpaque ? 3 : 4;
-  const auto units = [](const double* levels) {
-    return Doubles::load(levels) * Doubles::every(1 << 23);
-  };
-  const Doubles change = units(stretch.change);
-  const Doubles start = units(stretch.start) + Doubles::every(from) * change;
-  const Doubles perPixel = Doubles::every(step) * change;
-  // Integers stand in the lower halves of what 1.5 × 2⁵² was added to.
-  std::int32_t words[8];
-  const auto lay = [&words](Doubles exact) {
-    store(words, exact + Doubles::every(6755399441055744.0));
-  };
-  Ints ramp[kChannels];
-  Ints eight[kChannels];
-  lay(perPixel);
-  for (int c = 0; c < kChannels; ++c) ramp[c] = Ints::every(words[2 * c]) * numbers<Ints>();
-  lay(perPixel * Doubles::every(8));
-  for (int c = 0; c < kChannels; ++c) eight[c] = Ints::every(words[2 * c]);
-  const Ints byte = Ints::every(0xFF);
-  Doubles pixel = Doubles::every(0);
-  for (std::size_t i = 0; i < count;) {
-    lay(start + perPixel * pixel);
-    pixel = pixel + Doubles::every(32);
-    Ints at[kChannels];
-    for (int c = 0; c < kChannels; ++c) at[c] = Ints::every(words[2 * c]) + ramp[c];
-    const std::size_t end = count < i + 32 ? count : i + 32;
-    for (; i < end; i += 8) {
-      const auto level = [&](int c) {
-        if constexpr (isOpaque)
-          return shiftRight<23>(at[c]);
-        else
-          return shiftRight<23>(min(at[c], at[kChannels - 1]));
-      };
-      const Ints alpha = isOpaque ? byte : shiftRight<23>(at[kChannels - 1]);
-      storeFirst(rgba + i * 4, interleaved(level(0), level(1), level(2), alpha), count - i);
-      for (int c = 0; c < kChannels; ++c) at[c] = at[c] + eight[c];
-    }
-  }
+/// Rounds numbers within ±2⁵¹: integers stand in the lower halves of what 1.5 × 2⁵² was added to.
+/// Only their last 32 bits count.
+template <typename Doubles>
+void layIntegers(Doubles exact, std::int32_t (&words)[8]) {
+  store(words, exact + Doubles::every(6755399441055744.0));
 }
 
 template <typename L>
-void mixAlong(const ColorStretch& stretch, double from, double step, std::size_t count,
-              std::uint8_t* rgba) {
-  if (stretch.bends) {
-    mixBent<L>(stretch, from, step, count, rgba);
-  } else if (stretch.start[3] >= 255.5 && stretch.change[3] == 0) {
-    mixStraight<L, true>(stretch, from, step, count, rgba);
+void prepareSteps(ColorSteps& steps) {
+  using Doubles = typename L::Doubles;
+  if (steps.colors.bends) return;
+  const auto units = [](const double* levels) {
+    return Doubles::load(levels) * Doubles::every(1 << 23);
+  };
+  const Doubles change = units(steps.colors.change);
+  const Doubles perPixel = Doubles::every(steps.step) * change;
+  store(steps.start, units(steps.colors.start));
+  store(steps.change, change);
+  store(steps.perPixel, perPixel);
+  std::int32_t one[8];
+  std::int32_t eight[8];
+  layIntegers(perPixel, one);
+  layIntegers(perPixel * Doubles::every(8), eight);
+  for (int c = 0; c < 4; ++c) {
+    store(steps.ahead[c], L::Ints::every(one[2 * c]) * numbers<typename L::Ints>());
+    steps.eight[c] = eight[2 * c];
+  }
+}
+
+/// Eight pixels further on is one addition for each channel. Every 32 pixels the levels are worked
+/// out afresh, so that what rounding adds up to does not depend on where a row begins.
+template <typename L, bool isOpaque>
+void mixStraight(const ColorSteps& steps, double from, std::size_t count, std::uint8_t* rgba) {
+  using Doubles = typename L::Doubles;
+  using Ints = typename L::Ints;
+  constexpr int kChannels = isOpaque ? 3 : 4;
+  const Doubles start =
+      Doubles::load(steps.start) + Doubles::every(from) * Doubles::load(steps.change);
+  const Doubles perPixel = Doubles::load(steps.perPixel);
+  Ints eight[kChannels];
+  for (int c = 0; c < kChannels; ++c) eight[c] = Ints::every(steps.eight[c]);
+  const Ints byte = Ints::every(0xFF);
+  const auto levelsAt = [&](std::size_t first, Ints(&at)[kChannels]) {
+    std::int32_t words[8];
+    layIntegers(start + perPixel * Doubles::every(static_cast<double>(first)), words);
+    for (int c = 0; c < kChannels; ++c) {
+      at[c] = Ints::every(words[2 * c]) + Ints::load(steps.ahead[c]);
+    }
+  };
+  const auto next = [&](Ints(&at)[kChannels]) {
+    const auto level = [&](int c) {
+      return shiftRight<23>(isOpaque ? at[c] : min(at[c], at[kChannels - 1]));
+    };
+    const Ints alpha = isOpaque ? byte : shiftRight<23>(at[kChannels - 1]);
+    const Ints pixels = interleaved(level(0), level(1), level(2), alpha);
+    for (int c = 0; c < kChannels; ++c) at[c] = at[c] + eight[c];
+    return pixels;
+  };
+  Ints at[kChannels];
+  std::size_t i = 0;
+  for (; i + 32 <= count; i += 32) {
+    levelsAt(i, at);
+    store(rgba + i * 4, next(at));
+    store(rgba + i * 4 + 32, next(at));
+    store(rgba + i * 4 + 64, next(at));
+    store(rgba + i * 4 + 96, next(at));
+  }
+  if (i == count) return;
+  levelsAt(i, at);
+  for (; i < count; i += 8) storeFirst(rgba + i * 4, next(at), count - i);
+}
+
+template <typename L>
+void mixAlong(const ColorSteps& steps, double from, std::size_t count, std::uint8_t* rgba) {
+  const ColorStretch& colors = steps.colors;
+  if (colors.bends) {
+    mixBent<L>(colors, from, steps.step, count, rgba);
+  } else if (colors.start[3] >= 255.5 && colors.change[3] == 0) {
+    mixStraight<L, true>(steps, from, count, rgba);
   } else {
-    mixStraight<L, false>(stretch, from, step, count, rgba);
+    mixStraight<L, false>(steps, from, count, rgba);
   }
 }
 

@@ -43,6 +43,7 @@ inline constexpr Kernels kLoops{
     .blendSolid = blendSolid<L>,
     .writePixels = writePixels<L>,
     .blendPixels = blendPixels<L>,
+    .prepareSteps = prepareSteps<L>,
     .mixAlong = mixAlong<L>,
     .mixParts = mixParts<L>,
     .multiplyCoverage = multiplyCoverage<L>,

@@ -13,21 +13,25 @@ namespace {
 /// A row of a source's pixels, or two, above those that are painted.
 class SourceRow {
  public:
+  static constexpr std::size_t kLongRow = 320;  // pixels
   SourceRow(const SourceRows& rows, const PixelRows& painted, std::size_t y, std::size_t count)
       : rows_(rows),
         y_(rows.y + static_cast<int>(y)),
         count_(count),
+        isReady_(rows.isReady),
         start_(painted.rgba + y * painted.rowBytes),
         rowBytes_(painted.rowBytes) {
-    // Where marks say which blocks matter, pixels are asked for block by block; those behind the
-    // last whole block have no mark.
-    const std::size_t from = painted.isMarked ? painted.width / kBlock * kBlock : 0;
+    // In long rows, marks say which blocks matter and pixels are asked for run by run; those behind
+    // the last whole block have no mark. Where runs are short it is faster to have all of a row.
+    const bool isWhole = !painted.isMarked || painted.width < kLongRow;
+    const std::size_t from = isWhole ? 0 : painted.width / kBlock * kBlock;
     if (from < painted.width) prepare(start_ + from * 4, painted.width - from);
+    isReady_ |= isWhole;
   }
 
   /// Makes sure that the pixels above those at `rgba` stand where `at` says.
   void prepare(const std::uint8_t* rgba, std::size_t pixels) const {
-    if (rows_.isReady) return;
+    if (isReady_) return;
     const std::ptrdiff_t along = rgba - start_;
     for (std::size_t row = 0; row < count_; ++row) {
       put(along, row, pixels, rows_.room + along + row * rowBytes_);
@@ -38,8 +42,8 @@ class SourceRow {
   void copy(std::uint8_t* rgba, std::size_t pixels) const {
     for (std::size_t row = 0; row < count_; ++row) {
       std::uint8_t* to = rgba + row * rowBytes_;
-      if (rows_.isReady) {
-        std::memcpy(to, at(rgba), pixels * 4);
+      if (isReady_) {
+        std::memcpy(to, at(rgba) + row * rowBytes_, pixels * 4);
       } else {
         put(rgba - start_, row, pixels, to);
       }
@@ -55,6 +59,7 @@ class SourceRow {
   const SourceRows& rows_;
   int y_;
   std::size_t count_;
+  bool isReady_;
   const std::uint8_t* start_;
   std::size_t rowBytes_;
 };

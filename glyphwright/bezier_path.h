@@ -2,11 +2,13 @@
 
 #include <glyphwright/version.h>
 
+#include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <span>
 
+#include <glyphwright/platform/borrowed.h>
 #include <glyphwright/platform/path.h>
 #include <glyphwright/platform/stroke_style.h>
 
@@ -127,6 +129,16 @@ class UIBezierPath {
   /// origin unless told otherwise; not centred. Nothing for a value that is no icon type.
   static std::optional<UIBezierPath> bezierPathWithIcon(VNTLIconType icon, CGSize size,
                                                         bool translatesToZero = true);
+  /// Both by a plain whole number.
+  template <std::integral Number>
+  static std::optional<UIBezierPath> pathForIcon(Number icon) {
+    return pathForIcon(static_cast<VNTLIconType>(icon));
+  }
+  template <std::integral Number>
+  static std::optional<UIBezierPath> bezierPathWithIcon(Number icon, CGSize size,
+                                                        bool translatesToZero = true) {
+    return bezierPathWithIcon(static_cast<VNTLIconType>(icon), size, translatesToZero);
+  }
 
   // Images
 
@@ -141,20 +153,24 @@ class UIBezierPath {
   UIImage imageWithStrokeColor(const std::optional<UIColor>& strokeColor,
                                const std::optional<UIColor>& fillColor) const;
   /// `imageWithDropShadow:image:` the image redrawn with the shadow in its own size, at the screen
-  /// scale; what falls outside is cut off. The path is not used.
-  UIImage imageWithDropShadow(const NSShadow& shadow, const UIImage& image) const;
+  /// scale; what falls outside is cut off. The path is not used. No shadow casts none.
+  UIImage imageWithDropShadow(Borrowed<const NSShadow> shadow, const UIImage& image) const;
   /// `drawInsetShadow:` darkens the inside of the path along its edges, in the current context.
-  void drawInsetShadow(const NSShadow& shadow) const;
+  void drawInsetShadow(Borrowed<const NSShadow> shadow) const;
   /// `imageWithIcon:attributes:` the icon of a type, moved to the origin and rendered. A value that
   /// is no icon type gives an image without the icon.
   static UIImage imageWithIcon(VNTLIconType icon, const AttributeDictionary& attributes);
   /// `imageWithIcon:strokeColor:fillColor:`, not moved to the origin.
   static UIImage imageWithIcon(VNTLIconType icon, const std::optional<UIColor>& strokeColor,
                                const std::optional<UIColor>& fillColor);
+  /// The same without a stroke colour, so that `{}` before a colour says this and not that there
+  /// are no attributes.
+  static UIImage imageWithIcon(VNTLIconType icon, std::nullptr_t, const UIColor& fillColor);
   /// `imageWithIcon:attributes:withOutLineColor:backgroundLayer:` the icon at 85 % of the size on
   /// its own outline filled with a colour, over an optional layer.
   static UIImage imageWithIcon(VNTLIconType icon, const AttributeDictionary& attributes,
-                               const UIColor& withOutLineColor, CALayer* backgroundLayer = nullptr);
+                               const UIColor& withOutLineColor,
+                               Borrowed<CALayer> backgroundLayer = {});
   /// Moves the path to the origin and renders it as `attributes` say, at the screen scale.
   UIImage makeImage(const IconAttributes& attributes) const;
   /// The same in the memory of an image that is no longer needed, as long as nobody else holds a
@@ -174,10 +190,10 @@ class UIBezierPath {
   /// positions give an empty image; fewer sizes than icons end the program. A canvas size that
   /// cannot be drawn gives an empty image too, and leaves its null context on the thread's stack
   /// for the caller to end.
-  static UIImage newImage(std::span<const Pathable> with,
-                          std::span<const IconAttributes> attributes,
-                          std::span<const CGPoint> positions, std::span<const CGSize> sizes,
-                          CGSize canvasSize);
+  static UIImage newImage(const BorrowedList<Pathable>& with,
+                          const BorrowedList<IconAttributes>& attributes,
+                          const BorrowedList<CGPoint>& positions,
+                          const BorrowedList<CGSize>& sizes, CGSize canvasSize);
 
   // Layers
 
@@ -190,6 +206,16 @@ class UIBezierPath {
   /// `vntl_gradientShapeLayerWithIcon:size:`; a value that is no icon type gives null.
   static std::shared_ptr<VNTLGradientShapeLayer> vntl_gradientShapeLayerWithIcon(VNTLIconType icon,
                                                                                  CGSize size);
+  /// Both by a plain whole number.
+  template <std::integral Number>
+  static std::shared_ptr<CAShapeLayer> shapeLayerWithIcon(Number icon, CGSize size) {
+    return shapeLayerWithIcon(static_cast<VNTLIconType>(icon), size);
+  }
+  template <std::integral Number>
+  static std::shared_ptr<VNTLGradientShapeLayer> vntl_gradientShapeLayerWithIcon(Number icon,
+                                                                                 CGSize size) {
+    return vntl_gradientShapeLayerWithIcon(static_cast<VNTLIconType>(icon), size);
+  }
 
   // Computed paths
 
@@ -201,7 +227,7 @@ class UIBezierPath {
   /// its right side.
   static UIBezierPath curataInfoViewPath(const CGRect& with);
   /// A 3-point frame around a box with round top corners whose lower part a slanted band takes
-  /// away.
+  /// away. A side under 6 leaves no room inside the frame, whose inner outline then turns over.
   static UIBezierPath curataTagBorder(const CGRect& with, CGFloat cornerRadius);
   /// A box at (0, 0) with four radii, used unchanged; the rectangle form ignores its origin.
   static UIBezierPath rectWithRoundedCorners(const CGRect& rect, CGFloat topLeftRadius,

@@ -8,8 +8,8 @@
 #include <glyphwright/catalogue/icon_tab.h>
 #include <glyphwright/catalogue/icon_type.h>
 #include <glyphwright/catalogue/icons.h>
-#include <glyphwright/catalogue/keywords.h>
 #include <glyphwright/catalogue/pathable.h>
+#include <glyphwright/catalogue/resolve.h>
 #include <glyphwright/catalogue/search.h>
 #include <glyphwright/layers/gradient_shape_layer.h>
 #include <glyphwright/platform/context.h>

@@ -37,6 +37,8 @@ constexpr std::string_view undrawnInCatalogue = App::Things::magicCatEasterEgg.r
 constexpr std::string_view undrawnInIcons = Icons::shieldIcon.rawValue();
 static_assert(undrawnInCatalogue == "magicCatEasterEgg" && !isIconMethod(undrawnInCatalogue));
 static_assert(undrawnInIcons == "safetyCenterShield" && !isIconMethod(undrawnInIcons));
+static_assert(std::size(detail::kUndrawn) == 2 && !detail::hasDrawing(undrawnInCatalogue) &&
+              !detail::hasDrawing(undrawnInIcons));
 
 static_assert(std::ranges::all_of(catalogueEnumerations,
                                   [](const EnumerationRecord* enumeration) {

@@ -40,6 +40,15 @@ namespace detail {
 
 struct EnumerationTag {};
 
+/// The raw values that no method has; the catalogue's checks hold the list to be all.
+inline constexpr std::string_view kUndrawn[] = {"magicCatEasterEgg", "safetyCenterShield"};
+constexpr bool hasDrawing(std::string_view rawValue) {
+  for (const std::string_view undrawn : kUndrawn) {
+    if (rawValue == undrawn) return false;
+  }
+  return true;
+}
+
 /// Writes "App.Shapes.Checks.checkmark".
 std::ostream& writeCase(std::ostream& stream, std::string_view enumeration, std::string_view name);
 
@@ -61,6 +70,9 @@ class EnumerationValue : public detail::EnumerationTag {
   constexpr std::string_view name() const { return E::cases[index_].name; }
   /// For an icon, the name of the UIBezierPath method that draws it.
   constexpr std::string_view rawValue() const { return E::cases[index_].rawValue; }
+
+  /// Whether a method draws it; `path()` of one without ends the program. There are two.
+  constexpr bool hasDrawing() const { return detail::hasDrawing(rawValue()); }
 
   /// `init(rawValue:)` the case with exactly this raw value; nothing for any other text, among them
   /// case names that are not raw values.

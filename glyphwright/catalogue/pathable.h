@@ -23,6 +23,8 @@ class Pathable {
   /// The dotted name of the case's enumeration, such as "App.Shapes.Checks".
   constexpr std::string_view enumerationName() const { return enumeration_->name; }
 
+  /// Whether a method draws it; `path()` of one without ends the program. There are two.
+  constexpr bool hasDrawing() const { return detail::hasDrawing(rawValue()); }
   /// A newly built path, by the method that the raw value names; the caller may change it freely. A
   /// raw value that no method has ends the process, see performSelector.
   UIBezierPath path() const;

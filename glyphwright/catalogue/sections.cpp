@@ -15,6 +15,14 @@ std::vector<IconTypeSection> sectionsOf() {
 
 }  // namespace
 
+std::vector<Pathable> GlyphwrightIconType::icons() const {
+  std::vector<Pathable> all;
+  for (const IconTypeSection& section : sections()) {
+    all.insert(all.end(), section.paths.begin(), section.paths.end());
+  }
+  return all;
+}
+
 namespace App {
 std::vector<IconTypeSection> sections() {
   return sectionsOf<Things, DeleteAccount, Info, Media, Flames, Badges, Shapes::Text,

@@ -28,6 +28,8 @@ class GlyphwrightIconType {
   constexpr std::string_view title() const { return title_; }
   /// A new list from each call, in display order; the caller may change it freely.
   std::vector<IconTypeSection> sections() const { return sections_(); }
+  /// All icons of the sections, one after the other.
+  std::vector<Pathable> icons() const;
 
  private:
   std::string_view title_;

@@ -31,8 +31,8 @@ CGGradient::CGGradient(std::vector<Stop> stops, Locations locations) : stops_(st
 }
 
 std::optional<CGGradient> CGGradientCreateWithColors(
-    std::optional<CGColorSpace> /*space*/, std::span<const CGColor> colors,
-    std::optional<std::span<const CGFloat>> locations) {
+    std::optional<CGColorSpace> /*space*/, const BorrowedList<CGColor>& colors,
+    const std::optional<BorrowedList<CGFloat>>& locations) {
   if (colors.empty() || (locations && locations->size() < colors.size())) return std::nullopt;
   std::vector<CGGradient::Stop> stops;
   stops.reserve(colors.size());

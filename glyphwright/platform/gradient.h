@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include <glyphwright/platform/borrowed.h>
 #include <glyphwright/platform/color.h>
 
 namespace glyphwright {
@@ -54,7 +55,7 @@ class CGGradient {
 /// Nothing for no colours or fewer locations than colours; surplus locations are ignored; one
 /// colour is a solid.
 std::optional<CGGradient> CGGradientCreateWithColors(
-    std::optional<CGColorSpace> space, std::span<const CGColor> colors,
-    std::optional<std::span<const CGFloat>> locations);
+    std::optional<CGColorSpace> space, const BorrowedList<CGColor>& colors,
+    const std::optional<BorrowedList<CGFloat>>& locations = std::nullopt);
 
 }  // namespace glyphwright

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include <glyphwright/platform/borrowed.h>
 #include <glyphwright/platform/color.h>
 #include <glyphwright/platform/pixel_buffer.h>
 
@@ -39,6 +40,9 @@ class CGImage {
 
   std::size_t pixelWidth() const { return width_; }
   std::size_t pixelHeight() const { return height_; }
+  /// The same.
+  std::size_t width() const { return width_; }
+  std::size_t height() const { return height_; }
   /// pixelWidth × pixelHeight × 4 bytes; empty when there are none.
   std::span<const std::uint8_t> rgba() const { return {pixels_.get(), width_ * height_ * 4}; }
   explicit operator bool() const { return pixels_ != nullptr; }
@@ -94,7 +98,7 @@ class UIImage {
   enum class Shape : std::uint8_t { checkmark, thickCheckmark, thickX, thinX };
 
   /// The closed envelope filled with a gradient from its upper left to its lower right corner.
-  static UIImage emailIcon(CGSize size, std::span<const UIColor> gradientColors);
+  static UIImage emailIcon(CGSize size, const BorrowedList<UIColor>& gradientColors);
   static UIImage arrowDownIcon(const UIColor& with, CGSize size);
   static UIImage arrowRightIcon(const UIColor& with, CGSize size);
   static UIImage arrowLeftIcon(const UIColor& with, CGSize size);
@@ -112,7 +116,7 @@ class UIImage {
   /// The add-photos sign at 5/9 of the size on a round ground: a gradient from the upper right to
   /// the lower left corner, or a flat colour.
   static UIImage addPhotosHomeIcon(CGSize size, const UIColor& iconColor,
-                                   std::span<const UIColor> backgroundGradientColors);
+                                   const BorrowedList<UIColor>& backgroundGradientColors);
   static UIImage addPhotosHomeIcon(CGSize size, const UIColor& iconColor,
                                    const UIColor& backgroundFillColor);
   static std::optional<UIImage> instagramProfileConnectButtonImage(const UIColor& withColor,
@@ -130,10 +134,12 @@ class UIImage {
   /// A glyph filled and outlined with the border, with an optional shadow, on a canvas grown by
   /// the border's width and twice the shadow's blur.
   static std::optional<UIImage> shapeIcon(CGSize withSize, Shape shape, const UIColor& fillColor,
-                                          const VantelKit::Border& border, const NSShadow* shadow);
+                                          const VantelKit::Border& border,
+                                          Borrowed<const NSShadow> shadow = {});
   /// A filled and bordered circle with an optional shadow and an optional glyph inside.
   static std::optional<UIImage> circleIcon(CGSize withSize, const UIColor& fillColor,
-                                           const VantelKit::Border& border, const NSShadow* shadow,
+                                           const VantelKit::Border& border,
+                                           Borrowed<const NSShadow> shadow,
                                            std::optional<Shape> shape, CGSize shapeSize,
                                            const UIColor& shapeColor);
 

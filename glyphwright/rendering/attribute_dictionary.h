@@ -58,9 +58,16 @@ inline constexpr VNTLGlyphwright VNTLGlyphwrightGradientStartPoint{"gradientStar
 /// A boxed point in unit coordinates: where the gradient ends. Absent, (0.5, 1).
 inline constexpr VNTLGlyphwright VNTLGlyphwrightGradientEndPoint{"gradientEndPoint"};
 
-/// A value of an attribute dictionary. CGSize, CGPoint and arithmetic values box themselves.
-using AttributeValue = std::variant<NSNumber, NSValue, UIColor, std::shared_ptr<NSShadow>,
+using AttributeKinds = std::variant<NSNumber, NSValue, UIColor, std::shared_ptr<NSShadow>,
                                     std::vector<UIColor>, std::vector<NSNumber>>;
+/// A value of an attribute dictionary. CGSize, CGPoint, arithmetic values and lists of those box
+/// themselves.
+struct AttributeValue : AttributeKinds {
+  using AttributeKinds::AttributeKinds;
+  template <typename Number>
+  requires std::is_arithmetic_v<Number> AttributeValue(const std::vector<Number>& numbers)
+      : AttributeKinds(std::vector<NSNumber>(numbers.begin(), numbers.end())) {}
+};
 
 /// The keyed form of an icon's attributes:
 ///

@@ -1,6 +1,5 @@
 #include <cstddef>
 #include <optional>
-#include <span>
 
 #include <glyphwright/bezier_path.h>
 #include <glyphwright/catalogue/pathable.h>
@@ -26,10 +25,10 @@ struct OpenCanvas {
 
 }  // namespace
 
-UIImage UIBezierPath::newImage(std::span<const Pathable> with,
-                               std::span<const IconAttributes> attributes,
-                               std::span<const CGPoint> positions, std::span<const CGSize> sizes,
-                               CGSize canvasSize) {
+UIImage UIBezierPath::newImage(const BorrowedList<Pathable>& with,
+                               const BorrowedList<IconAttributes>& attributes,
+                               const BorrowedList<CGPoint>& positions,
+                               const BorrowedList<CGSize>& sizes, CGSize canvasSize) {
   if (with.size() != attributes.size() || with.size() != positions.size()) return {};
   // Canvases are at scale 1 whatever the screen's scale is.
   UIGraphicsBeginImageContext(canvasSize);

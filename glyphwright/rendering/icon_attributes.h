@@ -94,13 +94,14 @@ struct IconGradient {
 ///                    .stroke = IconStroke(UIColor::blackColor(), 2),
 ///                    .size = {40, 40}}
 ///
-/// An icon without a stroke still gets a black outline one pixel wide; a clear stroke colour turns
-/// it off.
+/// What is left out stays as it is declared: an opaque black ground, a black fill. An icon without
+/// a stroke still gets a black outline one pixel wide; a clear stroke colour turns it off.
+/// `plainLook` has neither ground nor outline.
 struct IconAttributes {
   /// Fills the path where there is no gradient.
-  UIColor fillColor;
+  UIColor fillColor{};
   /// Fills the whole image behind the icon. With alpha 1 the image is opaque.
-  UIColor backgroundColor;
+  UIColor backgroundColor{};
   std::optional<IconStroke> stroke = std::nullopt;
   std::optional<IconBorder> border = std::nullopt;
   /// Cast by all that is drawn over the background.
@@ -111,10 +112,18 @@ struct IconAttributes {
   /// Size of the finished image in points. The icon fills it but for the stroke's width, the drop
   /// shadow's blur and twice the larger side of its offset. A size that cannot be drawn (see
   /// UIGraphicsBeginImageContextWithOptions) gives an image without pixels.
-  CGSize size;
+  CGSize size{};
 
   /// `apply(gradient:)` updates the gradient from a host gradient; without one, nothing happens.
   void apply(const VantelKit::Gradient& hostGradient);
 };
+
+/// The icon in one colour and nothing else: clear ground, no outline.
+inline IconAttributes plainLook(CGSize size, const UIColor& color) {
+  return {.fillColor = color,
+          .backgroundColor = UIColor::clearColor(),
+          .stroke = IconStroke(UIColor::clearColor(), 0),
+          .size = size};
+}
 
 }  // namespace glyphwright

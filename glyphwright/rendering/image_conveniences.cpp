@@ -38,7 +38,7 @@ UIImage addPhotosIcon(CGSize size, const UIColor& iconColor,
 
 }  // namespace
 
-UIImage UIImage::emailIcon(CGSize size, std::span<const UIColor> gradientColors) {
+UIImage UIImage::emailIcon(CGSize size, const BorrowedList<UIColor>& gradientColors) {
   return UIBezierPath::imageWithIcon(VNTLIconType::closedEnvelope,
                                      gradientAttributes(size, gradientColors, {0, 0}, {1, 1}));
 }
@@ -95,7 +95,7 @@ UIImage UIImage::vantelUCircleIcon(CGSize size) {
 }
 
 UIImage UIImage::addPhotosHomeIcon(CGSize size, const UIColor& iconColor,
-                                   std::span<const UIColor> backgroundGradientColors) {
+                                   const BorrowedList<UIColor>& backgroundGradientColors) {
   return addPhotosIcon(size, iconColor,
                        gradientAttributes(size, backgroundGradientColors, {1, 0}, {0, 1}));
 }

@@ -28,7 +28,7 @@ CGSize canvasAround(CGSize size, const VantelKit::Border& border, CGFloat blur) 
   return {size.width + border.width + 2 * blur, size.height + border.width + 2 * blur};
 }
 
-void castShadow(CGContext& context, const NSShadow* shadow) {
+void castShadow(CGContext& context, Borrowed<const NSShadow> shadow) {
   if (!shadow || !shadow->shadowColor()) return;
   CGContextSetShadowWithColor(&context, shadow->shadowOffset(), shadow->shadowBlurRadius(),
                               shadow->shadowColor());
@@ -77,7 +77,8 @@ std::optional<UIImage> UIImage::instagramPlaceholderImageWithColor(const UIColor
 }
 
 std::optional<UIImage> UIImage::shapeIcon(CGSize withSize, Shape shape, const UIColor& fillColor,
-                                          const VantelKit::Border& border, const NSShadow* shadow) {
+                                          const VantelKit::Border& border,
+                                          Borrowed<const NSShadow> shadow) {
   const CGFloat blur = shadow ? shadow->shadowBlurRadius() : 0;
   const CGSize offset = shadow ? shadow->shadowOffset() : CGSize{};
   return render(canvasAround(withSize, border, blur), std::nullopt, [&](CGContext& context) {
@@ -88,7 +89,8 @@ std::optional<UIImage> UIImage::shapeIcon(CGSize withSize, Shape shape, const UI
 }
 
 std::optional<UIImage> UIImage::circleIcon(CGSize withSize, const UIColor& fillColor,
-                                           const VantelKit::Border& border, const NSShadow* shadow,
+                                           const VantelKit::Border& border,
+                                           Borrowed<const NSShadow> shadow,
                                            std::optional<Shape> shape, CGSize shapeSize,
                                            const UIColor& shapeColor) {
   const CGFloat blur = shadow ? shadow->shadowBlurRadius() : 0;

@@ -70,6 +70,10 @@ UIImage UIBezierPath::imageWithIcon(VNTLIconType icon, const std::optional<UICol
   return pathOrEmpty(icon).imageWithStrokeColor(strokeColor, fillColor);
 }
 
+UIImage UIBezierPath::imageWithIcon(VNTLIconType icon, std::nullptr_t, const UIColor& fillColor) {
+  return imageWithIcon(icon, std::nullopt, std::optional(fillColor));
+}
+
 UIImage UIBezierPath::imageWithStrokeColor(const std::optional<UIColor>& strokeColor,
                                            const std::optional<UIColor>& fillColor) const {
   const CGRect box = bounds();

@@ -61,7 +61,8 @@ std::shared_ptr<VNTLGradientShapeLayer> UIBezierPath::vntl_gradientShapeLayerWit
 }
 
 UIImage UIBezierPath::imageWithIcon(VNTLIconType icon, const AttributeDictionary& attributes,
-                                    const UIColor& withOutLineColor, CALayer* backgroundLayer) {
+                                    const UIColor& withOutLineColor,
+                                    Borrowed<CALayer> backgroundLayer) {
   const CGSize asked = attributes.size(VNTLGlyphwrightSize).value_or(CGSize{});
   const CGSize size = finite(asked);
   const std::shared_ptr<CAShapeLayer> outline = shapeLayerWithIcon(outlineOf(icon), size);
@@ -81,7 +82,7 @@ UIImage UIBezierPath::imageWithIcon(VNTLIconType icon, const AttributeDictionary
   }
   // What is no icon type has no outline and leaves the background alone.
   contexts::Scope scope(asked, false, screen::scale(), true);
-  const CALayer* drawn = backgroundLayer ? backgroundLayer : outline.get();
+  const CALayer* drawn = backgroundLayer ? backgroundLayer.get() : outline.get();
   if (drawn) drawn->renderInContext(scope.context());
   return scope.image();
 }

@@ -108,13 +108,15 @@ UIImage redrawWithShadow(const UIImage& image, CGSize offset, CGFloat blur,
 
 }  // namespace rendering
 
-UIImage UIBezierPath::imageWithDropShadow(const NSShadow& shadow, const UIImage& image) const {
-  return rendering::redrawWithShadow(image, shadow.shadowOffset(), shadow.shadowBlurRadius(),
-                                     shadow.shadowColor(), screen::scale());
+UIImage UIBezierPath::imageWithDropShadow(Borrowed<const NSShadow> shadow,
+                                          const UIImage& image) const {
+  if (!shadow) return rendering::redrawWithShadow(image, {}, 0, std::nullopt, screen::scale());
+  return rendering::redrawWithShadow(image, shadow->shadowOffset(), shadow->shadowBlurRadius(),
+                                     shadow->shadowColor(), screen::scale());
 }
 
-void UIBezierPath::drawInsetShadow(const NSShadow& shadow) const {
-  rendering::drawInsetShadow(UIGraphicsGetCurrentContext(), *this, shadow);
+void UIBezierPath::drawInsetShadow(Borrowed<const NSShadow> shadow) const {
+  if (shadow) rendering::drawInsetShadow(UIGraphicsGetCurrentContext(), *this, *shadow);
 }
 
 }  // namespace glyphwright

@@ -27,6 +27,19 @@ enum class VNTLIconType : std::int64_t;
 struct IconAttributes;
 struct PixelBuffer;
 
+/// How functions take an icon type: as such, or as a plain whole number (but not as true or false).
+class IconNumber {
+ public:
+  constexpr IconNumber(VNTLIconType type) : type_(type) {}
+  template <std::integral Number>
+  requires(!std::same_as<Number, bool>) constexpr IconNumber(Number number)
+      : type_(static_cast<VNTLIconType>(number)) {}
+  constexpr operator VNTLIconType() const { return type_; }
+
+ private:
+  VNTLIconType type_;
+};
+
 /// A path together with how it is to be painted: the fill rule and the stroke attributes. A value;
 /// copies are independent. Coordinates are points, y down.
 ///
@@ -124,21 +137,11 @@ class UIBezierPath {
   // Icons by integer type
 
   /// `pathForIcon:` the icon of a type from 0 to 128; nothing for any other value.
-  static std::optional<UIBezierPath> pathForIcon(VNTLIconType icon);
+  static std::optional<UIBezierPath> pathForIcon(IconNumber icon);
   /// `bezierPathWithIcon:size:translatesToZero:` the icon scaled to fit `size`, first moved to the
   /// origin unless told otherwise; not centred. Nothing for a value that is no icon type.
-  static std::optional<UIBezierPath> bezierPathWithIcon(VNTLIconType icon, CGSize size,
+  static std::optional<UIBezierPath> bezierPathWithIcon(IconNumber icon, CGSize size,
                                                         bool translatesToZero = true);
-  /// Both by a plain whole number.
-  template <std::integral Number>
-  static std::optional<UIBezierPath> pathForIcon(Number icon) {
-    return pathForIcon(static_cast<VNTLIconType>(icon));
-  }
-  template <std::integral Number>
-  static std::optional<UIBezierPath> bezierPathWithIcon(Number icon, CGSize size,
-                                                        bool translatesToZero = true) {
-    return bezierPathWithIcon(static_cast<VNTLIconType>(icon), size, translatesToZero);
-  }
 
   // Images
 
@@ -159,16 +162,16 @@ class UIBezierPath {
   void drawInsetShadow(Borrowed<const NSShadow> shadow) const;
   /// `imageWithIcon:attributes:` the icon of a type, moved to the origin and rendered. A value that
   /// is no icon type gives an image without the icon.
-  static UIImage imageWithIcon(VNTLIconType icon, const AttributeDictionary& attributes);
+  static UIImage imageWithIcon(IconNumber icon, const AttributeDictionary& attributes);
   /// `imageWithIcon:strokeColor:fillColor:`, not moved to the origin.
-  static UIImage imageWithIcon(VNTLIconType icon, const std::optional<UIColor>& strokeColor,
+  static UIImage imageWithIcon(IconNumber icon, const std::optional<UIColor>& strokeColor,
                                const std::optional<UIColor>& fillColor);
   /// The same without a stroke colour, so that `{}` before a colour says this and not that there
   /// are no attributes.
-  static UIImage imageWithIcon(VNTLIconType icon, std::nullptr_t, const UIColor& fillColor);
+  static UIImage imageWithIcon(IconNumber icon, std::nullptr_t, const UIColor& fillColor);
   /// `imageWithIcon:attributes:withOutLineColor:backgroundLayer:` the icon at 85 % of the size on
   /// its own outline filled with a colour, over an optional layer.
-  static UIImage imageWithIcon(VNTLIconType icon, const AttributeDictionary& attributes,
+  static UIImage imageWithIcon(IconNumber icon, const AttributeDictionary& attributes,
                                const UIColor& withOutLineColor,
                                Borrowed<CALayer> backgroundLayer = {});
   /// Moves the path to the origin and renders it as `attributes` say, at the screen scale.
@@ -192,8 +195,8 @@ class UIBezierPath {
   /// for the caller to end.
   static UIImage newImage(const BorrowedList<Pathable>& with,
                           const BorrowedList<IconAttributes>& attributes,
-                          const BorrowedList<CGPoint>& positions,
-                          const BorrowedList<CGSize>& sizes, CGSize canvasSize);
+                          const BorrowedList<CGPoint>& positions, const BorrowedList<CGSize>& sizes,
+                          CGSize canvasSize);
 
   // Layers
 
@@ -202,22 +205,12 @@ class UIBezierPath {
   /// `vntl_gradientShapeLayerWithSize:` the same as a gradient shape layer.
   std::shared_ptr<VNTLGradientShapeLayer> vntl_gradientShapeLayerWithSize(CGSize size) const;
   /// `shapeLayerWithIcon:size:`; a value that is no icon type gives null.
-  static std::shared_ptr<CAShapeLayer> shapeLayerWithIcon(VNTLIconType icon, CGSize size);
+  static std::shared_ptr<CAShapeLayer> shapeLayerWithIcon(IconNumber icon, CGSize size);
   /// `vntl_gradientShapeLayerWithIcon:size:`; a value that is no icon type gives null.
-  static std::shared_ptr<VNTLGradientShapeLayer> vntl_gradientShapeLayerWithIcon(VNTLIconType icon,
+  static std::shared_ptr<VNTLGradientShapeLayer> vntl_gradientShapeLayerWithIcon(IconNumber icon,
                                                                                  CGSize size);
-  /// Both by a plain whole number.
-  template <std::integral Number>
-  static std::shared_ptr<CAShapeLayer> shapeLayerWithIcon(Number icon, CGSize size) {
-    return shapeLayerWithIcon(static_cast<VNTLIconType>(icon), size);
-  }
-  template <std::integral Number>
-  static std::shared_ptr<VNTLGradientShapeLayer> vntl_gradientShapeLayerWithIcon(Number icon,
-                                                                                 CGSize size) {
-    return vntl_gradientShapeLayerWithIcon(static_cast<VNTLIconType>(icon), size);
-  }
 
-  // Computed paths
+  // Computed paths: non-zero rule, width 1 and butt caps unless they say otherwise
 
   /// A straight block arrow from `startPoint` to `endPoint`, moved so that its bounds start at the
   /// origin. Equal points give non-finite coordinates.
@@ -227,7 +220,8 @@ class UIBezierPath {
   /// its right side.
   static UIBezierPath curataInfoViewPath(const CGRect& with);
   /// A 3-point frame around a box with round top corners whose lower part a slanted band takes
-  /// away. A side under 6 leaves no room inside the frame, whose inner outline then turns over.
+  /// away. A side under 6 has no room inside the frame: coordinates without end, which paint
+  /// nothing.
   static UIBezierPath curataTagBorder(const CGRect& with, CGFloat cornerRadius);
   /// A box at (0, 0) with four radii, used unchanged; the rectangle form ignores its origin.
   static UIBezierPath rectWithRoundedCorners(const CGRect& rect, CGFloat topLeftRadius,
@@ -239,16 +233,16 @@ class UIBezierPath {
   static UIBezierPath rectWithRoundedCorners(CGFloat width, CGFloat height, CGFloat topLeftRadius,
                                              CGFloat topRightRadius, CGFloat bottomLeftRadius,
                                              CGFloat bottomRightRadius);
-  /// A tall caret that fills `withSize` exactly.
+  /// A tall caret that fills `withSize` exactly. Even-odd rule.
   static UIBezierPath caretIcon(CGSize withSize);
-  /// A thin tick that fills `withSize` exactly.
+  /// A thin tick that fills `withSize` exactly. Even-odd rule.
   static UIBezierPath checkmark(CGSize withSize);
-  /// A thick tick from a 17 by 13 board scaled to `withSize`, margins included.
+  /// A thick tick from a 17 by 13 board scaled to `withSize`, margins included. Even-odd rule.
   static UIBezierPath thickCheckmark(CGSize withSize);
-  /// A thick cross from a 14 by 14 board scaled to `withSize`, margins included.
+  /// A thick cross from a 14 by 14 board scaled to `withSize`, margins included. Even-odd rule.
   static UIBezierPath thickX(CGSize withSize);
   /// Two crossing lines from an 11 by 11 board, moved by `offset` board points and then scaled to
-  /// `withSize`; meant for stroking.
+  /// `withSize`; meant for stroking, with round caps.
   static UIBezierPath thinX(CGSize withSize, CGPoint offset);
   /// `instagramProfileConnectButtonIconPathWithSize:` a camera sign on a 16-unit board.
   static UIBezierPath instagramProfileConnectButtonIconPath(CGSize withSize);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
 #include <filesystem>
 #include <stdexcept>
 #include <string_view>
@@ -13,6 +14,7 @@
 #include "icon_names.h"
 #include "numbers.h"
 #include "output.h"
+#include "parallel.h"
 #include "png.h"
 #include "usage_error.h"
 
@@ -96,6 +98,18 @@ std::shared_ptr<CALayer> sceneOf(const AnimateOptions& options) {
   return sweepScene(path, options.gradient, options.size, options.duration);
 }
 
+UIImage frameOf(CALayer& scene, const AnimateOptions& options, std::size_t frame,
+                std::size_t frames) {
+  // As shares of the duration, so that the first frame follows on from the last one.
+  const double time = options.duration * static_cast<double>(frame) / static_cast<double>(frames);
+  UIGraphicsBeginImageContextWithOptions(options.size, false, options.scale);
+  scene.presentationLayerAtTime(time)->renderInContext(UIGraphicsGetCurrentContext());
+  const std::optional<UIImage> image = UIGraphicsGetImageFromCurrentImageContext();
+  UIGraphicsEndImageContext();
+  if (!image) throw std::runtime_error(options.name + " cannot be drawn at this size");
+  return *image;
+}
+
 void writeFolder(const AnimatedPicture& picture, const std::string& folder, Console& console) {
   for (std::size_t i = 0; i < picture.frames.size(); ++i) {
     std::string number = std::to_string(i);
@@ -113,24 +127,33 @@ AnimateOptions::AnimateOptions()
 
 AnimatedPicture renderAnimation(const AnimateOptions& options, Console& console) {
   const std::size_t frames = frameCount(options);
-  const std::shared_ptr<CALayer> scene = sceneOf(options);
-  scene->setBackgroundColor(options.background);
+  std::vector<UIImage> images(frames);
+  Progress progress(console, "rendering", frames);
+  const std::size_t threads = std::min(threadsFor(options.jobs), frames);
+  std::vector<std::exception_ptr> errors(threads);
+  inParallel(threads, threads, [&](std::size_t thread) {
+    try {
+      // A tree of layers belongs to one thread: each has its own.
+      const std::shared_ptr<CALayer> scene = sceneOf(options);
+      scene->setBackgroundColor(options.background);
+      for (std::size_t frame = thread; frame < frames; frame += threads) {
+        images[frame] = frameOf(*scene, options, frame, frames);
+        progress.step();
+      }
+    } catch (...) {
+      errors[thread] = std::current_exception();
+    }
+  });
+  for (const std::exception_ptr& error : errors) {
+    if (error) std::rethrow_exception(error);
+  }
   AnimatedPicture picture;
   picture.framesPerSecond = options.framesPerSecond;
-  Progress progress(console, "rendering", frames);
-  for (std::size_t frame = 0; frame < frames; ++frame) {
-    // As shares of the duration, so that the first frame follows on from the last one.
-    const double time = options.duration * static_cast<double>(frame) / static_cast<double>(frames);
-    UIGraphicsBeginImageContextWithOptions(options.size, false, options.scale);
-    scene->presentationLayerAtTime(time)->renderInContext(UIGraphicsGetCurrentContext());
-    const std::optional<UIImage> image = UIGraphicsGetImageFromCurrentImageContext();
-    UIGraphicsEndImageContext();
-    if (!image) throw std::runtime_error(options.name + " cannot be drawn at this size");
-    const CGImage& pixels = image->cgImage();
-    picture.pixelWidth = pixels.pixelWidth();
-    picture.pixelHeight = pixels.pixelHeight();
-    picture.frames.emplace_back(pixels.rgba().begin(), pixels.rgba().end());
-    progress.step();
+  picture.pixelWidth = images.front().cgImage().pixelWidth();
+  picture.pixelHeight = images.front().cgImage().pixelHeight();
+  for (UIImage& image : images) {
+    picture.frames.emplace_back(image.cgImage().rgba().begin(), image.cgImage().rgba().end());
+    image = {};
   }
   return picture;
 }

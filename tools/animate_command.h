@@ -35,6 +35,8 @@ struct AnimateOptions {
   UIColor color = UIColor::blackColor();
   IconGradient gradient;
   std::optional<UIColor> background;
+  /// Threads; 0 for all cores.
+  std::size_t jobs = 0;
   /// Folders that are missing are made without a word.
   bool parents = false;
   /// Options that were given and that some kinds have no use for, as the user wrote them.

@@ -1,6 +1,8 @@
 #include "gallery_command.h"
 
+#include <exception>
 #include <filesystem>
+#include <vector>
 
 #include <glyphwright/platform/vantel_kit.h>
 
@@ -11,6 +13,7 @@
 #include "output.h"
 #include "painting_looks.h"
 #include "paintings_page.h"
+#include "parallel.h"
 #include "png.h"
 #include "sheet_command.h"
 #include "web_sources.h"
@@ -23,20 +26,32 @@ namespace {
 constexpr CGFloat kPaintingScale = 3;
 constexpr CGFloat kSheetScale = 1;
 
-void writePaintings(const std::filesystem::path& folder, Console& console) {
+void writePaintings(const std::filesystem::path& folder, std::size_t jobs, Console& console) {
   writeOutput((folder / "paintings.html").string(), paintingsPage(), console);
   VantelKit::Screen::setScale(kPaintingScale);
-  for (const PaintingLook& look : allPaintingLooks()) {
+  const std::vector<PaintingLook> looks = allPaintingLooks();
+  std::vector<std::exception_ptr> errors(looks.size());
+  inParallel(looks.size(), threadsFor(jobs), [&](std::size_t i) {
+    const PaintingLook& look = looks[i];
     const std::filesystem::path file = folder / "paintings" / (look.fileName() + ".png");
-    writeImage(look.preset->draw(look.arguments), look.preset->name, file.string(),
-               OutputFormat::png, console);
+    try {
+      writeImage(look.preset->draw(look.arguments), look.preset->name, file.string(),
+                 OutputFormat::png, console);
+    } catch (...) {
+      errors[i] = std::current_exception();
+    }
+  });
+  for (const std::exception_ptr& error : errors) {
+    if (error) std::rethrow_exception(error);
   }
 }
 
-void writeAnimations(const std::filesystem::path& folder, Console& console) {
+void writeAnimations(const std::filesystem::path& folder, std::size_t jobs, Console& console) {
   writeOutput((folder / "animations.html").string(), animationsPage(), console);
   for (const Showpiece& piece : showpieces()) {
-    const AnimatedPicture picture = renderAnimation(piece.options, console);
+    AnimateOptions options = piece.options;
+    options.jobs = jobs;
+    const AnimatedPicture picture = renderAnimation(options, console);
     const std::string file = (folder / "animations" / piece.fileName()).string();
     writeOutput(file + ".png", encodeAnimatedPng(picture), console);
     const auto still =
@@ -54,11 +69,12 @@ int runGallery(const GalleryOptions& options, Console& console) {
   writeOutput((folder / "gallery.js").string(), std::string(galleryJs), console);
   writeOutput((folder / "index.html").string(), galleryPage(module), console);
   if (options.pageOnly) return statusDone;
-  writePaintings(folder, console);
-  writeAnimations(folder, console);
+  writePaintings(folder, options.jobs, console);
+  writeAnimations(folder, options.jobs, console);
   SheetOptions sheet;
   sheet.output = (folder / "sheet.png").string();
   sheet.scale = kSheetScale;
+  sheet.jobs = options.jobs;
   return runSheet(sheet, console);
 }
 

@@ -11,6 +11,8 @@ struct GalleryOptions {
   std::string folder;
   /// The folder of the library's modules (see moduleElement); empty: the page does without.
   std::string module;
+  /// Threads; 0 for all cores.
+  std::size_t jobs = 0;
   /// Only index.html, where the rest is there already.
   bool pageOnly = false;
 };

@@ -19,6 +19,9 @@ OutputFormat formatOf(std::string_view file) {
   if (file == "-" || file.ends_with(".png")) return OutputFormat::png;
   if (file.ends_with(".svg")) return OutputFormat::svg;
   if (file.ends_with(".rgba")) return OutputFormat::rgba;
+  // A pipe or a device has the name that it has; it takes what standard output takes.
+  std::error_code error;
+  if (fs::is_other(fs::path(file), error)) return OutputFormat::png;
   throw UsageError("\"" + std::string(file) + "\" does not end in .png, .svg or .rgba");
 }
 

@@ -133,6 +133,7 @@ void addAnimate(CLI::App& program, std::optional<Command>& command) {
             "colours and direction of a sweep");
   addParsed(*app, "--background", "C", colorFrom, store(&AnimateOptions::background),
             "colour behind the icon");
+  addJobs(*app, options);
   addParents(*app, options);
   app->footer(
       "Example:\n  glyphwright animate heartPath -o heart.png --gradient "
@@ -154,6 +155,7 @@ void addGallery(CLI::App& program, std::optional<Command>& command) {
       ->type_name("DIR");
   app->add_flag("--page-only", options->pageOnly,
                 "only index.html, where the rest is there already");
+  addJobs(*app, options);
   app->callback([&command, options] {
     if (options->folder.empty()) throw UsageError("gallery: --output is empty: name a folder");
     command = *options;
@@ -190,6 +192,7 @@ void addPreset(CLI::App& program, std::optional<Command>& command) {
       *app, "--backgroundColor,--background-color", "C", colorFrom,
       [options](const UIColor& color) { options->backgroundColor = color; },
       "colour of the ground (shareIcon), clear unless given");
+  addJobs(*app, options);
   addWriting(*app, options);
   app->callback([&command, options] {
     if (!options->list) {

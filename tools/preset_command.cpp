@@ -13,6 +13,7 @@
 
 #include "image_output.h"
 #include "numbers.h"
+#include "parallel.h"
 #include "preset_table.h"
 #include "suggestions.h"
 #include "usage_error.h"
@@ -113,18 +114,19 @@ int runPreset(const PresetOptions& options, Console& console) {
   }
   makeFolders(std::vector(files.begin(), files.end()), options.parents, console);
   VantelKit::Screen::setScale(options.scale);
-  std::vector<std::string> errors;
+  std::vector<std::string> errors(presets.size());
   {
     Progress progress(console, "drawing", presets.size());
-    for (const Preset* preset : presets) {
+    inParallel(presets.size(), threadsFor(options.jobs), [&](std::size_t i) {
       try {
-        draw(*preset, options, console);
-      } catch (const std::runtime_error& error) {
-        errors.emplace_back(error.what());
+        draw(*presets[i], options, console);
+      } catch (const std::exception& error) {
+        errors[i] = error.what();
       }
       progress.step();
-    }
+    });
   }
+  std::erase(errors, "");
   for (const std::string& error : errors) console.err << "glyphwright: " << error << '\n';
   return errors.empty() ? statusDone : statusFailed;
 }

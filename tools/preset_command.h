@@ -26,6 +26,8 @@ struct PresetOptions {
   /// Pixels per point.
   CGFloat scale = 1;
   Compression compression = Compression::quick;
+  /// Threads; 0 for all cores.
+  std::size_t jobs = 0;
   /// Folders that are missing are made without a word.
   bool parents = false;
   /// Absent: each image's own.

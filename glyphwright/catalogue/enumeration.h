@@ -90,13 +90,6 @@ class EnumerationValue : public detail::EnumerationTag {
  protected:
   explicit constexpr EnumerationValue(std::uint8_t index) : index_(index) {}
 
-  static constexpr auto makeAllCases() {
-    return []<std::size_t... i>(std::index_sequence<i...>) {
-      return std::array<E, sizeof...(i)>{E(static_cast<typename E::Case>(i))...};
-    }
-    (std::make_index_sequence<std::size(E::cases)>());
-  }
-
  private:
   std::uint8_t index_;
 };

@@ -21,9 +21,9 @@ static_assert(eachAtItsNumber(), "icon types are numbered 0, 1, 2, … in the or
 
 }  // namespace
 
-std::optional<UIBezierPath> UIBezierPath::pathForIcon(VNTLIconType icon) {
+std::optional<UIBezierPath> UIBezierPath::pathForIcon(IconNumber icon) {
   if (!isIconType(icon)) return std::nullopt;
-  return iconTypeMethods[static_cast<std::size_t>(icon)]();
+  return iconTypeMethods[static_cast<std::size_t>(VNTLIconType(icon))]();
 }
 
 }  // namespace glyphwright

@@ -40,9 +40,14 @@ VNTLGradientShapeLayer::VNTLGradientShapeLayer(PresentationPass& pass, CALayer& 
   copyCustomProperties(pass, layer);
 }
 
-std::shared_ptr<VNTLGradientShapeLayer> VNTLGradientShapeLayer::initWithLayer(CALayer& layer) {
+std::shared_ptr<VNTLGradientShapeLayer> VNTLGradientShapeLayer::layer() {
+  return std::make_shared<VNTLGradientShapeLayer>();
+}
+
+std::shared_ptr<VNTLGradientShapeLayer> VNTLGradientShapeLayer::initWithLayer(
+    Borrowed<CALayer> layer) {
   PresentationPass pass;
-  return std::make_shared<VNTLGradientShapeLayer>(pass, layer);
+  return layer ? std::make_shared<VNTLGradientShapeLayer>(pass, *layer) : nullptr;
 }
 
 std::shared_ptr<CALayer> VNTLGradientShapeLayer::newWithLayer(PresentationPass& pass,
@@ -50,9 +55,9 @@ std::shared_ptr<CALayer> VNTLGradientShapeLayer::newWithLayer(PresentationPass& 
   return std::make_shared<VNTLGradientShapeLayer>(pass, layer);
 }
 
-void VNTLGradientShapeLayer::copyCustomPropertiesFromLayer(CALayer& layer) {
+void VNTLGradientShapeLayer::copyCustomPropertiesFromLayer(Borrowed<CALayer> layer) {
   PresentationPass pass;
-  copyCustomProperties(pass, layer);
+  if (layer) copyCustomProperties(pass, *layer);
 }
 
 void VNTLGradientShapeLayer::copyCustomProperties(PresentationPass& pass, CALayer& layer) {
@@ -143,6 +148,30 @@ void VNTLGradientShapeLayer::forEachInnerLayer(Action action) const {
   }
 }
 
+// Inner layers may refuse what this one takes, such as the middle of bounds without end: then all
+// of them are as they were.
+template <typename Change>
+void VNTLGradientShapeLayer::changeAllOrNone(const Change& change) {
+  struct Geometry {
+    CALayer* layer;
+    CGRect bounds;
+    CGPoint position;
+  };
+  std::vector<Geometry> before{{this, bounds(), position()}};
+  forEachInnerLayer([&](const CALayer& /*outer*/, CALayer& layer) {
+    before.push_back({&layer, layer.bounds(), layer.position()});
+  });
+  try {
+    change();
+  } catch (...) {
+    for (const Geometry& was : before) {
+      was.layer->CALayer::setBounds(was.bounds);
+      was.layer->CALayer::setPosition(was.position);
+    }
+    throw;
+  }
+}
+
 void VNTLGradientShapeLayer::setPath(std::optional<CGPath> path) {
   if (strokeLayer_) strokeLayer_->setPath(path);
   maskLayer()->setPath(std::move(path));
@@ -157,17 +186,21 @@ void VNTLGradientShapeLayer::setLocations(std::optional<std::vector<CGFloat>> lo
 }
 
 void VNTLGradientShapeLayer::setBounds(const CGRect& bounds) {
-  CALayer::setBounds(bounds);
-  forEachInnerLayer([&](const CALayer& outer, CALayer& layer) {
-    layer.setFrame(&outer == this ? bounds : outer.bounds());
+  changeAllOrNone([&] {
+    CALayer::setBounds(bounds);
+    forEachInnerLayer([&](const CALayer& outer, CALayer& layer) {
+      layer.setFrame(&outer == this ? bounds : outer.bounds());
+    });
   });
 }
 
 void VNTLGradientShapeLayer::setFrame(const CGRect& frame) {
-  CALayer::setFrame(frame);
-  forEachInnerLayer([&](const CALayer& outer, CALayer& layer) {
-    const CGRect box = &outer == this ? frame : outer.frame();
-    layer.setBounds({0, 0, CGRectGetWidth(box), CGRectGetHeight(box)});
+  changeAllOrNone([&] {
+    CALayer::setFrame(frame);
+    forEachInnerLayer([&](const CALayer& outer, CALayer& layer) {
+      const CGRect box = &outer == this ? frame : outer.frame();
+      layer.setBounds({0, 0, CGRectGetWidth(box), CGRectGetHeight(box)});
+    });
   });
 }
 

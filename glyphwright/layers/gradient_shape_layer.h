@@ -15,7 +15,7 @@ namespace glyphwright {
 /// path, colours, a size and animations.
 ///
 ///     auto layer = UIBezierPath::heartPath().vntl_gradientShapeLayerWithSize({48, 48});
-///     layer->setColors({{pink, orange}});
+///     layer->setColors({pink, orange});
 ///     layer->strokeLayer()->setStrokeColor(UIColor::whiteColor());
 ///
 /// It is put together from a gradient layer masked by a shape layer and, above it once it has been
@@ -23,12 +23,11 @@ namespace glyphwright {
 /// layer: it takes them over when it is made and is kept in step from then on.
 class VNTLGradientShapeLayer : public CALayer {
  public:
-  static std::shared_ptr<VNTLGradientShapeLayer> layer() {
-    return std::make_shared<VNTLGradientShapeLayer>();
-  }
+  static std::shared_ptr<VNTLGradientShapeLayer> layer();
   /// `initWithLayer:` by hand: a copy of the layer's own properties (no tree), then
   /// `copyCustomPropertiesFromLayer:`. From a layer of another class it has no inner layers.
-  static std::shared_ptr<VNTLGradientShapeLayer> initWithLayer(CALayer& layer);
+  /// Null of null.
+  static std::shared_ptr<VNTLGradientShapeLayer> initWithLayer(Borrowed<CALayer> layer);
 
   /// `init` makes the mask and gradient layers.
   VNTLGradientShapeLayer();
@@ -38,8 +37,8 @@ class VNTLGradientShapeLayer : public CALayer {
   ~VNTLGradientShapeLayer() override;
 
   /// Takes over the presentation versions of the source's mask and gradient layers, and its stroke
-  /// layer itself (null when it never made one). Does nothing for a layer of another class.
-  void copyCustomPropertiesFromLayer(CALayer& layer);
+  /// layer itself (null when it never made one). Does nothing for none and for one of another class.
+  void copyCustomPropertiesFromLayer(Borrowed<CALayer> layer);
 
   // Inner layers
 
@@ -78,8 +77,18 @@ class VNTLGradientShapeLayer : public CALayer {
   /// The gradient layer's, here and in what follows; without one, what a new layer has.
   std::optional<std::vector<CGColor>> colors() const { return gradientOrNew()->colors(); }
   void setColors(std::optional<std::vector<CGColor>> colors);
+  /// In braces.
+  template <std::size_t count>
+  void setColors(const CGColor (&colors)[count]) {
+    gradientLayer()->setColors(colors);
+  }
   std::optional<std::vector<CGFloat>> locations() const { return gradientOrNew()->locations(); }
   void setLocations(std::optional<std::vector<CGFloat>> locations);
+  /// In braces.
+  template <std::size_t count>
+  void setLocations(const CGFloat (&locations)[count]) {
+    gradientLayer()->setLocations(locations);
+  }
   CGPoint startPoint() const { return gradientOrNew()->startPoint(); }
   void setStartPoint(CGPoint point) { gradientLayer()->setStartPoint(point); }
   CGPoint endPoint() const { return gradientOrNew()->endPoint(); }
@@ -100,7 +109,7 @@ class VNTLGradientShapeLayer : public CALayer {
   /// Adds the animation here; one of "bounds", "startPoint", "endPoint", "locations", "colors" or
   /// "path" also goes to every inner layer under the same key, whichever of them has the property.
   void addAnimation(const std::shared_ptr<CAAnimation>& animation,
-                    const std::optional<std::string>& forKey) override;
+                    const std::optional<std::string>& forKey = std::nullopt) override;
   /// This layer's own, otherwise the first of an inner layer.
   std::shared_ptr<const CAAnimation> animationForKey(std::string_view key) const override;
   void removeAllAnimations() override;
@@ -115,6 +124,8 @@ class VNTLGradientShapeLayer : public CALayer {
   std::shared_ptr<const CAGradientLayer> gradientOrNew() const {
     return gradientLayer_ ? gradientLayer_ : CAGradientLayer::layer();
   }
+  template <typename Change>
+  void changeAllOrNone(const Change& change);
   void setupLayers();
   void copyCustomProperties(PresentationPass& pass, CALayer& layer);
   template <typename Action>

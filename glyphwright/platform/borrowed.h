@@ -47,10 +47,11 @@ class BorrowedList : public std::span<const T> {
   requires std::convertible_to<const List&, Span>
   constexpr BorrowedList(const List& list) : Span(list) {}
   template <typename List>
-  requires(!std::convertible_to<const List&, Span> && requires(const List& list) {
-    { *list.begin() } -> std::convertible_to<T>;
-    list.end();
-  }) BorrowedList(const List& list)
+  requires(!std::convertible_to<const List&, Span> &&
+           requires(const List& list) {
+             { *list.begin() } -> std::convertible_to<T>;
+             list.end();
+           }) BorrowedList(const List& list)
       : own_(list.begin(), list.end()) {
     static_cast<Span&>(*this) = own_;
   }

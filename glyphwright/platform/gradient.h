@@ -57,5 +57,12 @@ class CGGradient {
 std::optional<CGGradient> CGGradientCreateWithColors(
     std::optional<CGColorSpace> space, const BorrowedList<CGColor>& colors,
     const std::optional<BorrowedList<CGFloat>>& locations = std::nullopt);
+/// With locations in braces.
+template <std::size_t count>
+std::optional<CGGradient> CGGradientCreateWithColors(std::optional<CGColorSpace> space,
+                                                     const BorrowedList<CGColor>& colors,
+                                                     const CGFloat (&locations)[count]) {
+  return CGGradientCreateWithColors(space, colors, std::span<const CGFloat>(locations));
+}
 
 }  // namespace glyphwright

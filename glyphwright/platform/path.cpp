@@ -322,4 +322,8 @@ bool CGPath::isFinite() const {
       points(), [](const CGPoint& p) { return std::isfinite(p.x) && std::isfinite(p.y); });
 }
 
+bool operator==(const CGPath& a, const CGPath& b) {
+  return std::ranges::equal(a.verbs(), b.verbs()) && std::ranges::equal(a.points(), b.points());
+}
+
 }  // namespace glyphwright

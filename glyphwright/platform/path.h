@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -126,9 +125,7 @@ class CGPath {
   /// Room for this many elements and points without another allocation.
   void reserve(std::size_t verbs, std::size_t points);
 
-  friend bool operator==(const CGPath& a, const CGPath& b) {
-    return std::ranges::equal(a.verbs(), b.verbs()) && std::ranges::equal(a.points(), b.points());
-  }
+  friend bool operator==(const CGPath& a, const CGPath& b);
 
  private:
   bool beginSegment();

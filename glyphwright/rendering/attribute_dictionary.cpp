@@ -1,5 +1,7 @@
 #include <glyphwright/rendering/attribute_dictionary.h>
 
+#include <glyphwright/rendering/icon_attributes.h>
+
 namespace glyphwright {
 namespace {
 
@@ -8,7 +10,23 @@ const Kind* read(const AttributeValue* value) {
   return value ? std::get_if<Kind>(value) : nullptr;
 }
 
+// A pair as it stands in braces, which tell nothing of what it is a pair of.
+template <typename Pair>
+std::optional<Pair> pairOf(const AttributeValue* value) {
+  const auto* numbers = read<std::vector<NSNumber>>(value);
+  if (!numbers || numbers->size() != 2) return std::nullopt;
+  return Pair{(*numbers)[0].doubleValue(), (*numbers)[1].doubleValue()};
+}
+
 }  // namespace
+
+AttributeValue::AttributeValue(std::initializer_list<NSNumber> numbers)
+    : AttributeKinds(std::vector<NSNumber>(numbers)) {}
+AttributeValue::AttributeValue(std::initializer_list<UIColor> colors)
+    : AttributeKinds(std::vector<UIColor>(colors)) {}
+AttributeValue::AttributeValue(const NSShadow& shadow)
+    : AttributeKinds(std::make_shared<NSShadow>(shadow)) {}
+AttributeValue::AttributeValue(const IconShadow& shadow) : AttributeKinds(shadow.shadow) {}
 
 AttributeDictionary::AttributeDictionary(
     std::initializer_list<std::pair<VNTLGlyphwright, AttributeValue>> keysAndValues) {
@@ -36,13 +54,13 @@ const UIColor* AttributeDictionary::color(VNTLGlyphwright key) const {
 
 std::optional<CGSize> AttributeDictionary::size(VNTLGlyphwright key) const {
   const NSValue* box = read<NSValue>(value(key));
-  if (!box || !box->holds<CGSize>()) return std::nullopt;
+  if (!box || !box->holds<CGSize>()) return pairOf<CGSize>(value(key));
   return box->CGSizeValue();
 }
 
 std::optional<CGPoint> AttributeDictionary::point(VNTLGlyphwright key) const {
   const NSValue* box = read<NSValue>(value(key));
-  if (!box || !box->holds<CGPoint>()) return std::nullopt;
+  if (!box || !box->holds<CGPoint>()) return pairOf<CGPoint>(value(key));
   return box->CGPointValue();
 }
 

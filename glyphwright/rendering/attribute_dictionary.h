@@ -18,6 +18,8 @@
 
 namespace glyphwright {
 
+struct IconShadow;
+
 /// A key of an attribute dictionary: a string with a type of its own. The characters are not
 /// copied and have to outlive the key.
 class VNTLGlyphwright {
@@ -60,10 +62,18 @@ inline constexpr VNTLGlyphwright VNTLGlyphwrightGradientEndPoint{"gradientEndPoi
 
 using AttributeKinds = std::variant<NSNumber, NSValue, UIColor, std::shared_ptr<NSShadow>,
                                     std::vector<UIColor>, std::vector<NSNumber>>;
-/// A value of an attribute dictionary. CGSize, CGPoint, arithmetic values and lists of those box
-/// themselves.
+/// A value of an attribute dictionary. CGSize, CGPoint, shadows, arithmetic values and lists of
+/// those box themselves; numbers and colours may stand in braces, and two numbers are a size or a
+/// point where the key is of one.
 struct AttributeValue : AttributeKinds {
   using AttributeKinds::AttributeKinds;
+  AttributeValue(std::initializer_list<NSNumber> numbers);
+  AttributeValue(std::initializer_list<UIColor> colors);
+  /// A shadow of its own, as it is now.
+  AttributeValue(const NSShadow& shadow);
+  /// The record's own shadow object.
+  AttributeValue(const IconShadow& shadow);
+  /// Numbers of any type.
   template <typename Number>
   requires std::is_arithmetic_v<Number> AttributeValue(const std::vector<Number>& numbers)
       : AttributeKinds(std::vector<NSNumber>(numbers.begin(), numbers.end())) {}
@@ -71,8 +81,9 @@ struct AttributeValue : AttributeKinds {
 
 /// The keyed form of an icon's attributes:
 ///
-///     AttributeDictionary{{VNTLGlyphwrightSize, CGSize{40, 40}},
-///                         {VNTLGlyphwrightFillColor, UIColor::whiteColor()},
+///     AttributeDictionary{{VNTLGlyphwrightSize, {40, 40}},
+///                         {VNTLGlyphwrightGradientColors, {pink, UIColor::whiteColor()}},
+///                         {VNTLGlyphwrightGradientLocations, {0, 0.5}},
 ///                         {VNTLGlyphwrightStrokeWidth, 2}}
 ///
 /// Keys that no renderer knows are kept and ignored. A value of another kind than its key expects
@@ -93,6 +104,7 @@ class AttributeDictionary {
   // Reading by kind: empty or null when the key is absent or holds another kind
 
   const UIColor* color(VNTLGlyphwright key) const;
+  /// A boxed one, or two numbers in a list; so is a point.
   std::optional<CGSize> size(VNTLGlyphwright key) const;
   std::optional<CGPoint> point(VNTLGlyphwright key) const;
   const NSNumber* number(VNTLGlyphwright key) const;

@@ -57,7 +57,7 @@ UIBezierPath& UIBezierPath::size(CGSize size) {
   return *this;
 }
 
-std::optional<UIBezierPath> UIBezierPath::bezierPathWithIcon(VNTLIconType icon, CGSize size,
+std::optional<UIBezierPath> UIBezierPath::bezierPathWithIcon(IconNumber icon, CGSize size,
                                                              bool translatesToZero) {
   std::optional<UIBezierPath> path = pathForIcon(icon);
   if (!path) return path;

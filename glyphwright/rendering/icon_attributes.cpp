@@ -65,6 +65,9 @@ IconGradient::IconGradient(std::vector<UIColor> gradientColors,
   }
 }
 
+IconGradient::IconGradient(std::vector<UIColor> gradientColors, Direction direction)
+    : IconGradient(std::move(gradientColors), {}, direction) {}
+
 void IconGradient::update(const VantelKit::Gradient& with) {
   colors = with.colors;
   const VantelKit::Gradient::Points& ends = with.gradientPointsInUnitCoordinate;

@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include <glyphwright/platform/borrowed.h>
 #include <glyphwright/platform/color.h>
 #include <glyphwright/platform/geometry.h>
 #include <glyphwright/platform/shadow.h>
@@ -41,6 +42,8 @@ struct IconBorder {
 struct IconShadow {
   /// `init(color:offset:blur:)` makes a new shadow object; equal arguments give different objects.
   IconShadow(const UIColor& shadowColor, CGSize shadowOffset, CGFloat shadowBlur);
+  /// Its shadow object, wherever a function takes a shadow.
+  operator Borrowed<const NSShadow>() const { return shadow; }
 
   /// Made by the initialiser; does not follow later changes of the three values below. An inset
   /// shadow is drawn from this object, a drop shadow from the values.
@@ -71,6 +74,10 @@ struct IconGradient {
   /// along the direction. One colour alone gets the stop NaN (which draws like 0).
   IconGradient(std::vector<UIColor> gradientColors, std::vector<CGPoint> gradientLocations,
                Direction direction);
+
+  /// The colours spread evenly along a direction.
+  explicit IconGradient(std::vector<UIColor> gradientColors,
+                        Direction direction = Direction::topToBottom);
 
   /// `update(with:)` takes over the host gradient's colours and its two end points; the stops are
   /// spread evenly for two or more colours and stay as they were for fewer.

@@ -61,16 +61,16 @@ UIImage UIBezierPath::imageWithAttributes(const AttributeDictionary& attributes)
   return paintIcon(*this, Placement::asItIs, attributes);
 }
 
-UIImage UIBezierPath::imageWithIcon(VNTLIconType icon, const AttributeDictionary& attributes) {
+UIImage UIBezierPath::imageWithIcon(IconNumber icon, const AttributeDictionary& attributes) {
   return paintIcon(pathOrEmpty(icon), Placement::fromOrigin, attributes);
 }
 
-UIImage UIBezierPath::imageWithIcon(VNTLIconType icon, const std::optional<UIColor>& strokeColor,
+UIImage UIBezierPath::imageWithIcon(IconNumber icon, const std::optional<UIColor>& strokeColor,
                                     const std::optional<UIColor>& fillColor) {
   return pathOrEmpty(icon).imageWithStrokeColor(strokeColor, fillColor);
 }
 
-UIImage UIBezierPath::imageWithIcon(VNTLIconType icon, std::nullptr_t, const UIColor& fillColor) {
+UIImage UIBezierPath::imageWithIcon(IconNumber icon, std::nullptr_t, const UIColor& fillColor) {
   return imageWithIcon(icon, std::nullopt, std::optional(fillColor));
 }
 

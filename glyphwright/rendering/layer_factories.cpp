@@ -49,18 +49,18 @@ std::shared_ptr<VNTLGradientShapeLayer> UIBezierPath::vntl_gradientShapeLayerWit
   return fittedLayer<VNTLGradientShapeLayer>(*this, size);
 }
 
-std::shared_ptr<CAShapeLayer> UIBezierPath::shapeLayerWithIcon(VNTLIconType icon, CGSize size) {
+std::shared_ptr<CAShapeLayer> UIBezierPath::shapeLayerWithIcon(IconNumber icon, CGSize size) {
   std::optional<UIBezierPath> path = pathForIcon(icon);
   return path ? fittedLayer<CAShapeLayer>(*std::move(path), size) : nullptr;
 }
 
 std::shared_ptr<VNTLGradientShapeLayer> UIBezierPath::vntl_gradientShapeLayerWithIcon(
-    VNTLIconType icon, CGSize size) {
+    IconNumber icon, CGSize size) {
   std::optional<UIBezierPath> path = pathForIcon(icon);
   return path ? fittedLayer<VNTLGradientShapeLayer>(*std::move(path), size) : nullptr;
 }
 
-UIImage UIBezierPath::imageWithIcon(VNTLIconType icon, const AttributeDictionary& attributes,
+UIImage UIBezierPath::imageWithIcon(IconNumber icon, const AttributeDictionary& attributes,
                                     const UIColor& withOutLineColor,
                                     Borrowed<CALayer> backgroundLayer) {
   const CGSize asked = attributes.size(VNTLGlyphwrightSize).value_or(CGSize{});

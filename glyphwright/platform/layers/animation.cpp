@@ -15,12 +15,34 @@ constexpr int kMaxGroupedAnimations = 1024;
 
 template <typename Animation>
 std::shared_ptr<Animation> animationFor(std::string keyPath) {
-  auto animation = std::make_shared<Animation>();
+  auto animation = Animation::animation();
   animation->setKeyPath(std::move(keyPath));
   return animation;
 }
 
 }  // namespace
+
+CAAnimation::~CAAnimation() = default;
+
+std::shared_ptr<CAAnimation> CAAnimation::animation() {
+  return std::make_shared<CAAnimation>();
+}
+
+std::shared_ptr<CATransition> CATransition::animation() {
+  return std::make_shared<CATransition>();
+}
+
+std::shared_ptr<CABasicAnimation> CABasicAnimation::animation() {
+  return std::make_shared<CABasicAnimation>();
+}
+
+std::shared_ptr<CAKeyframeAnimation> CAKeyframeAnimation::animation() {
+  return std::make_shared<CAKeyframeAnimation>();
+}
+
+std::shared_ptr<CAAnimationGroup> CAAnimationGroup::animation() {
+  return std::make_shared<CAAnimationGroup>();
+}
 
 std::shared_ptr<CAAnimation> CAAnimation::copy() const {
   CopyAllowance allowance{kMaxGroupLevels, kMaxGroupedAnimations};
@@ -71,6 +93,18 @@ std::shared_ptr<CABasicAnimation> CABasicAnimation::animationWithKeyPath(std::st
   return animationFor<CABasicAnimation>(std::move(keyPath));
 }
 
+void CABasicAnimation::setFromValue(std::optional<AnimationValue> value) {
+  from_ = std::move(value);
+}
+
+void CABasicAnimation::setToValue(std::optional<AnimationValue> value) {
+  to_ = std::move(value);
+}
+
+void CABasicAnimation::setByValue(std::optional<AnimationValue> value) {
+  by_ = std::move(value);
+}
+
 std::shared_ptr<CAAnimation> CABasicAnimation::copyWithin(CopyAllowance& /*allowance*/) const {
   return std::make_shared<CABasicAnimation>(*this);
 }
@@ -97,6 +131,18 @@ std::optional<AnimationValue> CABasicAnimation::valueAt(
 std::shared_ptr<CAKeyframeAnimation> CAKeyframeAnimation::animationWithKeyPath(
     std::string keyPath) {
   return animationFor<CAKeyframeAnimation>(std::move(keyPath));
+}
+
+void CAKeyframeAnimation::setValues(std::vector<AnimationValue> values) {
+  values_ = std::move(values);
+}
+
+void CAKeyframeAnimation::setKeyTimes(std::optional<std::vector<double>> times) {
+  keyTimes_ = std::move(times);
+}
+
+void CAKeyframeAnimation::setTimingFunctions(std::vector<CAMediaTimingFunction> functions) {
+  timingFunctions_ = std::move(functions);
 }
 
 std::shared_ptr<CAAnimation> CAKeyframeAnimation::copyWithin(CopyAllowance& /*allowance*/) const {

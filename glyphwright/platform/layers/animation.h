@@ -18,8 +18,8 @@ class CALayer;
 /// changes nothing.
 class CAAnimation : public CAMediaTiming {
  public:
-  static std::shared_ptr<CAAnimation> animation() { return std::make_shared<CAAnimation>(); }
-  virtual ~CAAnimation() = default;
+  static std::shared_ptr<CAAnimation> animation();
+  virtual ~CAAnimation();
 
   /// The pace of each run; linear when none.
   const std::optional<CAMediaTimingFunction>& timingFunction() const { return timingFunction_; }
@@ -70,7 +70,7 @@ class CAAnimation : public CAMediaTiming {
 /// fade from, and so it changes nothing that is shown.
 class CATransition : public CAAnimation {
  public:
-  static std::shared_ptr<CATransition> animation() { return std::make_shared<CATransition>(); }
+  static std::shared_ptr<CATransition> animation();
 
   /// "fade" when new.
   const std::string& type() const { return type_; }
@@ -121,14 +121,15 @@ class CAPropertyAnimation : public CAAnimation {
 ///     by, to        to − by … to           by            current … current + by
 class CABasicAnimation : public CAPropertyAnimation {
  public:
+  static std::shared_ptr<CABasicAnimation> animation();
   static std::shared_ptr<CABasicAnimation> animationWithKeyPath(std::string keyPath);
 
   const std::optional<AnimationValue>& fromValue() const { return from_; }
-  void setFromValue(std::optional<AnimationValue> value) { from_ = std::move(value); }
+  void setFromValue(std::optional<AnimationValue> value);
   const std::optional<AnimationValue>& toValue() const { return to_; }
-  void setToValue(std::optional<AnimationValue> value) { to_ = std::move(value); }
+  void setToValue(std::optional<AnimationValue> value);
   const std::optional<AnimationValue>& byValue() const { return by_; }
-  void setByValue(std::optional<AnimationValue> value) { by_ = std::move(value); }
+  void setByValue(std::optional<AnimationValue> value);
 
   std::optional<AnimationValue> valueAt(
       double progress, const std::optional<AnimationValue>& current) const override;
@@ -148,20 +149,24 @@ enum class CAAnimationCalculationMode : std::uint8_t { linear, discrete };
 /// Through a list of values.
 class CAKeyframeAnimation : public CAPropertyAnimation {
  public:
+  static std::shared_ptr<CAKeyframeAnimation> animation();
   static std::shared_ptr<CAKeyframeAnimation> animationWithKeyPath(std::string keyPath);
 
   const std::vector<AnimationValue>& values() const { return values_; }
-  void setValues(std::vector<AnimationValue> values) { values_ = std::move(values); }
+  void setValues(std::vector<AnimationValue> values);
   /// When each value is reached, in parts of the run from 0 to 1, never falling; for the discrete
   /// mode when each value starts, with one more entry allowed for the end. Other lists are ignored
   /// and, as without one, the values are spread evenly.
   const std::optional<std::vector<double>>& keyTimes() const { return keyTimes_; }
-  void setKeyTimes(std::optional<std::vector<double>> times) { keyTimes_ = std::move(times); }
+  void setKeyTimes(std::optional<std::vector<double>> times);
+  /// In braces.
+  template <std::size_t count>
+  void setKeyTimes(const double (&times)[count]) {
+    setKeyTimes(std::vector<double>(times, times + count));
+  }
   /// The pace between one value and the next; linear where one is missing.
   const std::vector<CAMediaTimingFunction>& timingFunctions() const { return timingFunctions_; }
-  void setTimingFunctions(std::vector<CAMediaTimingFunction> functions) {
-    timingFunctions_ = std::move(functions);
-  }
+  void setTimingFunctions(std::vector<CAMediaTimingFunction> functions);
   CAAnimationCalculationMode calculationMode() const { return calculationMode_; }
   void setCalculationMode(CAAnimationCalculationMode mode) { calculationMode_ = mode; }
 
@@ -184,9 +189,7 @@ class CAKeyframeAnimation : public CAPropertyAnimation {
 /// the group's local time, cut off at its duration; one without a duration takes the group's.
 class CAAnimationGroup : public CAAnimation {
  public:
-  static std::shared_ptr<CAAnimationGroup> animation() {
-    return std::make_shared<CAAnimationGroup>();
-  }
+  static std::shared_ptr<CAAnimationGroup> animation();
 
   /// `init` of a group that holds nothing.
   CAAnimationGroup() = default;

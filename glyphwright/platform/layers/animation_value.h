@@ -21,6 +21,11 @@ using AnimationKinds = std::variant<CGFloat, CGPoint, CGSize, CGRect, CGAffineTr
 /// from lists of such.
 struct AnimationValue : AnimationKinds {
   using AnimationKinds::AnimationKinds;
+  // What copies so many kinds is made once, and not again by every program that includes this.
+  AnimationValue(const AnimationValue& other);
+  AnimationValue(AnimationValue&& other) noexcept;
+  AnimationValue& operator=(const AnimationValue& other);
+  AnimationValue& operator=(AnimationValue&& other) noexcept;
   /// A number of any type.
   template <typename Number>
   requires(std::is_arithmetic_v<Number> && !std::is_convertible_v<Number, AnimationKinds>)

@@ -15,6 +15,18 @@ CGPoint inBounds(CGPoint unit, const CGRect& bounds) {
 
 }  // namespace
 
+std::shared_ptr<CAGradientLayer> CAGradientLayer::layer() {
+  return std::make_shared<CAGradientLayer>();
+}
+
+void CAGradientLayer::setColors(std::optional<std::vector<CGColor>> colors) {
+  gradient_.colors = std::move(colors);
+}
+
+void CAGradientLayer::setLocations(std::optional<std::vector<CGFloat>> locations) {
+  gradient_.locations = std::move(locations);
+}
+
 CAGradientLayer::CAGradientLayer(PresentationPass& pass, CALayer& layer) : CALayer(pass, layer) {
   if (const auto* source = dynamic_cast<const CAGradientLayer*>(&layer)) {
     gradient_ = source->gradient_;

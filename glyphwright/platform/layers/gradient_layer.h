@@ -20,20 +20,26 @@ inline constexpr std::string_view kCAGradientLayerConic = "conic";
 /// number than the colours, and equal points draw nothing.
 class CAGradientLayer : public CALayer {
  public:
-  static std::shared_ptr<CAGradientLayer> layer() { return std::make_shared<CAGradientLayer>(); }
+  static std::shared_ptr<CAGradientLayer> layer();
 
   CAGradientLayer() = default;
   CAGradientLayer(PresentationPass& pass, CALayer& layer);
 
   const std::optional<std::vector<CGColor>>& colors() const { return gradient_.colors; }
-  void setColors(std::optional<std::vector<CGColor>> colors) {
-    gradient_.colors = std::move(colors);
+  void setColors(std::optional<std::vector<CGColor>> colors);
+  /// In braces.
+  template <std::size_t count>
+  void setColors(const CGColor (&colors)[count]) {
+    setColors(std::vector<CGColor>(colors, colors + count));
   }
   /// One for each colour, along 0 to 1; those outside are kept, so that a band can run in and out.
   /// None spreads the colours evenly.
   const std::optional<std::vector<CGFloat>>& locations() const { return gradient_.locations; }
-  void setLocations(std::optional<std::vector<CGFloat>> locations) {
-    gradient_.locations = std::move(locations);
+  void setLocations(std::optional<std::vector<CGFloat>> locations);
+  /// In braces.
+  template <std::size_t count>
+  void setLocations(const CGFloat (&locations)[count]) {
+    setLocations(std::vector<CGFloat>(locations, locations + count));
   }
   /// Where the first colour is; the centre of a radial or conic gradient. (0.5, 0) when new.
   CGPoint startPoint() const { return gradient_.startPoint; }

@@ -25,6 +25,10 @@ void require(bool isNumber, const char* message) {
 
 }  // namespace
 
+std::shared_ptr<CALayer> CALayer::layer() {
+  return std::make_shared<CALayer>();
+}
+
 void CALayer::setBounds(const CGRect& bounds) {
   require(isNumber(bounds.origin) && isNumber(bounds.size), "layer bounds contain NaN");
   model_.bounds = CGRectStandardize(bounds);

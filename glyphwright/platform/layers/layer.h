@@ -58,7 +58,7 @@ class LayerParts {
 /// anchor point, transform or zPosition throws std::invalid_argument and changes nothing.
 class CALayer : public CAMediaTiming {
  public:
-  static std::shared_ptr<CALayer> layer() { return std::make_shared<CALayer>(); }
+  static std::shared_ptr<CALayer> layer();
 
   /// `init`
   CALayer() = default;
@@ -151,7 +151,7 @@ class CALayer : public CAMediaTiming {
   /// is always one more. A transition goes under "transition" whatever the key. A duration that is
   /// not above 0 becomes 0.25 s in the copy. Null is ignored.
   virtual void addAnimation(const std::shared_ptr<CAAnimation>& animation,
-                            const std::optional<std::string>& forKey);
+                            const std::optional<std::string>& forKey = std::nullopt);
   /// The stored copy, or null.
   virtual std::shared_ptr<const CAAnimation> animationForKey(std::string_view key) const;
   /// The keys in the order in which the animations apply; nothing when there is no animation. Those

@@ -12,6 +12,14 @@ bool isVisible(const std::optional<CGColor>& color) {
 
 }  // namespace
 
+std::shared_ptr<CAShapeLayer> CAShapeLayer::layer() {
+  return std::make_shared<CAShapeLayer>();
+}
+
+void CAShapeLayer::setPath(std::optional<CGPath> path) {
+  shape_.path = std::move(path);
+}
+
 CAShapeLayer::CAShapeLayer(PresentationPass& pass, CALayer& layer) : CALayer(pass, layer) {
   if (const auto* shape = dynamic_cast<const CAShapeLayer*>(&layer)) shape_ = shape->shape_;
 }

@@ -15,14 +15,14 @@ enum class CAShapeLayerFillRule : std::uint8_t { nonZero, evenOdd };
 /// not cut off at the bounds.
 class CAShapeLayer : public CALayer {
  public:
-  static std::shared_ptr<CAShapeLayer> layer() { return std::make_shared<CAShapeLayer>(); }
+  static std::shared_ptr<CAShapeLayer> layer();
 
   CAShapeLayer() = default;
   CAShapeLayer(PresentationPass& pass, CALayer& layer);
 
   /// Nothing when new: nothing is drawn.
   const std::optional<CGPath>& path() const { return shape_.path; }
-  void setPath(std::optional<CGPath> path) { shape_.path = std::move(path); }
+  void setPath(std::optional<CGPath> path);
   /// Opaque black when new; none fills nothing.
   const std::optional<CGColor>& fillColor() const { return shape_.fillColor; }
   void setFillColor(std::optional<CGColor> color) { shape_.fillColor = color; }

@@ -2,6 +2,12 @@
 #include <glyphwright/platform/layers/transform_parts.h>
 
 namespace glyphwright {
+
+AnimationValue::AnimationValue(const AnimationValue& other) = default;
+AnimationValue::AnimationValue(AnimationValue&& other) noexcept = default;
+AnimationValue& AnimationValue::operator=(const AnimationValue& other) = default;
+AnimationValue& AnimationValue::operator=(AnimationValue&& other) noexcept = default;
+
 namespace {
 
 // The first name of a key path and what follows its dot.

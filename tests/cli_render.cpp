@@ -209,6 +209,8 @@ TEST(CliRender, WritesTheSameBytesOnAnyNumberOfThreads) {
                   .err,
               "");
     EXPECT_EQ(run({"sheet", "*heart*", "-o", at + "/a sheet.png", "--jobs", jobs}).err, "");
+    EXPECT_EQ(run({"preset", "--all", "-o", at + "/{name}.png", "--jobs", jobs}).err, "");
+    EXPECT_EQ(run({"animate", "heartPath", "-o", at + "/a.png", "--jobs", jobs}).err, "");
     std::vector<std::filesystem::path> files;
     for (const auto& entry : std::filesystem::directory_iterator(at)) files.push_back(entry.path());
     std::sort(files.begin(), files.end());
@@ -219,6 +221,12 @@ TEST(CliRender, WritesTheSameBytesOnAnyNumberOfThreads) {
   EXPECT_GT(one.size(), 10000U);
   EXPECT_TRUE(one == all("3"));
   EXPECT_EQ(readPng(readFile(folder / "3" / "heartPath-24x20@2.png")).width, 48U);
+}
+
+TEST(CliRender, SaysWhyADeviceTakesNoMore) {
+  const Outcome full = run({"render", "heartPath", "-o", "/dev/full"});
+  EXPECT_EQ(full.status, 1);
+  EXPECT_NE(full.err.find("/dev/full: No space left"), std::string::npos) << full.err;
 }
 
 TEST(CliRender, DoesTheRestWhenSomeOutputFails) {

@@ -8,7 +8,7 @@ using namespace glyphwright;
 
 int main() {
   const auto heart = UIBezierPath::heartPath().vntl_gradientShapeLayerWithSize({72, 72});
-  heart->setColors({{UIColor(1, 0.2, 0.45, 1), UIColor(1, 0.65, 0.2, 1)}});
+  heart->setColors({UIColor(1, 0.2, 0.45, 1), UIColor(1, 0.65, 0.2, 1)});
   auto beat = CAKeyframeAnimation::animationWithKeyPath("transform.scale");
   beat->setValues({0.7, 1.0, 0.7});
   beat->setDuration(1);

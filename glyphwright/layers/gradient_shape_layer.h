@@ -37,7 +37,8 @@ class VNTLGradientShapeLayer : public CALayer {
   ~VNTLGradientShapeLayer() override;
 
   /// Takes over the presentation versions of the source's mask and gradient layers, and its stroke
-  /// layer itself (null when it never made one). Does nothing for none and for one of another class.
+  /// layer itself (null when it never made one). Does nothing for none and for one of another
+  /// class.
   void copyCustomPropertiesFromLayer(Borrowed<CALayer> layer);
 
   // Inner layers

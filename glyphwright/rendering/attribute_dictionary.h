@@ -60,6 +60,7 @@ inline constexpr VNTLGlyphwright VNTLGlyphwrightGradientStartPoint{"gradientStar
 /// A boxed point in unit coordinates: where the gradient ends. Absent, (0.5, 1).
 inline constexpr VNTLGlyphwright VNTLGlyphwrightGradientEndPoint{"gradientEndPoint"};
 
+/// What a value of an attribute dictionary may be.
 using AttributeKinds = std::variant<NSNumber, NSValue, UIColor, std::shared_ptr<NSShadow>,
                                     std::vector<UIColor>, std::vector<NSNumber>>;
 /// A value of an attribute dictionary. CGSize, CGPoint, shadows, arithmetic values and lists of

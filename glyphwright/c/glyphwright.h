@@ -64,8 +64,8 @@ GLYPHWRIGHT_C_API const char* glyphwright_status_text(glyphwright_status status)
  * zero byte, cut off where it does not fit; it is empty after a success. May be null, as may be
  * `text`. */
 typedef struct glyphwright_message {
-  char* text;
-  size_t capacity;
+  char* text;      /* may be null */
+  size_t capacity; /* in bytes */
 } glyphwright_message;
 
 /* 10000 × major + 100 × minor + patch of the library that runs, which need not be the one that the
@@ -83,16 +83,16 @@ typedef struct glyphwright_path glyphwright_path;
 
 /* A place. */
 typedef struct glyphwright_point {
-  double x;
-  double y;
+  double x; /* to the right, in the units of its path */
+  double y; /* down */
 } glyphwright_point;
 
 /* An upper left corner and a size. */
 typedef struct glyphwright_rect {
-  double x;
-  double y;
-  double width;
-  double height;
+  double x;      /* of its left side */
+  double y;      /* of its upper side */
+  double width;  /* never below 0 */
+  double height; /* never below 0 */
 } glyphwright_rect;
 
 /* What an element does, and the points that it carries. */
@@ -109,21 +109,21 @@ enum { GLYPHWRIGHT_JOIN_MITER = 0, GLYPHWRIGHT_JOIN_ROUND = 1, GLYPHWRIGHT_JOIN_
 
 /* The elements of a path, in order; the points of all follow one another. */
 typedef struct glyphwright_elements {
-  uint32_t struct_size;
-  const uint8_t* verbs;
-  size_t verb_count;
-  const glyphwright_point* points;
-  size_t point_count;
+  uint32_t struct_size;            /* sizeof(glyphwright_elements) */
+  const uint8_t* verbs;            /* GLYPHWRIGHT_MOVE to GLYPHWRIGHT_CLOSE */
+  size_t verb_count;               /* 0: a path of nothing */
+  const glyphwright_point* points; /* of all verbs, one after another */
+  size_t point_count;              /* what the verbs carry in all */
 } glyphwright_elements;
 
 /* How a path is filled and stroked. */
 typedef struct glyphwright_pen {
-  uint32_t struct_size;
-  int32_t even_odd; /* 1: filled by the even-odd rule, 0: by the non-zero rule */
-  int32_t cap;
-  int32_t join;
-  double line_width;
-  double miter_limit;
+  uint32_t struct_size; /* sizeof(glyphwright_pen) */
+  int32_t even_odd;     /* 1: filled by the even-odd rule, 0: by the non-zero rule */
+  int32_t cap;          /* GLYPHWRIGHT_CAP_BUTT, ROUND or SQUARE */
+  int32_t join;         /* GLYPHWRIGHT_JOIN_MITER, ROUND or BEVEL */
+  double line_width;    /* in the path's units */
+  double miter_limit;   /* longest miter in line widths; beyond it corners are bevelled */
 } glyphwright_pen;
 
 /* A new path of an icon by its name in any form: a method ("heartPath"), a case of the catalogue
@@ -166,12 +166,12 @@ enum {
 
 /* Memory for pixels, rows top to bottom. Nothing but the width × 4 bytes of each row is touched. */
 typedef struct glyphwright_buffer {
-  uint32_t struct_size;
-  int32_t format;
-  uint8_t* pixels;
-  size_t width; /* in pixels */
-  size_t height;
-  size_t row_bytes; /* from row to row; 0: width × 4 */
+  uint32_t struct_size; /* sizeof(glyphwright_buffer) */
+  int32_t format;       /* GLYPHWRIGHT_RGBA_PREMULTIPLIED and so on */
+  uint8_t* pixels;      /* of the upper left; never null */
+  size_t width;         /* in pixels */
+  size_t height;        /* in pixels */
+  size_t row_bytes;     /* from row to row; 0: width × 4 */
 } glyphwright_buffer;
 
 /* The pixels that an image of this size takes: width × scale and height × scale, rounded up. A
@@ -183,18 +183,18 @@ GLYPHWRIGHT_C_API glyphwright_status glyphwright_pixel_size(double width, double
 
 /* Straight components from 0 to 1; zero is clear. */
 typedef struct glyphwright_color {
-  double red;
-  double green;
-  double blue;
-  double alpha;
+  double red;   /* 0 to 1 */
+  double green; /* 0 to 1 */
+  double blue;  /* 0 to 1 */
+  double alpha; /* 0: clear, 1: opaque */
 } glyphwright_color;
 
 /* A copy of the shape in one colour, moved and blurred. */
 typedef struct glyphwright_shadow {
-  glyphwright_color color;
-  double dx;   /* to the right */
-  double dy;   /* down */
-  double blur; /* twice the sigma of the Gaussian */
+  glyphwright_color color; /* its alpha is its strength */
+  double dx;               /* to the right */
+  double dy;               /* down */
+  double blur;             /* twice the sigma of the Gaussian */
 } glyphwright_shadow;
 
 /* The parts of an icon's look beside its fill. */
@@ -209,22 +209,22 @@ enum {
 /* How an icon is painted into an image. The icon fills the size but for the stroke's width, the
  * drop shadow's blur and twice the larger side of its offset. */
 typedef struct glyphwright_attributes {
-  uint32_t struct_size;
-  uint32_t parts; /* which of the fields from stroke_color on count */
-  double width;   /* of the whole image */
-  double height;
-  double scale; /* pixels a point; 0: 1 */
-  glyphwright_color fill;
-  glyphwright_color background;
-  glyphwright_color stroke_color;
-  double stroke_width; /* 0: one pixel */
-  glyphwright_color border_color;
-  double border_width; /* of the ring around the icon, whole points */
-  glyphwright_shadow drop_shadow;
-  glyphwright_shadow inset_shadow;
-  const glyphwright_color* gradient_colors;
-  const double* gradient_stops; /* 0 to 1, one a colour; null: spread evenly */
-  size_t gradient_count;
+  uint32_t struct_size;                     /* sizeof(glyphwright_attributes) */
+  uint32_t parts;                           /* which of the fields from stroke_color on count */
+  double width;                             /* of the whole image */
+  double height;                            /* of the whole image, in points */
+  double scale;                             /* pixels a point; 0: 1 */
+  glyphwright_color fill;                   /* where there is no gradient */
+  glyphwright_color background;             /* under all; zero: a clear ground */
+  glyphwright_color stroke_color;           /* of the outline */
+  double stroke_width;                      /* 0: one pixel */
+  glyphwright_color border_color;           /* of the ring */
+  double border_width;                      /* of the ring around the icon, whole points */
+  glyphwright_shadow drop_shadow;           /* cast by the finished icon */
+  glyphwright_shadow inset_shadow;          /* within the shape */
+  const glyphwright_color* gradient_colors; /* first to last */
+  const double* gradient_stops;             /* 0 to 1, one a colour; null: spread evenly */
+  size_t gradient_count;                    /* at least 1 */
   /* In units of the box that the icon fills, (0, 0) upper left to (1, 1) lower right. Equal points:
    * top to bottom. */
   glyphwright_point gradient_start;
@@ -259,24 +259,24 @@ enum { GLYPHWRIGHT_PAINTING_SELECTED = 1, GLYPHWRIGHT_PAINTING_WITH_BACKGROUND =
 
 /* What a ready-made image is called and takes. */
 typedef struct glyphwright_painting {
-  uint32_t struct_size;
-  int32_t takes_size;
-  int32_t takes_flags;
-  int32_t takes_background;
-  const char* name;     /* "ChatIcons.ActionBar.gifNormalIcon" */
-  const char* keywords; /* words with a space between them */
-  double width;         /* its own size, or the one that it is drawn for */
-  double height;
+  uint32_t struct_size;     /* sizeof(glyphwright_painting) */
+  int32_t takes_size;       /* 1: the size of its options counts */
+  int32_t takes_flags;      /* 1: their flags count */
+  int32_t takes_background; /* 1: their background counts */
+  const char* name;         /* "ChatIcons.ActionBar.gifNormalIcon" */
+  const char* keywords;     /* words with a space between them */
+  double width;             /* its own size, or the one that it is drawn for */
+  double height;            /* in points, as the width */
 } glyphwright_painting;
 
 /* What an image takes; the rest is ignored. May be null. */
 typedef struct glyphwright_painting_options {
-  uint32_t struct_size;
-  uint32_t flags;
-  double width; /* 0: the image's own */
-  double height;
-  double scale; /* pixels a point; 0: 1 */
-  glyphwright_color background;
+  uint32_t struct_size;         /* sizeof(glyphwright_painting_options) */
+  uint32_t flags;               /* GLYPHWRIGHT_PAINTING_SELECTED and so on, added */
+  double width;                 /* 0: the image's own */
+  double height;                /* as the width, in points */
+  double scale;                 /* pixels a point; 0: 1 */
+  glyphwright_color background; /* of the ground */
 } glyphwright_painting_options;
 
 /* How many there are. */
@@ -294,7 +294,7 @@ glyphwright_painting_render(const char* name, const glyphwright_painting_options
 /* The catalogue: tabs hold sections, sections hold cases. Numbers begin at 0. */
 
 typedef struct glyphwright_icon {
-  uint32_t struct_size;
+  uint32_t struct_size;    /* sizeof(glyphwright_icon) */
   int32_t has_drawing;     /* 0 where the method does not exist */
   const char* name;        /* of the case, "checkmark"; null where it is asked for by method */
   const char* enumeration; /* of the case, "App.Shapes.Checks"; enumeration.name is its full name */

@@ -19,8 +19,8 @@ namespace glyphwright {
 
 /// One row of an enumeration's table.
 struct CaseRecord {
-  std::string_view name;
-  std::string_view rawValue;
+  std::string_view name;      ///< Of the case.
+  std::string_view rawValue;  ///< The method of UIBezierPath that draws it.
 
   explicit constexpr CaseRecord(std::string_view both) : CaseRecord(both, both) {}
   constexpr CaseRecord(std::string_view caseName, std::string_view caseRawValue)

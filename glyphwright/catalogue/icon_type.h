@@ -17,8 +17,8 @@ enum class VNTLIconType : std::int64_t {
 
 /// One row of the table of integer icon types.
 struct IconTypeRecord {
-  VNTLIconType type;
-  std::string_view name;
+  VNTLIconType type;      ///< The number.
+  std::string_view name;  ///< Of the case.
   /// The method of UIBezierPath that draws it.
   std::string_view method;
 };

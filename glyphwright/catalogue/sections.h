@@ -10,8 +10,8 @@ namespace glyphwright {
 
 /// Icons under a heading, for browsing.
 struct IconTypeSection {
-  std::string title;
-  std::vector<Pathable> paths;
+  std::string title;            ///< The heading.
+  std::vector<Pathable> paths;  ///< In the order to show them in.
 
   friend bool operator==(const IconTypeSection&, const IconTypeSection&) = default;
 };

@@ -109,8 +109,8 @@ CGContextRef UIGraphicsGetCurrentContext();
 
 /// Whole pixels.
 struct PixelSize {
-  std::size_t width = 0;
-  std::size_t height = 0;
+  std::size_t width = 0;   ///< 0 where nothing can be drawn.
+  std::size_t height = 0;  ///< 0 where nothing can be drawn.
 
   friend constexpr bool operator==(PixelSize, PixelSize) = default;
 };
@@ -118,8 +118,8 @@ struct PixelSize {
 /// UIGraphicsBeginImageContextWithOptions opens it; none when it cannot be drawn.
 PixelSize pixelSize(CGSize size, CGFloat scale);
 
-inline constexpr CGFloat kMaxPixelSide = 16384;
-inline constexpr CGFloat kMaxPixels = 67108864;
-inline constexpr CGFloat kMaxBlurPixels = 1024;
+inline constexpr CGFloat kMaxPixelSide = 16384;  ///< The longest side of an image.
+inline constexpr CGFloat kMaxPixels = 67108864;  ///< The most pixels of an image.
+inline constexpr CGFloat kMaxBlurPixels = 1024;  ///< Wider blurs are cut to this.
 
 }  // namespace glyphwright

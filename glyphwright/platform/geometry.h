@@ -9,16 +9,16 @@ using CGFloat = double;
 
 /// A position in a y-down plane, in points.
 struct CGPoint {
-  CGFloat x = 0;
-  CGFloat y = 0;
+  CGFloat x = 0;  ///< To the right.
+  CGFloat y = 0;  ///< Down.
 
   friend constexpr bool operator==(const CGPoint&, const CGPoint&) = default;
 };
 
 /// A width and a height in points; either may be negative, zero or not finite.
 struct CGSize {
-  CGFloat width = 0;
-  CGFloat height = 0;
+  CGFloat width = 0;   ///< Across.
+  CGFloat height = 0;  ///< Down.
 
   friend constexpr bool operator==(const CGSize&, const CGSize&) = default;
 };
@@ -26,8 +26,8 @@ struct CGSize {
 /// A rectangle in points. Negative sizes are kept as given; the CGRectGet… accessors read the
 /// rectangle as if it had been standardised.
 struct CGRect {
-  CGPoint origin;
-  CGSize size;
+  CGPoint origin;  ///< Upper left where the size is not negative.
+  CGSize size;     ///< Kept as given.
 
   constexpr CGRect() = default;
   constexpr CGRect(CGPoint o, CGSize s) : origin(o), size(s) {}
@@ -100,17 +100,17 @@ bool CGRectContainsPoint(const CGRect& rect, CGPoint point);
 
 /// x' = a·x + c·y + tx, y' = b·x + d·y + ty.
 struct CGAffineTransform {
-  CGFloat a = 1;
-  CGFloat b = 0;
-  CGFloat c = 0;
-  CGFloat d = 1;
-  CGFloat tx = 0;
-  CGFloat ty = 0;
+  CGFloat a = 1;   ///< x by x.
+  CGFloat b = 0;   ///< y by x.
+  CGFloat c = 0;   ///< x by y.
+  CGFloat d = 1;   ///< y by y.
+  CGFloat tx = 0;  ///< The move to the right.
+  CGFloat ty = 0;  ///< The move down.
 
   friend constexpr bool operator==(const CGAffineTransform&, const CGAffineTransform&) = default;
 };
 
-inline constexpr CGAffineTransform CGAffineTransformIdentity{};
+inline constexpr CGAffineTransform CGAffineTransformIdentity{};  ///< Moves nothing.
 
 /// A move by (tx, ty).
 constexpr CGAffineTransform CGAffineTransformMakeTranslation(CGFloat tx, CGFloat ty) {

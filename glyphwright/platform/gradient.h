@@ -33,8 +33,8 @@ class CGGradient {
  public:
   /// A colour and where it stands.
   struct Stop {
-    CGFloat location;  // 0…1 unless kept, never below the one before
-    CGColor color;     // components clamped to 0…1
+    CGFloat location;  ///< 0…1 unless kept, never below the one before
+    CGColor color;     ///< components clamped to 0…1
   };
 
   /// What becomes of locations outside 0…1, which a band that moves through passes.

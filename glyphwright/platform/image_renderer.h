@@ -12,8 +12,8 @@ class UIGraphicsImageRendererFormat {
   /// The main screen's scale, not opaque.
   static UIGraphicsImageRendererFormat defaultFormat();
 
-  CGFloat scale = 0;  // pixels per point; 0 is the main screen's
-  bool opaque = false;
+  CGFloat scale = 0;    ///< Pixels per point; 0 is the main screen's
+  bool opaque = false;  ///< Whether images begin black, not clear.
 };
 
 /// What a renderer hands to the drawing actions.

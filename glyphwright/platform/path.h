@@ -63,11 +63,11 @@ class CGPath {
   /// A constant path, as the calls below could have left it: a move comes first and after every
   /// close, and `points` holds what each element carries, in order.
   struct Literal {
-    std::span<const PathVerb> verbs;
-    std::span<const CGPoint> points;
-    CGPoint current;
-    CGPoint subpathStart;
-    CGRect box;  // as boundingBox() gives it
+    std::span<const PathVerb> verbs;  ///< In order.
+    std::span<const CGPoint> points;  ///< Of all verbs.
+    CGPoint current;                  ///< Where the next element starts.
+    CGPoint subpathStart;             ///< Where a close leads.
+    CGRect box;                       ///< As boundingBox() gives it.
   };
 
   CGPath() = default;

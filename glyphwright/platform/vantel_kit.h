@@ -25,8 +25,8 @@ class Screen {
 struct Gradient {
   /// Where the first and the last colour stand.
   struct Points {
-    CGPoint start;
-    CGPoint end;
+    CGPoint start;  ///< Of the first colour.
+    CGPoint end;    ///< Of the last.
   };
   std::vector<UIColor> colors;
   Points gradientPointsInUnitCoordinate;
@@ -34,8 +34,8 @@ struct Gradient {
 
 /// A border's width in points and its colour.
 struct Border {
-  CGFloat width = 0;
-  UIColor color;
+  CGFloat width = 0;  ///< Of the line.
+  UIColor color;      ///< Of the whole ring.
 };
 
 /// `NSObject.drawImage(size:isOpaque:scale:drawClosure:)`: runs the closure in an image context and

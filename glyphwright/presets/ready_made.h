@@ -11,10 +11,10 @@ namespace glyphwright::presets {
 
 /// What the ready-made images can be told; each takes only some of it.
 struct ReadyMadeArguments {
-  CGSize size;
-  bool selected = false;
-  bool withBackground = false;
-  UIColor backgroundColor = UIColor::clearColor();
+  CGSize size;                                      ///< In points.
+  bool selected = false;                            ///< Whether it has its selected look.
+  bool withBackground = false;                      ///< Whether it lies on its disc.
+  UIColor backgroundColor = UIColor::clearColor();  ///< Of the ground.
 };
 
 /// One ready-made image, for programs that go by names; drawn at the main screen's scale.

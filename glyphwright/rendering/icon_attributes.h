@@ -22,7 +22,7 @@ struct IconStroke {
   constexpr IconStroke(const UIColor& strokeColor, CGFloat strokeWidth)
       : color(strokeColor), width(strokeWidth) {}
 
-  UIColor color;
+  UIColor color;  ///< A clear one draws none.
   /// In points. 0 draws a line one pixel wide; negative or NaN draws none.
   CGFloat width;
 };

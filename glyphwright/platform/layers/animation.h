@@ -50,8 +50,8 @@ class CAAnimation : public CAMediaTiming {
 
   /// How much more a copy may hold.
   struct CopyAllowance {
-    int levels;
-    int animations;
+    int levels;      ///< Groups within groups.
+    int animations;  ///< In all.
   };
   /// The same object again, for `copy`; a subclass gives one of its own class.
   virtual std::shared_ptr<CAAnimation> copyWithin(CopyAllowance& allowance) const;

@@ -12,6 +12,7 @@ namespace {
 
 std::vector<UIColor> colors() {
   std::vector<UIColor> all;
+  all.reserve(std::size(kStops));
   for (const auto& [red, green, blue] : kStops) all.emplace_back(red, green, blue, 1);
   return all;
 }

@@ -58,8 +58,21 @@ class Writer {
     for (std::size_t c = 0; c < 4; ++c) channels_[c] = firstHalves(half(first, c), half(second, c));
   }
   /// The colours of premultiplied pixels.
-  Writer(std::uint32_t first, std::uint32_t second)
-      : Writer(solidColor(first), solidColor(second)) {}
+  Writer(std::uint32_t first, std::uint32_t second) {
+    using Ints = typename L::Ints;
+    const auto all = [](std::uint32_t pixel) {
+      return Ints::every(static_cast<std::int32_t>(pixel));
+    };
+    const Ints pixels = firstHalves(all(first), all(second));
+    const auto channel = [](Ints moved) {
+      const Ints levels = moved & Ints::every(0xFF);
+      return as<Shorts>(shiftLeft<5>(levels) | shiftLeft<21>(levels));
+    };
+    channels_[0] = channel(pixels);
+    channels_[1] = channel(shiftRight<8>(pixels));
+    channels_[2] = channel(shiftRight<16>(pixels));
+    channels_[3] = channel(shiftRight<24>(pixels));
+  }
   template <typename Rows>
   void paint(const Rows& rows, std::uint8_t* rgba, Shorts units) const {
     rows.write(rgba, pixels(units));

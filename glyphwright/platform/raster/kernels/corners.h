@@ -107,14 +107,19 @@ void sampleCurves(const Curve* curves, std::size_t count, const double* points,
 template <typename L>
 void placeEnds(const Segment* segments, std::size_t count, const double* points,
                const CurveFrame& frame, float* xs, std::int32_t* ys) {
+  // Of its own: stores of corners might change the caller's, as far as a compiler can tell.
+  const double left = frame.left;
+  const double top = frame.top;
+  const float width = frame.width;
+  const int height = frame.height;
   for (const Segment* segment = segments; segment < segments + count; ++segment) {
     const double* p = points + std::size_t{2} * segment->point;
-    const auto x = static_cast<float>(p[0] - frame.left);
+    const auto x = static_cast<float>(p[0] - left);
     const float atLeast = x > 0 ? x : 0;
-    const int units = static_cast<int>((p[1] - frame.top) * kUnitsPerPixel + 0.5);
+    const int units = static_cast<int>((p[1] - top) * kUnitsPerPixel + 0.5);
     const int below = units > 0 ? units : 0;
-    xs[segment->corner] = atLeast < frame.width ? atLeast : frame.width;
-    ys[segment->corner] = below < frame.height ? below : frame.height;
+    xs[segment->corner] = atLeast < width ? atLeast : width;
+    ys[segment->corner] = below < height ? below : height;
   }
 }
 

@@ -54,12 +54,16 @@ Place placeOf(const CGPoint* p, double t, CGPoint fallback) {
           hasLength(heading) ? unit(heading) : fallback};
 }
 
-/// Adds what lies between two places, and the second one.
+/// Adds what lies between two places, and the second one. Where it bends the other way, both may be
+/// heading alike, and the middle is not.
 void addBetween(const CGPoint* p, const Place& from, const Place& to, int depth, Way& way) {
   const CGPoint step = to.at - from.at;
-  if (depth < 4 || (depth < 18 && std::hypot(step.x, step.y) > 1e-5 &&
-                    std::abs(angleBetween(from.heading, to.heading)) > 0.06)) {
-    const Place middle = placeOf(p, (from.t + to.t) / 2, from.heading);
+  const Place middle = placeOf(p, (from.t + to.t) / 2, from.heading);
+  const auto turns = [&](const Place& place) {
+    return std::abs(angleBetween(place.heading, middle.heading)) > 0.012;
+  };
+  if (depth < 4 ||
+      (depth < 18 && std::hypot(step.x, step.y) > 1e-5 && (turns(from) || turns(to)))) {
     addBetween(p, from, middle, depth + 1, way);
     addBetween(p, middle, to, depth + 1, way);
   } else {

@@ -90,13 +90,14 @@ bool StrokePen::stepSide(OutlineSide& side, double sign, const Steps& steps, boo
   const PenPlace& from = steps.from;
   const Vector before = leftOf(from.direction) * sign;
   const Vector after = leftOf(to.direction) * sign;
-  // Chords lose area to the hollow: lift by the square of the turn a step.
   const Vector turned = after - before;
-  const double lifted = half_ * (1 + std::min(dot(turned, turned) / 12, 0.05));
-  const Vector start = from.at + before * half_;
-  const Vector end = to.at + after * (withEnd ? lifted : half_);
   // Only a cusp turns by so much.
   const bool isSudden = dot(before, after) < smoothCosine_;
+  // Chords lose area to the hollow: lift by the square of the turn a step. What turns on the spot
+  // gets an arc.
+  const double lift = withEnd && !isSudden ? std::min(dot(turned, turned) / 12, 0.05) : 0;
+  const Vector start = from.at + before * half_;
+  const Vector end = to.at + after * (half_ * (1 + lift));
   const double turning = cross(before, after);
   const bool isOuter = (turning >= 0) == (sign > 0);
   if (!isOuter && steps.hollow != Hollow::backwards &&

@@ -97,8 +97,16 @@ void joinSegments(const StrokeSegments& s, std::size_t count, const NodePen& pen
     const __m256 hasTip = either(
         runsOn, _mm256_cmp_ps(mul(add(one, cosine), every(pen.halfMiterSquare)), one, _CMP_GE_OQ));
     const __m256 noTip = notThis(hasTip, all);
-    const __m256 outerFirst = notThis(runsOn, either(noTip, inBent));
-    const __m256 outerLast = notThis(runsOn, either(noTip, onBent));
+    const auto strays = [&](__m256 fromX, __m256 fromY, __m256 toX, __m256 toY) {
+      const __m256 turned = sub(mul(fromX, toY), mul(fromY, toX));
+      return _mm256_cmp_ps(mul(notThis(sign, turned), wanted), every(pen.slack), _CMP_NLE_UQ);
+    };
+    const __m256 inStrays =
+        strays(_mm256_loadu_ps(s.startAlongX + i), _mm256_loadu_ps(s.startAlongY + i), inX, inY);
+    const __m256 onStrays = strays(onX, onY, _mm256_loadu_ps(s.endAlongX + i + 1),
+                                   _mm256_loadu_ps(s.endAlongY + i + 1));
+    const __m256 outerFirst = notThis(runsOn, either(noTip, either(inBent, inStrays)));
+    const __m256 outerLast = notThis(runsOn, either(noTip, either(onBent, onStrays)));
     const __m256 parted = notThis(crosses, all);
     const __m256 fromX = mul(inY, half), fromY = mul(_mm256_xor_ps(inX, sign), half);
     const __m256 toX = mul(onY, half), toY = mul(_mm256_xor_ps(onX, sign), half);

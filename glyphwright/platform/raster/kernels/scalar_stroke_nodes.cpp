@@ -28,7 +28,8 @@ int putCorners(const Corners& c, float* to) {
 // meet at v = h·(n0 + n1)/(1 + n0·n1) from the node: the tip of a miter on the outer side, and at
 // −v where the inner sides cross. Where the segments run on nearly straight, this is all there is
 // to both sides. A miter's tip lies on the sides of both neighbours, so that what leads to a
-// neighbour of one chord needs no corner of its own. Without a tip the outer side goes from side to
+// neighbour of one chord needs no corner of its own, unless the tip is so far away that the little
+// by which that turns would be seen. Without a tip the outer side goes from side to
 // side. The inner sides cross when neither neighbour is too short; if one is, they are led through
 // the node, which keeps every piece wound the same way.
 void joinSegments(const StrokeSegments& s, std::size_t count, const NodePen& pen, StrokeNode* out) {
@@ -48,8 +49,13 @@ void joinSegments(const StrokeSegments& s, std::size_t count, const NodePen& pen
     const bool crosses = cosine > NodePen::kLeastCosine &&
                          factor * std::fabs(sine) <= (reach > least ? reach : least);
     const bool hasTip = runsOn || (1.0F + cosine) * pen.halfMiterSquare >= 1.0F;
-    const bool outerFirst = !runsOn && (!hasTip || s.chords[i] != 1);
-    const bool outerLast = !runsOn && (!hasTip || s.chords[next] != 1);
+    const float alongSide = factor * std::fabs(sine);
+    const auto isStraight = [&](std::size_t k) {
+      const float turned = s.startAlongX[k] * s.endAlongY[k] - s.startAlongY[k] * s.endAlongX[k];
+      return s.chords[k] == 1 && std::fabs(turned) * alongSide <= pen.slack;
+    };
+    const bool outerFirst = !runsOn && (!hasTip || !isStraight(i));
+    const bool outerLast = !runsOn && (!hasTip || !isStraight(next));
     // To the left, in halves of the width.
     const float fromX = inY * pen.half;
     const float fromY = -inX * pen.half;

@@ -82,6 +82,10 @@ class ContourWriter {
   void mapToDevice();
   void handOn();
   void handOnWithin();
+  // Between any two steps of a contour.
+  void makeRoom() {
+    if (out_.isFull()) handOnWithin();
+  }
 
   // Where both sides of a contour begin, or begin again; straight ends may lead across.
   void begin(bool hasStart) { part_ = {out_.left.count, 0, out_.right.count, 0, hasStart, false}; }
@@ -153,7 +157,7 @@ void ContourWriter::handOn() {
 void ContourWriter::handOnWithin() {
   OutlineSide& left = out_.left;
   OutlineSide& right = out_.right;
-  if (!out_.isFull() || left.count == part_.leftBegin || right.count == part_.rightBegin) return;
+  if (left.count == part_.leftBegin || right.count == part_.rightBegin) return;
   const auto copy = [](const OutlineSide& side, std::size_t i, float* to) {
     to[0] = side.x[i];
     to[1] = side.y[i];
@@ -308,7 +312,7 @@ void ContourWriter::putSegments(SegmentRange range, bool withNodes) {
   const std::size_t end = range.end;
   const std::size_t after = range.after;
   while (range.first < end) {
-    handOnWithin();
+    makeRoom();
     left.makeRoom(room_);
     right.makeRoom(room_);
     SideEnds sides{left.endX(), left.endY(), right.endX(), right.endY()};
@@ -337,7 +341,7 @@ void ContourWriter::putBent(std::size_t i, const SegmentRange& range) {
   StrokePen::Steps steps{places.front().place, hollow};
   for (std::size_t k = 1; k < places.size(); ++k) {
     pen_.step(steps, places[k].place, k + 1 < places.size());
-    handOnWithin();
+    makeRoom();
   }
 }
 

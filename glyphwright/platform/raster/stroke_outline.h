@@ -128,8 +128,7 @@ struct StrokeOutline {
   std::size_t mostSegments = 256;
   std::size_t mostCorners = std::size_t{1} << 16;
   bool isFull() const {
-    return left.count > mostCorners || right.count > mostCorners ||
-           contours.size() > mostCorners / 8;
+    return std::max(left.count, right.count) > mostCorners || contours.size() > mostCorners / 8;
   }
 };
 

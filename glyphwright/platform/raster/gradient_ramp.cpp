@@ -47,7 +47,7 @@ GradientRamp::GradientRamp(const CGGradient& gradient, CGGradientDrawingOptions 
     stretch.from = stretch.origin = from;
     stretch.until = until;
     stretch.perUnit = perUnit;
-    stretch.steps.colors = colors;
+    stretch.colors = colors;
   };
   const CGColor& first = stops.front().color;
   const CGColor& last = stops.back().color;
@@ -77,15 +77,20 @@ GradientRamp::GradientRamp(const CGGradient& gradient, CGGradientDrawingOptions 
 void GradientRamp::setStep(double step) {
   step_ = step;
   perStep_ = 1 / step;
-  for (Stretch& stretch : stretches_) stretch.isPrepared = false;
+  preparedOf_[0] = preparedOf_[1] = stretches_.size();
 }
 
-void GradientRamp::prepare(Stretch& stretch) const {
+const ColorSteps& GradientRamp::stepsOf(std::size_t index) {
+  ColorSteps& steps = prepared_[index % 2];
+  if (preparedOf_[index % 2] == index) return steps;
+  preparedOf_[index % 2] = index;
+  const Stretch& stretch = stretches_[index];
   // Of a way that is shorter than a step no two pixels in a row are read.
   const double part = stretch.perUnit > 0 ? step_ * stretch.perUnit : 0;
-  stretch.steps.step = part >= -1 && part <= 1 ? part : 0;
-  kernels_.prepareSteps(stretch.steps);
-  stretch.isPrepared = true;
+  steps.colors = stretch.colors;
+  steps.step = part >= -1 && part <= 1 ? part : 0;
+  kernels_.prepareSteps(steps);
+  return steps;
 }
 
 void GradientRamp::read(double origin, int index, std::size_t count, std::uint8_t* rgba) {
@@ -97,8 +102,7 @@ void GradientRamp::read(double origin, int index, std::size_t count, std::uint8_
     const double place = placeAt(i);
     current = stretchAt(place, current);
     if (i == 0) first_ = current;
-    Stretch& stretch = stretches_[current];
-    if (!stretch.isPrepared) prepare(stretch);
+    const Stretch& stretch = stretches_[current];
     // Places rise or fall until the stretch's end. A pixel just there may be taken for either side.
     const double edge = step_ > 0 ? stretch.until : stretch.from;
     const double steps = (edge - place) * perStep_;
@@ -107,7 +111,7 @@ void GradientRamp::read(double origin, int index, std::size_t count, std::uint8_
       const auto whole = static_cast<std::size_t>(steps > 0 ? steps : 0);
       end = i + whole + (whole == 0 || step_ < 0 || static_cast<double>(whole) < steps ? 1 : 0);
     }
-    kernels_.mixAlong(stretch.steps, stretch.perUnit > 0 ? stretch.partAt(place) : 0, end - i,
+    kernels_.mixAlong(stepsOf(current), stretch.perUnit > 0 ? stretch.partAt(place) : 0, end - i,
                       rgba + i * 4);
     i = end;
   }
@@ -124,7 +128,7 @@ void GradientRamp::readEach(const double (&places)[kAtOnce], std::size_t count,
       parts[end - i] = stretch.perUnit > 0 ? stretch.partAt(places[end]) : 0;
       ++end;
     } while (end < count && stretch.holds(places[end]));
-    kernels_.mixParts(stretch.steps.colors, parts, end - i, rgba + i * 4);
+    kernels_.mixParts(stretch.colors, parts, end - i, rgba + i * 4);
     i = end;
   }
 }

@@ -34,13 +34,12 @@ class GradientRamp {
     double until;  // where the next one begins
     double origin;
     double perUnit;
-    bool isPrepared;  // for the step
-    ColorSteps steps;
+    ColorStretch colors;
 
     bool holds(double place) const { return place >= from && place < until; }
     double partAt(double place) const { return (place - origin) * perUnit; }
   };
-  void prepare(Stretch& stretch) const;
+  const ColorSteps& stepsOf(std::size_t stretch);
   // The stretch of a place, looked for from one on. No number lies before all.
   std::size_t stretchAt(double place, std::size_t from) const {
     while (from > 0 && !(place >= stretches_[from].from)) --from;
@@ -50,6 +49,9 @@ class GradientRamp {
 
   std::vector<Stretch> stretches_;
   const Kernels& kernels_;
+  // Steps along two stretches: those that a row leads through by turns are mostly neighbours.
+  ColorSteps prepared_[2];
+  std::size_t preparedOf_[2] = {};
   double step_ = 0;
   double perStep_ = 0;
   // Where the last row began, near to where the next one will.

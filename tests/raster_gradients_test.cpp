@@ -9,7 +9,7 @@
 
 #include <glyphwright/bezier_path.h>
 #include <glyphwright/platform/context_stack.h>
-#include <glyphwright/platform/graphics_context.h>
+#include <glyphwright/platform/contexts/graphics_context.h>
 #include <glyphwright/platform/image.h>
 #include <glyphwright/platform/layers/gradient_layer.h>
 
@@ -229,8 +229,9 @@ TEST(RasterGradients, FillingIsClippingAndDrawing) {
                          box.origin.y + end.y * box.size.height / 32};
         constexpr auto kOptions = CGGradientDrawingOptions::drawsBeforeAndAfter;
         if (inOneStep) {
-          contexts::fillWithLinearGradient(*context, heart, CGAffineTransformIdentity, true,
-                                           gradient, box.origin, to, kOptions);
+          context->fillWithLinearGradient(heart, CGAffineTransformIdentity,
+                                          raster::FillRule::evenOdd, gradient, box.origin, to,
+                                          kOptions);
         } else {
           CGContextClipToPath(context, heart, true);
           CGContextDrawLinearGradient(context, gradient, box.origin, to, kOptions);

@@ -227,7 +227,7 @@ TEST(RasterImages, AreCopiedEnlargedShrunkAndTurned) {
 }
 
 TEST(RasterStack, TheLastEntryToCloseGivesMemoryBack) {
-  const auto kept = [] { return raster::threadScratch().casterMask.capacity() * 2; };
+  const auto kept = [] { return raster::threadScratch().keptBytes(); };
   UIGraphicsBeginImageContext({1800, 1800});
   const CGContextRef context = UIGraphicsGetCurrentContext();
   CGContextSetShadowWithColor(context, {2, 2}, 4, UIColor(0, 0, 0, 1));

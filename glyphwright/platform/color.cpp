@@ -2,8 +2,6 @@
 
 #include <cmath>
 
-#include <glyphwright/platform/context.h>
-
 namespace glyphwright {
 
 bool UIColor::getRed(CGFloat* red, CGFloat* green, CGFloat* blue, CGFloat* alpha) const {
@@ -13,19 +11,6 @@ bool UIColor::getRed(CGFloat* red, CGFloat* green, CGFloat* blue, CGFloat* alpha
   if (blue) *blue = blue_;
   if (alpha) *alpha = alpha_;
   return true;
-}
-
-void UIColor::set() const {
-  setFill();
-  setStroke();
-}
-
-void UIColor::setFill() const {
-  CGContextSetFillColor(UIGraphicsGetCurrentContext(), *this);
-}
-
-void UIColor::setStroke() const {
-  CGContextSetStrokeColor(UIGraphicsGetCurrentContext(), *this);
 }
 
 }  // namespace glyphwright

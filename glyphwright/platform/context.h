@@ -14,7 +14,7 @@
 namespace glyphwright {
 
 /// What is behind a context; only pointers to it are handed out.
-struct CGContext;
+class CGContext;
 /// A context as functions take it; null draws nothing.
 using CGContextRef = CGContext*;
 

@@ -61,10 +61,11 @@ CGContext makeContext(CGSize size, bool opaque, CGFloat scale, const PixelBuffer
 UIImage snapshot(CGContext& context) {
   if (!context.isDrawable()) {
     const auto side = [](CGFloat v) { return v > 0 ? v : 0; };
-    return UIImage(CGImage(), context.scale, {side(context.size.width), side(context.size.height)});
+    return UIImage(CGImage(), context.scale(),
+                   {side(context.size().width), side(context.size().height)});
   }
-  return UIImage(contexts::ImageMemory::drawn(context.bounds, context.baseCanvas().share()),
-                 context.scale, context.size);
+  return UIImage(contexts::ImageMemory::drawn(context.bounds(), context.bitmap().share()),
+                 context.scale(), context.size());
 }
 
 }  // namespace
@@ -150,10 +151,10 @@ UIImage Scope::image() {
 }
 
 void Scope::finish(const PixelBuffer& into) {
-  raster::Canvas& canvas = context_.baseCanvas();
+  raster::Canvas& canvas = context_.bitmap();
   canvas.materialize();
   if (into.format == PixelFormat::premultipliedRGBA) return;
-  for (int y = context_.bounds.y0; y < context_.bounds.y1; ++y) {
+  for (int y = context_.bounds().y0; y < context_.bounds().y1; ++y) {
     convertPixels(canvas.rowAt(y), canvas.rowAt(y), into.width, into.format);
   }
 }

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include <glyphwright/platform/graphics_context.h>
+#include <glyphwright/platform/contexts/graphics_context.h>
 
 namespace glyphwright::contexts {
 

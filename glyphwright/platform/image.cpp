@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include <glyphwright/platform/context.h>
-
 namespace glyphwright {
 
 CGImage::CGImage(std::size_t pixelWidth, std::size_t pixelHeight,
@@ -30,18 +28,6 @@ std::vector<std::uint8_t> CGImage::pixels(PixelFormat format) const {
   std::vector<std::uint8_t> copy(rgba().size());
   copyPixels({copy.data(), width_, height_, 0, format});
   return copy;
-}
-
-void UIImage::drawAtPoint(CGPoint point) const {
-  drawInRect({point, size_});
-}
-
-void UIImage::drawInRect(const CGRect& rect, CGBlendMode blendMode, CGFloat alpha) const {
-  switch (blendMode) {
-    case CGBlendMode::normal:
-      CGContextDrawImage(UIGraphicsGetCurrentContext(), rect, *this, alpha);
-      break;
-  }
 }
 
 }  // namespace glyphwright

@@ -16,7 +16,7 @@
 namespace glyphwright {
 
 class NSShadow;
-struct CGContext;
+class CGContext;
 namespace VantelKit {
 struct Border;
 }

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include <glyphwright/platform/math.h>
-#include <glyphwright/platform/raster/kernels.h>
+#include <glyphwright/platform/points.h>
 
 namespace glyphwright {
 namespace {
@@ -232,11 +232,8 @@ void CGPath::addPath(const CGPath& other) {
 
 void CGPath::applyTransform(const CGAffineTransform& transform) {
   if (isEmpty()) return;
-  const CGFloat matrix[] = {transform.a, transform.b,  transform.c,
-                            transform.d, transform.tx, transform.ty};
   const std::span<const CGPoint> from = points();
-  CGPoint* to = points_.renew(from.size()).data();
-  raster::kernels().mapPoints(&from.front().x, from.size(), matrix, &to->x);
+  mapPoints(from, transform, points_.renew(from.size()).data());
   current_ = CGPointApplyAffineTransform(current_, transform);
   subpathStart_ = CGPointApplyAffineTransform(subpathStart_, transform);
   box_.reset();
@@ -290,12 +287,11 @@ CGRect CGPath::boundingBox() const {
   if (box_) return *box_;
   const std::span<const PathVerb> verbs = this->verbs();
   const std::span<const CGPoint> points = this->points();
-  const raster::Kernels& kernels = raster::kernels();
-  raster::PointBox box = kernels.boxPoints(nullptr, 0);
+  PointBox box = boxPoints({});
   bool any = false;
   const auto add = [&](std::size_t from, std::size_t end) {
     if (from == end) return;
-    const raster::PointBox part = kernels.boxPoints(&points[from].x, end - from);
+    const PointBox part = boxPoints(points.subspan(from, end - from));
     box = {std::min(box.minX, part.minX), std::min(box.minY, part.minY),
            std::max(box.maxX, part.maxX), std::max(box.maxY, part.maxY), false};
     any = true;

@@ -7,8 +7,8 @@
 
 #include <glyphwright/platform/context.h>
 #include <glyphwright/platform/context_stack.h>
+#include <glyphwright/platform/contexts/graphics_context.h>
 #include <glyphwright/platform/gradient.h>
-#include <glyphwright/platform/graphics_context.h>
 #include <glyphwright/platform/screen.h>
 #include <glyphwright/rendering/fitting.h>
 #include <glyphwright/rendering/shadows.h>
@@ -73,9 +73,9 @@ void fillWithGradient(CGContextRef context, const UIBezierPath& path, const CGAf
     return CGPoint{inset / 2 + unit.x * (paint.size.width - inset),
                    inset / 2 + unit.y * (paint.size.height - inset)};
   };
-  contexts::fillWithLinearGradient(*context, path.cgPath(), fit, true, *gradient,
-                                   inBox(paint.gradient->start), inBox(paint.gradient->end),
-                                   CGGradientDrawingOptions::drawsBeforeStartLocation);
+  context->fillWithLinearGradient(path.cgPath(), fit, raster::FillRule::evenOdd, *gradient,
+                                  inBox(paint.gradient->start), inBox(paint.gradient->end),
+                                  CGGradientDrawingOptions::drawsBeforeStartLocation);
 }
 
 void fillShape(CGContextRef context, const UIBezierPath& path, const CGAffineTransform& fit,
@@ -83,10 +83,7 @@ void fillShape(CGContextRef context, const UIBezierPath& path, const CGAffineTra
   if (paint.gradient) return fillWithGradient(context, path, fit, paint);
   if (paint.fill) CGContextSetFillColor(context, *paint.fill);
   // A flat fill takes nothing but points from user space.
-  const CGAffineTransform ctm = context->state.ctm;
-  CGContextConcatCTM(context, fit);
-  CGContextFillPath(context, path.cgPath(), true);
-  context->state.ctm = ctm;
+  context->withTransform(fit, [&] { context->fill(path.cgPath(), raster::FillRule::evenOdd); });
 }
 
 StrokeStyle outlineStyle(const UIBezierPath& path, const IconPaint& paint) {
@@ -102,7 +99,7 @@ void fillAndOutlineShape(CGContextRef context, const UIBezierPath& path,
                          const CGAffineTransform& fit, const IconPaint& paint) {
   if (paint.fill) CGContextSetFillColor(context, *paint.fill);
   if (paint.strokeColor) CGContextSetStrokeColor(context, *paint.strokeColor);
-  contexts::fillAndStroke(*context, path.cgPath(), fit, true, outlineStyle(path, paint));
+  context->fillAndStroke(path.cgPath(), fit, raster::FillRule::evenOdd, outlineStyle(path, paint));
 }
 
 // Fill, inset shadow, outline, and the drop shadow that they cast together. `fit` places a path
@@ -196,7 +193,7 @@ void paintWithBorder(CGContextRef context, const UIBezierPath& path, Placement p
   IconPaint inner = paint;
   inner.border = {};
   inner.size = {paint.size.width - 2 * width, paint.size.height - 2 * width};
-  contexts::Scope scope(inner.size, isOpaque(inner.background), context->scale, true);
+  contexts::Scope scope(inner.size, isOpaque(inner.background), context->scale(), true);
   if (scope.isDrawable()) paintPlain(scope.context(), path, placement, inner);
   const UIImage image = imageOf(scope, inner);
   CGContextDrawImage(context, within, image);

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include <glyphwright/platform/context_stack.h>
-#include <glyphwright/platform/graphics_context.h>
+#include <glyphwright/platform/contexts/graphics_context.h>
 #include <glyphwright/platform/screen.h>
 
 namespace glyphwright {
@@ -18,39 +18,22 @@ CGFloat nudged(CGFloat offset) {
 
 // What casts an inset shadow is the area around the path. It stands wholly to the left of the path,
 // outside the clip, and its shadow is sent back by the same distance: only the shadow shows.
-struct Surroundings {
-  CGRect rect;
-  CGFloat aside;
-  CGSize offset;  // of the shadow, from there
+contexts::InsetShadow insetShadow(const CGRect& bounds, const NSShadow& shadow) {
+  const CGSize wanted = shadow.shadowOffset();
+  const CGFloat blur = shadow.shadowBlurRadius();
+  CGRect around = CGRectInset(bounds, -blur, -blur);
+  around = CGRectOffset(around, -wanted.width, -wanted.height);
+  around = CGRectInset(CGRectUnion(around, bounds), -1, -1);
+  const CGFloat aside = std::round(around.size.width);
+  return {around,
+          aside,
+          {nudged(wanted.width + aside), nudged(wanted.height)},
+          blur,
+          *shadow.shadowColor()};
+}
 
-  Surroundings(const CGRect& bounds, const NSShadow& shadow) {
-    const CGSize wanted = shadow.shadowOffset();
-    const CGFloat blur = shadow.shadowBlurRadius();
-    rect = CGRectInset(bounds, -blur, -blur);
-    rect = CGRectOffset(rect, -wanted.width, -wanted.height);
-    rect = CGRectInset(CGRectUnion(rect, bounds), -1, -1);
-    aside = std::round(rect.size.width);
-    offset = {nudged(wanted.width + aside), nudged(wanted.height)};
-  }
-};
-
-// Where the surroundings would move by whole pixels, they can cast their shadow from where they
-// are.
-std::optional<contexts::InsetShadow> castInPlace(const CGContext& context, const UIBezierPath& path,
-                                                 const Surroundings& surroundings,
-                                                 const NSShadow& shadow) {
-  const CGAffineTransform& ctm = context.state.ctm;
-  const CGFloat scale = context.scale;
-  const bool isPlain = ctm.b == 0 && ctm.c == 0 && ctm.a == scale && ctm.d == scale;
-  if (!isPlain || scale < 1 || scale != std::floor(scale) || !context.isDrawable() ||
-      !(surroundings.aside * scale < kMaxPixelSide)) {
-    return std::nullopt;
-  }
-  std::optional<ShadowState> state =
-      context.shadowState(surroundings.offset, shadow.shadowBlurRadius(), *shadow.shadowColor());
-  if (!state) return std::nullopt;
-  state->dx -= static_cast<int>(surroundings.aside * scale);
-  return contexts::InsetShadow{*state, surroundings.rect, path.usesEvenOddFillRule()};
+raster::FillRule ruleOf(const UIBezierPath& path) {
+  return path.usesEvenOddFillRule() ? raster::FillRule::evenOdd : raster::FillRule::nonZero;
 }
 
 bool showsInset(CGContextRef context, const UIBezierPath& path, const NSShadow& shadow) {
@@ -66,32 +49,15 @@ bool castsShadow(CGSize offset, CGFloat blur, const std::optional<UIColor>& colo
 
 void drawInsetShadow(CGContextRef context, const UIBezierPath& path, const NSShadow& shadow) {
   if (!showsInset(context, path, shadow)) return;
-  const Surroundings surroundings(path.bounds(), shadow);
-  const auto inset = castInPlace(*context, path, surroundings, shadow);
-  if (inset && contexts::castInsetShadow(*context, path.cgPath(), *inset)) return;
-  CGPath around;
-  around.reserve(path.cgPath().verbs().size() + 5, path.cgPath().points().size() + 4);
-  around.addRect(surroundings.rect);
-  around.addPath(path.cgPath());
-  around.applyTransform(CGAffineTransformMakeTranslation(-surroundings.aside, 0));
-
-  CGContextSaveGState(context);
-  CGContextSetShadowWithColor(context, surroundings.offset, shadow.shadowBlurRadius(),
-                              shadow.shadowColor());
-  CGContextClipToPath(context, path.cgPath(), path.usesEvenOddFillRule());
-  CGContextSetFillColor(context, UIColor::grayColor());
-  CGContextFillPath(context, around, true);
-  CGContextRestoreGState(context);
+  context->castInset(path.cgPath(), ruleOf(path), insetShadow(path.bounds(), shadow));
 }
 
 void fillWithInsetShadow(CGContextRef context, const UIBezierPath& path, const NSShadow& shadow) {
-  if (showsInset(context, path, shadow)) {
-    const Surroundings surroundings(path.bounds(), shadow);
-    const auto inset = castInPlace(*context, path, surroundings, shadow);
-    if (inset && contexts::fillWithInsetShadow(*context, path.cgPath(), *inset)) return;
+  if (!showsInset(context, path, shadow)) {
+    CGContextFillPath(context, path.cgPath(), true);
+    return;
   }
-  CGContextFillPath(context, path.cgPath(), true);
-  drawInsetShadow(context, path, shadow);
+  context->fillWithInset(path.cgPath(), ruleOf(path), insetShadow(path.bounds(), shadow));
 }
 
 UIImage redrawWithShadow(const UIImage& image, CGSize offset, CGFloat blur,

@@ -1,6 +1,9 @@
 // The documents speak of what is there.
 
 #include <filesystem>
+#include <set>
+#include <sstream>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -42,6 +45,23 @@ TEST(Documents, TheCookbooksProgramsAreThoseThatAreBuilt) {
   EXPECT_EQ(shown.size(), 12U);
   // None is left out but what the others share.
   EXPECT_EQ(shown.size() + 1, filesBelow("examples/cookbook").size());
+}
+
+// The way of a drawing is told file by file.
+TEST(Documents, TheFlowShowsTheFilesThatThereAre) {
+  std::istringstream lines(firstBlock(readText("docs/architecture.md"), "flow"));
+  std::set<std::string> shown;
+  for (std::string word; lines >> word;) {
+    if (word.starts_with("contexts/") || word.starts_with("drawing/")) shown.insert(word);
+  }
+  std::set<std::string> there;
+  const std::string platform = "glyphwright/platform/";
+  for (const std::string folder : {"contexts", "drawing"}) {
+    for (const std::string& file : filesBelow(platform + folder, {".h", ".cpp"})) {
+      there.insert(file.substr(platform.size(), file.rfind('.') - platform.size()));
+    }
+  }
+  EXPECT_EQ(shown, there);
 }
 
 TEST(Documents, EveryLinkLeadsToAFile) {

@@ -46,6 +46,25 @@ std::string_view roomOf(std::string_view file) {
   return rest.substr(0, rest.find('/'));
 }
 
+// The platform's floors, from the ground up. What contexts are built of has folders of its own;
+// their face, and what only works through a context, stands beside the ground floor's files.
+constexpr std::string_view kFloors[] = {"base", "raster", "drawing", "contexts", "layers"};
+
+std::size_t floorOf(std::string_view file) {
+  std::string_view rest = file.substr(std::string_view("glyphwright/platform/").size());
+  const std::size_t slash = rest.find('/');
+  if (slash != std::string_view::npos) {
+    const auto* const floor =
+        std::find(std::begin(kFloors), std::end(kFloors), rest.substr(0, slash));
+    return static_cast<std::size_t>(floor - kFloors);
+  }
+  constexpr std::string_view kContexts[] = {"context.", "context_stack.", "image_renderer.",
+                                            "current_context.", "vantel_kit."};
+  const bool isContext = std::any_of(std::begin(kContexts), std::end(kContexts),
+                                     [&](std::string_view name) { return rest.starts_with(name); });
+  return isContext ? 3 : 0;
+}
+
 bool isStandardHeader(std::string_view target) {
   // The interface for C is written in C.
   return target == "stddef.h" || target == "stdint.h" ||
@@ -53,9 +72,10 @@ bool isStandardHeader(std::string_view target) {
 }
 
 // A processor's own words, which stand where the loops' words are made from them and, as long as
-// the loops of strokes are written twice, in those.
+// the loops of strokes are written twice, in those; the loops over points stand below the raster.
 bool isIntrinsic(const Include& include) {
-  return (include.file.starts_with("glyphwright/platform/raster/lanes/") ||
+  return (include.file == "glyphwright/platform/points.cpp" ||
+          include.file.starts_with("glyphwright/platform/raster/lanes/") ||
           include.file.starts_with("glyphwright/platform/raster/kernels/avx2_")) &&
          (include.target == "immintrin.h" || include.target == "arm_neon.h" ||
           include.target == "smmintrin.h" || include.target == "wasm_simd128.h");
@@ -72,7 +92,10 @@ std::string libraryFault(const Include& include) {
   }
   const std::string_view from = roomOf(include.file);
   const std::string_view to = roomOf(include.target);
-  if (from == to) return {};
+  if (from == to) {
+    const bool risesUp = from == "platform" && floorOf(include.file) < floorOf(include.target);
+    return risesUp ? fault(include, "the platform's floors rest on those below") : std::string();
+  }
   // The list of icon names declares the face's static methods.
   if (from == "face" && include.target == "glyphwright/paths/icon_names.inc") return {};
   if (include.target == "glyphwright/version.h") return {};

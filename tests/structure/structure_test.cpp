@@ -41,6 +41,9 @@ TEST(Structure, TheChecksSeeFaults) {
   EXPECT_TRUE(faulty("glyphwright/platform/raster/kernels/k.h", "immintrin.h"));
   EXPECT_FALSE(faulty("glyphwright/platform/raster/lanes/l.h", "immintrin.h"));
   EXPECT_TRUE(faulty("glyphwright/attic/p.cpp", "glyphwright/platform/path.h"));
+  EXPECT_TRUE(faulty("glyphwright/platform/path.cpp", "glyphwright/platform/raster/edges.h"));
+  EXPECT_TRUE(faulty("glyphwright/platform/drawing/d.h", "glyphwright/platform/context.h"));
+  EXPECT_FALSE(faulty("glyphwright/platform/layers/l.h", "glyphwright/platform/context.h"));
   EXPECT_TRUE(faulty("tools/t.cpp", "glyphwright/platform/raster/edges.h"));
   EXPECT_FALSE(faulty("glyphwright/bezier_path.h", "glyphwright/paths/icon_names.inc"));
   EXPECT_FALSE(faulty("glyphwright/presets/p.cpp", "glyphwright/rendering/attributes.h"));

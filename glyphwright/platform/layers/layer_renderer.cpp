@@ -151,15 +151,12 @@ void LayerRenderer::render(const CALayer& layer, CGFloat alpha) {
 void LayerRenderer::renderInSuperlayer(const CALayer& layer, CGFloat alpha) {
   const CGAffineTransform placement = placementOf(layer);
   if (placement == CGAffineTransformIdentity) return render(layer, alpha);
-  const CGAffineTransform before = context_.state.ctm;
-  CGContextConcatCTM(&context_, placement);
-  render(layer, alpha);
-  context_.state.ctm = before;
+  context_.withTransform(placement, [&] { render(layer, alpha); });
 }
 
 void LayerRenderer::beginGroup(CGFloat alpha) {
   CGContextSaveGState(&context_);
-  CGContextSetAlpha(&context_, context_.state.alpha * alpha);
+  CGContextSetAlpha(&context_, context_.alpha() * alpha);
   context_.beginGroup();
 }
 
@@ -176,21 +173,18 @@ void LayerRenderer::renderGroup(const Content& content) {
   endGroup();
 }
 
-void LayerRenderer::clipToBounds(const CALayer& layer) {
+bool LayerRenderer::clipToBounds(const CALayer& layer) {
   if (layer.model_.cornerRadius > 0) {
-    CGContextClipToPath(&context_, layer.boundsPath(), false);
-  } else {
-    CGContextClipToRect(&context_, layer.model_.bounds);
+    return context_.clipTo(layer.boundsPath(), raster::FillRule::nonZero);
   }
+  return context_.clipTo(layer.model_.bounds);
 }
 
 void LayerRenderer::renderContent(const Content& content) {
   const CALayer& layer = content.layer;
   if (!layer.model_.masksToBounds || content.insideBounds) return renderParts(content, false);
-  const auto clipBefore = context_.state.clip.node;
   CGContextSaveGState(&context_);
-  clipToBounds(layer);
-  const bool cutsThroughPixels = context_.state.clip.node != clipBefore;
+  const bool cutsThroughPixels = clipToBounds(layer);
   if (cutsThroughPixels && !content.isOneOperation()) {
     // Several operations through one clip would show each other at its edges.
     Content opaque = content;

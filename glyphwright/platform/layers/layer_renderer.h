@@ -1,6 +1,6 @@
 #pragma once
 
-#include <glyphwright/platform/graphics_context.h>
+#include <glyphwright/platform/contexts/graphics_context.h>
 #include <glyphwright/platform/layers/layer.h>
 
 namespace glyphwright {
@@ -44,7 +44,8 @@ class LayerRenderer {
   void renderContent(const Content& content);
   void renderParts(const Content& content, bool isCut);
   void renderSublayers(const Content& content);
-  void clipToBounds(const CALayer& layer);
+  /// Tells whether what is left may be cut through pixels there.
+  bool clipToBounds(const CALayer& layer);
 
   void renderMasked(const Content& content);
   /// The path that clips as the mask does, in the masked layer's coordinates, when one does.

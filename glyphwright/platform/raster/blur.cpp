@@ -55,17 +55,17 @@ std::uint16_t filteredEvenly(std::uint16_t value, const std::vector<std::int16_t
 // wait for: so each step does its rows first.
 class RowFilter {
  public:
-  /// Results for the rows and columns of `area`. There is one such filter at a time: it works in
-  /// the scratch.
+  /// Results for the rows and columns of `area`.
   RowFilter(const Mask& mask, std::uint16_t around, double sigma, double support,
             const PixelRect& area, Scratch& scratch)
       : area_(area),
         filtered_(around == 0 ? mask.bounds : area),
+        memory_(scratch.lease<FilterMemory>()),
         kernels_(*scratch.kernels),
         width_(static_cast<std::size_t>(mask.bounds.width())),
         maskCount_(wholeBlocks(mask.bounds.width())),
         outCount_(wholeBlocks(area.width())) {
-    const std::vector<std::int16_t>& taps = gaussianTaps(sigma, support, scratch.taps);
+    const std::vector<std::int16_t>& taps = gaussianTaps(sigma, support, memory_->taps);
     taps_ = taps.data();
     reach_ = taps.size() - 1;
     const auto reach = static_cast<int>(reach_);
@@ -76,16 +76,16 @@ class RowFilter {
     aside_ = filteredEvenly(around, taps);
     const std::size_t across = kRows * stride_;
     const std::size_t size = across + kRows * outCount_ + maskCount_;
-    if (scratch.filterRows.size() < size) scratch.filterRows.resize(size);
-    std::uint16_t* memory = scratch.filterRows.data();
+    if (memory_->rows.size() < size) memory_->rows.resize(size);
+    std::uint16_t* memory = memory_->rows.data();
     std::fill_n(memory, across, aside_);
     along_ = memory + distance(area.x0 - reach);
     down_ = memory + distance(mask.bounds.x0);
     out_ = memory + across;
     std::uint16_t* beyond = out_ + kRows * outCount_;
     std::fill_n(beyond, maskCount_, around);
-    placeSources(mask, beyond, scratch.filterSources);
-    sources_ = scratch.filterSources.data() + reach_;
+    placeSources(mask, beyond, memory_->sources);
+    sources_ = memory_->sources.data() + reach_;
   }
 
   /// Gives `take(rows)` every row of the area, top to bottom.
@@ -138,6 +138,7 @@ class RowFilter {
 
   PixelRect area_;
   PixelRect filtered_;  // rows outside of it take no values from their own place
+  Lease<FilterMemory> memory_;
   const Kernels& kernels_;
   std::size_t reach_;
   std::size_t width_;

@@ -127,7 +127,7 @@ void Canvas::multiplyByAlpha(const Canvas& mask) {
       std::memset(rgba, 0, rowBytes_);
       continue;
     }
-    std::memset(rgba, 0, before);
+    if (before > 0) std::memset(rgba, 0, before);
     const std::uint8_t* from =
         mask.rowAt(y) + static_cast<std::size_t>(shared.x0 - mask.bounds_.x0) * 4;
     for (std::size_t i = before; i < after; i += 4) {
@@ -136,7 +136,7 @@ void Canvas::multiplyByAlpha(const Canvas& mask) {
         rgba[c] = static_cast<std::uint8_t>((rgba[c] * alpha + 127) / 255);
       }
     }
-    std::memset(rgba + after, 0, rowBytes_ - after);
+    if (after < rowBytes_) std::memset(rgba + after, 0, rowBytes_ - after);
   }
 }
 
@@ -163,23 +163,24 @@ std::shared_ptr<const std::uint8_t[]> Canvas::share() {
 }
 
 Canvas::Painter::Painter(Canvas& canvas, const PixelRect& region, const Paint& paint,
-                         const Mask* clip, Scratch& scratch)
+                         const Mask* clip, Scratch& scratch, For what)
     : canvas_(canvas),
       region_(region),
       paint_(paint),
       clip_(clip),
-      scratch_(scratch),
+      memory_(scratch.lease<PainterMemory>(what)),
+      kernels_(*scratch.kernels),
       rows_(paint.source == nullptr ? PixelSource::Rows::vary : paint.source->rows()) {
   if (canvas.shared_) canvas.detach();
   const auto width = static_cast<std::size_t>(region.width());
-  if (scratch.clippedCoverage.size() < width) scratch.clippedCoverage.resize(width);
+  if (memory_->coverage.size() < width) memory_->coverage.resize(width);
   if (paint.source != nullptr) {
     // Two rows as the loops want them, and a stretch that they may read beyond.
     const std::size_t second = canvas.isTight() ? canvas.rowBytes_ : 0;
     const std::size_t bytes = second + width * 4 + kBlock * 4;
-    if (scratch.sourceRow.size() < bytes) scratch.sourceRow.resize(bytes);
+    if (memory_->source.size() < bytes) memory_->source.resize(bytes);
     if (rows_ == PixelSource::Rows::same) {
-      std::uint8_t* row = scratch.sourceRow.data();
+      std::uint8_t* row = memory_->source.data();
       paint.source->pixels(region.x0, region.y0, width, row);
       if (second != 0) std::memcpy(row + second, row, width * 4);
     }
@@ -224,10 +225,10 @@ bool Canvas::Painter::cells(int y, const CellRows& rows) {
   if (laysGround_) layGround(y, static_cast<int>(rows.rows));
   std::uint8_t* rgba = line + static_cast<std::size_t>(region_.x0 - canvas_.bounds_.x0) * 4;
   if (byRow) {
-    scratch_.rowColors.resize(rows.rows);
-    paint_.source->rowColors(y, scratch_.rowColors);
+    memory_->rowColors.resize(rows.rows);
+    paint_.source->rowColors(y, memory_->rowColors);
   }
-  const std::uint32_t* rowColors = byRow ? scratch_.rowColors.data() : nullptr;
+  const std::uint32_t* rowColors = byRow ? memory_->rowColors.data() : nullptr;
   if (canvas_.isTight()) {
     paintCells(rgba, y, rows, rowColors);
     return true;
@@ -247,17 +248,16 @@ bool Canvas::Painter::cells(int y, const CellRows& rows) {
 // With a colour a row where there are any.
 void Canvas::Painter::paintCells(std::uint8_t* rgba, int y, const CellRows& rows,
                                  const std::uint32_t* rowColors) {
-  const Kernels& kernels = *scratch_.kernels;
   if (rowColors != nullptr) {
-    const auto paint = writes_ ? kernels.writeCellsByRow : kernels.blendCellsByRow;
+    const auto paint = writes_ ? kernels_.writeCellsByRow : kernels_.blendCellsByRow;
     paint(rgba, canvas_.rowBytes_, rows, rowColors);
   } else if (paint_.source != nullptr) {
-    const auto paint = writes_ ? kernels.writeCellsOf : kernels.blendCellsOf;
+    const auto paint = writes_ ? kernels_.writeCellsOf : kernels_.blendCellsOf;
     paint(rgba, canvas_.rowBytes_, rows,
-          {*paint_.source, region_.x0, y, scratch_.sourceRow.data(),
+          {*paint_.source, region_.x0, y, memory_->source.data(),
            rows_ == PixelSource::Rows::same});
   } else {
-    const auto paint = writes_ ? kernels.writeCells : kernels.blendCells;
+    const auto paint = writes_ ? kernels_.writeCells : kernels_.blendCells;
     paint(rgba, canvas_.rowBytes_, rows, paint_.color);
   }
 }
@@ -272,7 +272,7 @@ void Canvas::Painter::span(std::uint8_t* rgba, const CoverageSpan& s, const std:
   }
   const std::uint16_t* levels = coverage + s.x0;
   bool full = s.constant == kOne;
-  std::uint16_t* own = scratch_.clippedCoverage.data();
+  std::uint16_t* own = memory_->coverage.data();
   if (clip_ != nullptr) {
     const std::uint16_t* clipRow = clip_->row(y) + (region_.x0 + s.x0 - clip_->bounds.x0);
     if (full) {
@@ -283,7 +283,7 @@ void Canvas::Painter::span(std::uint8_t* rgba, const CoverageSpan& s, const std:
       } else {
         std::fill_n(own, count, static_cast<std::uint16_t>(s.constant));
       }
-      scratch_.kernels->multiplyCoverage(own, clipRow, count);
+      kernels_.multiplyCoverage(own, clipRow, count);
       levels = own;
     }
     full = false;
@@ -302,12 +302,12 @@ void Canvas::Painter::span(std::uint8_t* rgba, const CoverageSpan& s, const std:
     return;
   }
   const bool copies = full && paint_.sourceAlpha == kOne && writes_;
-  const std::uint8_t* source = scratch_.sourceRow.data();
+  const std::uint8_t* source = memory_->source.data();
   if (rows_ == PixelSource::Rows::same) {
     source += static_cast<std::size_t>(s.x0) * 4;
     if (copies) std::memcpy(to, source, count * 4);
   } else {
-    paint_.source->pixels(region_.x0 + s.x0, y, count, copies ? to : scratch_.sourceRow.data());
+    paint_.source->pixels(region_.x0 + s.x0, y, count, copies ? to : memory_->source.data());
   }
   if (copies) return;
   if (paint_.sourceAlpha != kOne) {
@@ -317,17 +317,17 @@ void Canvas::Painter::span(std::uint8_t* rgba, const CoverageSpan& s, const std:
     levels = own;
   }
   if (writes_) {
-    scratch_.kernels->writePixels(to, levels, count, source);
+    kernels_.writePixels(to, levels, count, source);
   } else {
-    scratch_.kernels->blendPixels(to, levels, count, source);
+    kernels_.blendPixels(to, levels, count, source);
   }
 }
 
 void Canvas::Painter::solid(std::uint8_t* rgba, const std::uint16_t* coverage, std::size_t count) {
   if (writes_) {
-    scratch_.kernels->writeSolid(rgba, coverage, count, paint_.color);
+    kernels_.writeSolid(rgba, coverage, count, paint_.color);
   } else {
-    scratch_.kernels->blendSolid(rgba, coverage, count, paint_.color);
+    kernels_.blendSolid(rgba, coverage, count, paint_.color);
   }
 }
 

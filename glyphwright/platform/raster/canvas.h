@@ -27,11 +27,10 @@ struct Mask {
         owned(std::make_unique_for_overwrite<std::uint16_t[]>(sizeOf(area))),
         values(owned.get()) {}
   /// In memory that somebody keeps for it, with a block to spare on either side.
-  Mask(const PixelRect& area, std::vector<std::uint16_t>& memory)
-      : bounds(area), stride(strideOf(area)) {
+  Mask(const PixelRect& area, MaskMemory& memory) : bounds(area), stride(strideOf(area)) {
     const std::size_t size = sizeOf(area) + 2 * kBlock;
-    if (memory.size() < size) memory.resize(size);
-    values = memory.data() + kBlock;
+    if (memory.values.size() < size) memory.values.resize(size);
+    values = memory.values.data() + kBlock;
   }
   std::size_t bytes() const { return sizeOf(bounds) * sizeof(std::uint16_t); }
   std::uint16_t* row(int y) { return values + static_cast<std::size_t>(y - bounds.y0) * stride; }
@@ -89,7 +88,7 @@ class Canvas {
   class Painter final : public RowSink {
    public:
     Painter(Canvas& canvas, const PixelRect& region, const Paint& paint, const Mask* clip,
-            Scratch& scratch);
+            Scratch& scratch, For what = For::shape);
     Painter(const Painter&) = delete;
     Painter& operator=(const Painter&) = delete;
     /// What an exception cut short on a pristine canvas is not seen: it is pristine again.
@@ -110,7 +109,8 @@ class Canvas {
     PixelRect region_;
     const Paint& paint_;
     const Mask* clip_;
-    Scratch& scratch_;
+    Lease<PainterMemory> memory_;
+    const Kernels& kernels_;
     PixelSource::Rows rows_;
     bool laysGround_;
     bool finished_ = false;

@@ -19,11 +19,11 @@ int bandRowsFor(std::size_t stride) {
 }
 
 template <typename Cell>
-LineVector<Cell>& memoryFor(Scratch& scratch) {
+LineVector<Cell>& cellsOf(CellMemory& memory) {
   if constexpr (sizeof(Cell) == 2) {
-    return scratch.narrowCells;
+    return memory.narrowCells;
   } else {
-    return scratch.wideCells;
+    return memory.wideCells;
   }
 }
 
@@ -40,30 +40,32 @@ void keepBelow(std::vector<Edge>& active, int units) {
 }  // namespace
 
 template <typename Cell>
-CellBands<Cell>::CellBands(const EdgeList& edges, const PixelRect& area, Scratch& scratch)
+CellBands<Cell>::CellBands(const EdgeList& edges, const PixelRect& area, CellMemory& memory,
+                           const Kernels& kernels)
     : edges_(edges),
-      scratch_(scratch),
+      memory_(memory),
+      kernels_(kernels),
       height_(area.height()),
       top_(edges.region.y0 - area.y0),
       before_(static_cast<std::size_t>(edges.beyondLeft)) {
   const std::size_t stride = cellStride(edges.beyondLeft + area.width() + edges.beyondRight);
   const bool isDense = stride * static_cast<std::size_t>(height_) <= kDenseCells;
   bandRows_ = isDense ? height_ : std::min(height_, bandRowsFor(stride));
-  LineVector<Cell>& memory = memoryFor<Cell>(scratch);
+  LineVector<Cell>& cells = cellsOf<Cell>(memory);
   const std::size_t wanted = stride * static_cast<std::size_t>(bandRows_);
-  if (memory.size() < wanted) memory.resize(wanted);
-  band_ = {memory.data(), stride, nullptr, 0, 0, edges.region.x0 - area.x0};
+  if (cells.size() < wanted) cells.resize(wanted);
+  band_ = {cells.data(), stride, nullptr, 0, 0, edges.region.x0 - area.x0};
   if (isDense) return;
-  scratch.touched.assign(wanted / kBlock + kTouchedMargin, 0);
-  band_.touched = scratch.touched.data();
+  memory.touched.assign(wanted / kBlock + kTouchedMargin, 0);
+  band_.touched = memory.touched.data();
   if (bandRows_ < height_) listByBand((height_ + bandRows_ - 1) / bandRows_);
 }
 
 // Lists the edges by the band in which they start; level ones come last.
 template <typename Cell>
 void CellBands<Cell>::listByBand(int bands) {
-  auto& heads = scratch_.bandHeads;
-  auto& links = scratch_.edgeLinks;
+  auto& heads = memory_.bandHeads;
+  auto& links = memory_.edgeLinks;
   heads.assign(static_cast<std::size_t>(bands) + 1, kNoEdge);
   if (links.size() < edges_.count) links.resize(edges_.count);
   const int shift = std::countr_zero(static_cast<unsigned>(bandRows_)) + kUnitShift;
@@ -75,7 +77,7 @@ void CellBands<Cell>::listByBand(int bands) {
     links[at] = head;
     head = at++;
   }
-  scratch_.activeEdges.clear();
+  memory_.activeEdges.clear();
 }
 
 template <typename Cell>
@@ -85,15 +87,15 @@ void CellBands<Cell>::openNext() {
   band_.rows = std::min(bandRows_, height_ - firstRow_);
   std::span<const Edge> inBand = edges_.edges();
   if (bandRows_ < height_) {
-    auto& active = scratch_.activeEdges;
+    auto& active = memory_.activeEdges;
     keepBelow(active, band_.firstRow * kUnitsPerPixel);
-    std::uint32_t next = scratch_.bandHeads[static_cast<std::size_t>(firstRow_ / bandRows_)];
-    for (; next != kNoEdge; next = scratch_.edgeLinks[next]) {
+    std::uint32_t next = memory_.bandHeads[static_cast<std::size_t>(firstRow_ / bandRows_)];
+    for (; next != kNoEdge; next = memory_.edgeLinks[next]) {
       active.push_back(edges_.edges()[next]);
     }
     inBand = active;
   }
-  accumulate<Cell>(inBand, band_, *scratch_.kernels);
+  accumulate<Cell>(inBand, band_, kernels_);
   if (!edges_.sums.empty()) addSums();
 }
 

@@ -15,8 +15,9 @@ template <typename Cell>
 class CellBands {
  public:
   /// Rows and pixels are those of `area`, which contains the edges' region, and is that where some
-  /// have been added up. The edges may be the scratch's own.
-  CellBands(const EdgeList& edges, const PixelRect& area, Scratch& scratch);
+  /// have been added up.
+  CellBands(const EdgeList& edges, const PixelRect& area, CellMemory& memory,
+            const Kernels& kernels);
   CellBands(const CellBands&) = delete;
   CellBands& operator=(const CellBands&) = delete;
   /// Cells that an exception left as they were are set back to zero.
@@ -49,7 +50,8 @@ class CellBands {
   void addSums();
 
   const EdgeList& edges_;
-  Scratch& scratch_;
+  CellMemory& memory_;
+  const Kernels& kernels_;
   int height_;
   int top_;  // rows of the area above the region
   std::size_t before_;

@@ -21,10 +21,11 @@ class Sweeper {
   explicit Sweeper(const Sweep& shape)
       : region_(shape.edges.region),
         rule_(shape.rule),
-        scratch_(shape.scratch),
+        coverage_(shape.memory.coverage),
+        kernels_(shape.kernels),
         sink_(shape.sink),
-        bands_(shape.edges, region_, scratch_) {
-    if (scratch_.coverage.size() < bands_.stride()) scratch_.coverage.resize(bands_.stride());
+        bands_(shape.edges, region_, shape.memory, shape.kernels) {
+    if (coverage_.size() < bands_.stride()) coverage_.resize(bands_.stride());
   }
 
   /// Hands on all rows above `row`, counted from the region's top, that have not been.
@@ -42,7 +43,7 @@ class Sweeper {
  private:
   int sum(Cell* from, std::size_t count, int carry, std::uint16_t* out) const {
     if constexpr (sizeof(Cell) == 2) {
-      return scratch_.kernels->sumNarrow(from, count, carry, rule_, out);
+      return kernels_.sumNarrow(from, count, carry, rule_, out);
     } else {
       for (std::size_t i = 0; i < count; ++i) {
         carry = static_cast<int>(static_cast<unsigned>(carry) + static_cast<unsigned>(from[i]));
@@ -71,11 +72,11 @@ class Sweeper {
     spans_.clear();
     const std::size_t before = bands_.before();
     const int blocks = static_cast<int>((bands_.stride() - before) / kBlock);
-    int carry = sum(from - before, before, 0, scratch_.coverage.data());
+    int carry = sum(from - before, before, 0, coverage_.data());
     if (touched == nullptr) {
-      sum(from, static_cast<std::size_t>(blocks) * kBlock, carry, scratch_.coverage.data());
+      sum(from, static_cast<std::size_t>(blocks) * kBlock, carry, coverage_.data());
       addSpan(0, blocks, CoverageSpan::kVaries);
-      sink_.row({y, spans_, scratch_.coverage.data()});
+      sink_.row({y, spans_, coverage_.data()});
       return;
     }
     int block = 0;
@@ -88,12 +89,12 @@ class Sweeper {
       if (touchedTo > touchedFrom) {
         const auto at = static_cast<std::size_t>(touchedFrom) * kBlock;
         carry = sum(from + at, static_cast<std::size_t>(touchedTo - touchedFrom) * kBlock, carry,
-                    scratch_.coverage.data() + at);
+                    coverage_.data() + at);
         addSpan(touchedFrom, touchedTo, CoverageSpan::kVaries);
       }
       block = touchedTo;
     }
-    sink_.row({y, spans_, scratch_.coverage.data()});
+    sink_.row({y, spans_, coverage_.data()});
   }
 
   // The coverage that a running sum stands for, as sumNarrow has it.
@@ -127,7 +128,8 @@ class Sweeper {
 
   const PixelRect& region_;
   FillRule rule_;
-  Scratch& scratch_;
+  std::vector<std::uint16_t>& coverage_;
+  const Kernels& kernels_;
   RowSink& sink_;
   CellBands<Cell> bands_;
   int done_ = 0;  // rows
@@ -137,7 +139,7 @@ class Sweeper {
 using AnySweeper = std::variant<Sweeper<std::int16_t>, Sweeper<std::int32_t>>;
 
 AnySweeper sweeperOf(const Sweep& shape) {
-  if (shape.edges.verticalRuns / 2 <= kNarrowWindingLimit) {
+  if (isNarrow(shape.edges)) {
     return AnySweeper(std::in_place_index<0>, shape);
   }
   return AnySweeper(std::in_place_index<1>, shape);
@@ -149,9 +151,10 @@ void emitUntil(AnySweeper& sweeper, int row) {
 
 }  // namespace
 
-void sweep(const EdgeList& edges, FillRule rule, Scratch& scratch, RowSink& sink) {
+void sweep(const EdgeList& edges, FillRule rule, CellMemory& memory, const Kernels& kernels,
+           RowSink& sink) {
   if (edges.region.isEmpty()) return;
-  AnySweeper sweeper = sweeperOf({edges, rule, scratch, sink});
+  AnySweeper sweeper = sweeperOf({edges, rule, memory, kernels, sink});
   emitUntil(sweeper, edges.region.height());
 }
 

@@ -59,19 +59,26 @@ class RowSink {
   ~RowSink() = default;
 };
 
+/// Whether a shape's cells can be narrow ones.
+inline bool isNarrow(const EdgeList& edges) {
+  return edges.verticalRuns / 2 <= kNarrowWindingLimit && edges.sums.empty();
+}
+
 /// Turns edges into exact-area coverage by the rule and hands it on row by row. Small shapes are
 /// summed whole; large ones in bands of rows, skipping the blocks that no edge touches.
-void sweep(const EdgeList& edges, FillRule rule, Scratch& scratch, RowSink& sink);
+void sweep(const EdgeList& edges, FillRule rule, CellMemory& memory, const Kernels& kernels,
+           RowSink& sink);
 
-/// A shape to be swept. The scratch's edges may be the shape's own.
+/// A shape to be swept.
 struct Sweep {
   const EdgeList& edges;
   FillRule rule;
-  Scratch& scratch;
+  CellMemory& memory;
+  const Kernels& kernels;
   RowSink& sink;
 };
 
-/// Sweeps two shapes, neither with an empty region and each with a scratch of its own, a few rows
+/// Sweeps two shapes, neither with an empty region and each with memory of its own, a few rows
 /// at a time: of any row the one below comes first, and what it has written is still at hand when
 /// the one above is painted over it.
 void sweepByTurns(const Sweep& below, const Sweep& above);

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <limits>
 
+#include <glyphwright/platform/points.h>
 #include <glyphwright/platform/raster/edges.h>
 
 namespace glyphwright::raster {
@@ -11,7 +12,7 @@ namespace {
 constexpr double kFarthest = 1e9;
 
 // The box, or one that touches no pixel when a coordinate is NaN or infinite.
-DeviceBox finiteBox(const PointBox& box) {
+DeviceBox finiteBox(const glyphwright::PointBox& box) {
   const bool isFinite = !box.hasNaN && std::isfinite(box.minX) && std::isfinite(box.minY) &&
                         std::isfinite(box.maxX) && std::isfinite(box.maxY);
   if (isFinite) return {box.minX, box.minY, box.maxX, box.maxY};
@@ -24,26 +25,29 @@ bool isFar(const DeviceBox& box) {
          box.maxY > kFarthest;
 }
 
-const double* coordinates(std::span<const CGPoint> points) {
-  static_assert(sizeof(CGPoint) == 2 * sizeof(double));
-  return points.empty() ? nullptr : &points.front().x;
+double near(double v) {
+  return std::clamp(v, -kFarthest, kFarthest);
+}
+
+DeviceBox near(const DeviceBox& box) {
+  return {near(box.minX), near(box.minY), near(box.maxX), near(box.maxY)};
 }
 
 }  // namespace
 
+DeviceBox boxOfPoints(const CGPath& path) {
+  const DeviceBox box = finiteBox(boxPoints(path.points()));
+  return isFar(box) ? near(box) : box;
+}
+
 DeviceBox mapPoints(const CGPath& path, const CGAffineTransform& toDevice,
                     std::vector<CGPoint>& devicePoints) {
   const std::span<const CGPoint> points = path.points();
-  if (points.empty()) return finiteBox(kernels().boxPoints(nullptr, 0));
   if (devicePoints.size() < points.size()) devicePoints.resize(points.size());
-  const double matrix[] = {toDevice.a, toDevice.b,  toDevice.c,
-                           toDevice.d, toDevice.tx, toDevice.ty};
-  DeviceBox box = finiteBox(
-      kernels().mapPoints(coordinates(points), points.size(), matrix, &devicePoints.front().x));
+  DeviceBox box = finiteBox(glyphwright::mapPoints(points, toDevice, devicePoints.data()));
   if (isFar(box)) {
-    const auto near = [](double v) { return std::clamp(v, -kFarthest, kFarthest); };
     for (CGPoint& p : devicePoints) p = {near(p.x), near(p.y)};
-    box = {near(box.minX), near(box.minY), near(box.maxX), near(box.maxY)};
+    box = near(box);
   }
   return box;
 }

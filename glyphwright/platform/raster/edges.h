@@ -45,6 +45,9 @@ struct EdgeList {
 DeviceBox mapPoints(const CGPath& path, const CGAffineTransform& toDevice,
                     std::vector<CGPoint>& devicePoints);
 
+/// The same box around points that are on the device already.
+DeviceBox boxOfPoints(const CGPath& path);
+
 /// Flattens a path whose points have been mapped to device pixels; open subpaths are closed. `box`
 /// is the box around the points. A curve becomes as many chords as keep it within `tolerance`
 /// pixels, and the chords' inner points are moved out so that the area under the curve is kept.

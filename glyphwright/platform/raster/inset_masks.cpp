@@ -5,9 +5,10 @@
 namespace glyphwright::raster {
 namespace {
 
-class Writer final : public RowSink {
+// Both masks straight from narrow cells.
+class BothWriter final : public RowSink {
  public:
-  Writer(InsetMasks& masks, const Kernels& kernels) : masks_(masks), kernels_(kernels) {}
+  BothWriter(InsetMasks& masks, const Kernels& kernels) : masks_(masks), kernels_(kernels) {}
 
   bool cells(int y, const CellRows& rows) override {
     for (std::size_t row = 0; row < rows.rows; ++row) {
@@ -17,11 +18,7 @@ class Writer final : public RowSink {
     }
     return true;
   }
-  // Cells that are too wide for that; the masks take two ways then.
-  void row(const CoverageRow& row) override {
-    static_cast<void>(row);
-    masks_.isExact = false;
-  }
+  void row(const CoverageRow& row) override { static_cast<void>(row); }
 
  private:
   InsetMasks& masks_;
@@ -30,29 +27,36 @@ class Writer final : public RowSink {
 
 }  // namespace
 
-InsetMasks::InsetMasks(FillRule rule, const Mask* clip, Scratch& scratch)
-    : around(scratch.edges.region, scratch.casterMask),
-      inside(scratch.edges.region, scratch.insideMask) {
-  const PixelRect& region = scratch.edges.region;
+InsetMasks::InsetMasks(ShapeMemory& shape, FillRule rule, const Mask* clip, Scratch& scratch)
+    : aroundMemory(scratch.lease<MaskMemory>(For::shape)),
+      insideMemory(scratch.lease<MaskMemory>(For::shapeAbove)),
+      around(shape.edges.region, *aroundMemory),
+      inside(shape.edges.region, *insideMemory) {
+  const Kernels& kernels = *scratch.kernels;
+  const PixelRect& region = shape.edges.region;
   const auto width = static_cast<std::size_t>(region.width());
-  Writer both(*this, *scratch.kernels);
-  sweep(scratch.edges, rule, scratch, both);
-  if (!isExact) {
-    MaskWriter shape(around, nullptr, scratch);
-    sweep(scratch.edges, FillRule::evenOdd, scratch, shape);
+  const auto write = [&](FillRule by, RowSink& sink) {
+    sweep(shape.edges, by, shape.cells, kernels, sink);
+  };
+  if (isNarrow(shape.edges)) {
+    BothWriter both(*this, kernels);
+    write(rule, both);
+  } else {
+    MaskWriter covered(around, nullptr, kernels);
+    write(FillRule::evenOdd, covered);
     for (int y = region.y0; y < region.y1; ++y) {
       std::uint16_t* row = around.row(y);
       for (std::size_t x = 0; x < width; ++x) row[x] = static_cast<std::uint16_t>(kOne - row[x]);
     }
-    MaskWriter cut(inside, nullptr, scratch);
-    sweep(scratch.edges, rule, scratch, cut);
+    MaskWriter shown(inside, nullptr, kernels);
+    write(rule, shown);
   }
   if (clip == nullptr) return;
   const PixelRect shown = intersection(region, clip->bounds);
   for (int y = shown.y0; y < shown.y1; ++y) {
-    scratch.kernels->multiplyCoverage(inside.row(y) + (shown.x0 - region.x0),
-                                      clip->row(y) + (shown.x0 - clip->bounds.x0),
-                                      static_cast<std::size_t>(shown.width()));
+    kernels.multiplyCoverage(inside.row(y) + (shown.x0 - region.x0),
+                             clip->row(y) + (shown.x0 - clip->bounds.x0),
+                             static_cast<std::size_t>(shown.width()));
   }
 }
 

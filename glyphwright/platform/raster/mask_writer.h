@@ -9,8 +9,8 @@ namespace glyphwright::raster {
 /// Keeps rows of coverage as a mask, times an outer one where given.
 class MaskWriter final : public RowSink {
  public:
-  MaskWriter(Mask& mask, const Mask* outer, const Scratch& scratch)
-      : mask_(mask), outer_(outer), kernels_(*scratch.kernels) {}
+  MaskWriter(Mask& mask, const Mask* outer, const Kernels& kernels)
+      : mask_(mask), outer_(outer), kernels_(kernels) {}
 
   void row(const CoverageRow& row) override {
     std::uint16_t* to = mask_.row(row.y);

@@ -3,31 +3,53 @@
 namespace glyphwright::raster {
 namespace {
 
-template <typename Vector>
-std::size_t bytes(const Vector& v) {
-  return v.capacity() * sizeof(typename Vector::value_type);
+template <typename... Vectors>
+std::size_t sum(const Vectors&... v) {
+  return (std::size_t{0} + ... + (v.capacity() * sizeof(typename Vectors::value_type)));
+}
+
+std::size_t bytes(const EdgeList& e) {
+  return sum(e.storage, e.segments, e.curves, e.cornerX, e.cornerY, e.contourEnds, e.sums);
+}
+
+std::size_t bytes(const StrokeOutline& o) {
+  return sum(o.left.x, o.left.y, o.right.x, o.right.y, o.contours, o.listed, o.curves, o.raised,
+             o.pieceEnds, o.outside, o.rowRuns) +
+         o.segments.keptBytes();
+}
+
+std::size_t bytes(const CellMemory& c) {
+  return sum(c.activeEdges, c.bandHeads, c.edgeLinks, c.narrowCells, c.wideCells, c.touched,
+             c.coverage);
+}
+
+std::size_t bytes(const ShapeMemory& s) {
+  return sum(s.points) + bytes(s.outline) + bytes(s.edges) + bytes(s.cells);
+}
+
+std::size_t bytes(const PainterMemory& p) {
+  return sum(p.coverage, p.source, p.rowColors);
+}
+
+std::size_t bytes(const MaskMemory& m) {
+  return sum(m.values);
+}
+
+std::size_t bytes(const FilterMemory& f) {
+  return sum(f.rows, f.sources, f.taps.taps);
+}
+
+template <typename T, std::size_t count>
+std::size_t bytes(const std::array<Shelf<T>, count>& shelves) {
+  std::size_t all = 0;
+  for (const Shelf<T>& shelf : shelves) all += shelf.wasLent ? bytes(shelf.memory) : 0;
+  return all;
 }
 
 }  // namespace
 
-Scratch& Scratch::above() {
-  if (upper == nullptr) upper = std::make_unique<Scratch>();
-  upper->kernels = kernels;
-  return *upper;
-}
-
 std::size_t Scratch::keptBytes() const {
-  return bytes(devicePoints) + bytes(edges.storage) + bytes(edges.segments) + bytes(edges.curves) +
-         bytes(edges.cornerX) + bytes(edges.cornerY) + bytes(edges.contourEnds) + bytes(edges.sums) +
-         bytes(outline.left.x) + bytes(outline.left.y) + bytes(outline.right.x) +
-         bytes(outline.right.y) + bytes(outline.contours) + bytes(outline.listed) +
-         bytes(outline.curves) + bytes(outline.raised) + outline.segments.keptBytes() +
-         bytes(outline.pieceEnds) + bytes(outline.outside) + bytes(outline.rowRuns) +
-         bytes(activeEdges) + bytes(bandHeads) + bytes(edgeLinks) + bytes(narrowCells) +
-         bytes(wideCells) + bytes(touched) + bytes(coverage) + bytes(clippedCoverage) +
-         bytes(sourceRow) + bytes(casterMask) + bytes(insideMask) + bytes(filterRows) +
-         bytes(filterSources) + bytes(taps.taps) + bytes(rowColors) +
-         (upper == nullptr ? 0 : upper->keptBytes());
+  return std::apply([](const auto&... shelves) { return (bytes(shelves) + ...); }, shelves_);
 }
 
 void Scratch::trim() {

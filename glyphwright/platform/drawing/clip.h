@@ -1,14 +1,12 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <vector>
 
-#include <glyphwright/platform/color.h>
 #include <glyphwright/platform/path.h>
 #include <glyphwright/platform/raster/canvas.h>
 
-namespace glyphwright {
+namespace glyphwright::drawing {
 
 /// A path that the clip was intersected with, in device pixels.
 class ClipNode {
@@ -36,13 +34,22 @@ class ClipNode {
   mutable std::unique_ptr<raster::Mask> mask_;
 };
 
+/// Where drawing shows: whole device pixels, and paths beyond that.
+struct Clip {
+  raster::PixelRect bounds;
+  std::shared_ptr<const ClipNode> node;
+
+  void intersect(const raster::PixelRect& area);
+  void intersect(CGPath devicePath, raster::FillRule rule);
+};
+
 /// Makes the masks of clips when a drawing first needs one, which a gradient painted straight
 /// through a single clip never does, and keeps the last few.
 class ClipMasks {
  public:
   /// The product of a path's coverage and its parents', over its bounds; it stays for as long as no
-  /// other one is asked for.
-  const raster::Mask& maskOf(const std::shared_ptr<const ClipNode>& node, raster::Scratch& scratch);
+  /// other one is asked for. Null for a clip without paths.
+  const raster::Mask* maskOf(const Clip& clip, raster::Scratch& scratch);
 
  private:
   static constexpr std::size_t kKeptBytes = std::size_t{16} << 20;
@@ -53,28 +60,4 @@ class ClipMasks {
   std::size_t keptBytes_ = 0;                        // at most; some may have gone
 };
 
-/// Where drawing shows: whole device pixels, and paths beyond that.
-struct Clip {
-  raster::PixelRect bounds;
-  std::shared_ptr<const ClipNode> node;
-};
-
-/// A shadow in device terms.
-struct ShadowState {
-  int dx = 0;
-  int dy = 0;
-  double blurPixels = 0;
-  CGColor color;
-};
-
-/// What save and restore keep.
-struct GraphicsState {
-  CGAffineTransform ctm;
-  Clip clip;
-  CGColor fillColor = UIColor::blackColor();
-  CGColor strokeColor = UIColor::blackColor();
-  CGFloat alpha = 1;
-  std::optional<ShadowState> shadow;
-};
-
-}  // namespace glyphwright
+}  // namespace glyphwright::drawing

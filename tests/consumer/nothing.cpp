@@ -1,0 +1,7 @@
+// What every program weighs.
+
+#include <cstdio>
+
+int main() {
+  std::printf("%g\n", 0.0);
+}

@@ -174,7 +174,7 @@ UIImage imageOf(contexts::Scope& scope, const IconPaint& paint) {
   const std::optional<DropShadow>& shadow = paint.dropShadow;
   if (!shadow || paint.shadowTime == IconPaint::ShadowTime::inPass) return scope.image();
   return redrawWithShadow(scope.image(), shadow->offset, shadow->blur, shadow->color,
-                          scope.context()->scale);
+                          scope.context()->scale());
 }
 
 void paintWithBorder(CGContextRef context, const UIBezierPath& path, Placement placement,

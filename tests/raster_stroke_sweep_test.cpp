@@ -231,15 +231,18 @@ TEST(RasterStrokeSweep, StrokesTooLongToBeKeptAreTheSame) {
       return std::vector<int>(rgba.begin(), rgba.end());
     };
     const std::vector<int> whole = bytes();
-    Scratch& scratch = threadScratch();
-    scratch.outline.mostSegments = 4 + i % 3;
-    scratch.outline.mostCorners = 16;
+    const auto keepAtMost = [](std::size_t segments, std::size_t corners, std::size_t edges) {
+      const auto memory = threadScratch().lease<ShapeMemory>();
+      memory->outline.mostSegments = segments;
+      memory->outline.mostCorners = corners;
+      memory->edges.most = edges;
+    };
+    const StrokeOutline outline;
+    keepAtMost(4 + i % 3, 16, EdgeList().most);
     const std::vector<int> pieces = bytes();
-    scratch.edges.most = 24;
+    keepAtMost(4 + i % 3, 16, 24);
     const std::vector<int> sums = bytes();
-    scratch.outline.mostSegments = StrokeOutline().mostSegments;
-    scratch.outline.mostCorners = StrokeOutline().mostCorners;
-    scratch.edges.most = EdgeList().most;
+    keepAtMost(outline.mostSegments, outline.mostCorners, EdgeList().most);
     ASSERT_EQ(pieces, whole) << i << ": " << describe(s);
     for (std::size_t k = 0; k < whole.size(); ++k) ASSERT_NEAR(sums[k], whole[k], 1) << i;
   }

@@ -146,7 +146,8 @@ void paintFillAndStroke(const Target& target, const FillAndStroke& both) {
       CGPath placed = both.path;
       placed.applyTransform(both.placing);
       paintFill(target, {placed, both.toDevice, both.rule}, both.fill);
-      paintStroke(target, {placed, both.style, both.toDevice, both.bitmap, both.reach}, both.stroke);
+      paintStroke(target, {placed, both.style, both.toDevice, both.bitmap, both.reach},
+                  both.stroke);
   }
 }
 

@@ -56,7 +56,8 @@ class Shape {
   /// None: the path is filled.
   std::optional<raster::Stroke> stroke_;
   std::vector<CGPoint>* points_;
-  bool isWhole_ = true;  // or the outline is too long to be kept, and worked out again for its edges
+  bool isWhole_ =
+      true;  // or the outline is too long to be kept, and worked out again for its edges
   raster::DeviceBox box_;
   raster::FillRule rule_ = raster::FillRule::nonZero;
 };

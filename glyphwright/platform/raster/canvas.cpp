@@ -253,9 +253,9 @@ void Canvas::Painter::paintCells(std::uint8_t* rgba, int y, const CellRows& rows
     paint(rgba, canvas_.rowBytes_, rows, rowColors);
   } else if (paint_.source != nullptr) {
     const auto paint = writes_ ? kernels_.writeCellsOf : kernels_.blendCellsOf;
-    paint(rgba, canvas_.rowBytes_, rows,
-          {*paint_.source, region_.x0, y, memory_->source.data(),
-           rows_ == PixelSource::Rows::same});
+    paint(
+        rgba, canvas_.rowBytes_, rows,
+        {*paint_.source, region_.x0, y, memory_->source.data(), rows_ == PixelSource::Rows::same});
   } else {
     const auto paint = writes_ ? kernels_.writeCells : kernels_.blendCells;
     paint(rgba, canvas_.rowBytes_, rows, paint_.color);

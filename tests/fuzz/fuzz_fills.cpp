@@ -79,7 +79,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (std::size_t i = 0; i < turns.values.size(); ++i) {
     const double expected = 255 * folded(turns.values[i], evenOdd);
     if (std::abs(rgba[4 * i + 3] - expected) <= tolerance) continue;
-    std::printf("pixel %zu, %zu: %d, not %.1f\n", i % kSide, i / kSide, rgba[4 * i + 3], expected);
+    std::fprintf(stderr, "pixel %zu, %zu: %d, not %.1f\n", i % kSide, i / kSide, rgba[4 * i + 3],
+                 expected);
     __builtin_trap();
   }
   return 0;

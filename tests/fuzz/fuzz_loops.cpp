@@ -152,11 +152,12 @@ void fuzzDrawing(fuzz::Input& input, const Kernels& fast, const Kernels& plain) 
 
 void fuzzColors(fuzz::Input& input, const Kernels& fast, const Kernels& plain) {
   ColorStretch stretch;
-  stretch.bends = true;
+  stretch.bends = input.coin();
   for (int c = 0; c < 4; ++c) {
     stretch.start[c] = static_cast<float>(input.byte()) + 0.5F;
     stretch.change[c] = static_cast<float>(input.byte()) + 0.5F - stretch.start[c];
-    if (c < 3) stretch.bend[c] = static_cast<float>(input.below(9)) * stretch.change[c] / 8;
+    if (c < 3 && stretch.bends)
+      stretch.bend[c] = static_cast<float>(input.below(9)) * stretch.change[c] / 8;
     if (c < 3) stretch.change[c] -= stretch.bend[c];
   }
   const std::size_t count = 1 + input.below(40);
@@ -168,7 +169,13 @@ void fuzzColors(fuzz::Input& input, const Kernels& fast, const Kernels& plain) {
     for (auto& pixels : made) pixels.resize(4 * (count + 1), 7);
     for (const int k : {0, 1}) {
       const Kernels& table = k == 0 ? fast : plain;
-      if (along) table.mixAlong(stretch, parts[0], step, count, made[k].data());
+      if (along) {
+        ColorSteps steps;
+        steps.colors = stretch;
+        steps.step = step;
+        table.prepareSteps(steps);
+        table.mixAlong(steps, parts[0], count, made[k].data());
+      }
       if (!along) table.mixParts(stretch, parts, count, made[k].data());
     }
     require(made[0] == made[1]);

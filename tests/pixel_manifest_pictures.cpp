@@ -144,8 +144,8 @@ void addGlyphs(std::vector<Picture>& list) {
       {"thick-checkmark", &UIBezierPath::thickCheckmark},
       {"thick-x", &UIBezierPath::thickX},
       {"camera", &UIBezierPath::instagramProfileConnectButtonIconPath}};
-  for (const auto& [name, glyph] : glyphs) {
-    list.push_back({std::string("glyph-") + name, [glyph] {
+  for (const auto& entry : glyphs) {
+    list.push_back({std::string("glyph-") + entry.first, [glyph = entry.second] {
                       return VantelKit::drawImage({72, 60}, false, 1, [&](CGContext&) {
                         kInk.setFill();
                         glyph({72, 60}).fill();
@@ -161,7 +161,7 @@ void addConveniences(std::vector<Picture>& list) {
                       return draw();
                     }});
   };
-  constexpr CGSize size{30, 24};
+  static constexpr CGSize size{30, 24};
   static const std::vector<UIColor> colors = {kRose, kAmber};
   add("email", [] { return UIImage::emailIcon(size, colors); });
   add("arrow-down", [] { return UIImage::arrowDownIcon(kRose, size); });
@@ -182,10 +182,10 @@ void addConveniences(std::vector<Picture>& list) {
                                                   {"thick-checkmark", Shape::thickCheckmark},
                                                   {"thick-x", Shape::thickX},
                                                   {"thin-x", Shape::thinX}};
-  for (const auto& [name, shape] : shapes) {
+  for (const auto& entry : shapes) {
     for (const NSShadow* cast : {shadow.get(), static_cast<NSShadow*>(nullptr)}) {
-      const std::string full = std::string(cast ? "cast-" : "") + "shape-" + name;
-      add(full.c_str(), [shape, cast] {
+      const std::string full = std::string(cast ? "cast-" : "") + "shape-" + entry.first;
+      add(full.c_str(), [shape = entry.second, cast] {
         return *UIImage::shapeIcon({20, 16}, shape, kRose, {2, kTeal}, cast);
       });
     }

@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <nlohmann/json.hpp>
@@ -55,10 +56,12 @@ void readObject(const Json& object, const Readers& readers) {
   for (const auto& [key, value] : object.items()) {
     const auto reader = readers.find(key);
     if (reader == readers.end()) {
-      std::string known;
-      for (const auto& [name, ignored] : readers)
-        known.append(known.empty() ? "" : ", ").append(name);
-      throw UsageError(": there is no \"" + key + "\"; the keys are " + known);
+      std::string message = ": there is no \"" + key + "\"; the keys are ";
+      const char* between = "";
+      for (const auto& [name, ignored] : readers) {
+        message.append(std::exchange(between, ", ")).append(name);
+      }
+      throw UsageError(message);
     }
     try {
       reader->second(value);

@@ -1,5 +1,6 @@
 #include "glob.h"
 
+#include <algorithm>
 #include <cctype>
 
 #include "usage_error.h"
@@ -118,10 +119,9 @@ Glob::Glob(std::string_view pattern) : alternatives_{inSmallLetters(pattern)} {
 
 bool Glob::matches(std::string_view text) const {
   const std::string small = inSmallLetters(text);
-  for (const std::string& alternative : alternatives_) {
-    if (matchesAll(alternative, small)) return true;
-  }
-  return false;
+  return std::ranges::any_of(alternatives_, [&](const std::string& alternative) {
+    return matchesAll(alternative, small);
+  });
 }
 
 }  // namespace glyphwright::cli

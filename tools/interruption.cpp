@@ -40,7 +40,7 @@ Interruption::Interruption(PendingFiles& files) {
 
 Interruption::~Interruption() {
   over_ = true;
-  pthread_kill(listener_.native_handle(), SIGTERM);
+  pthread_kill(listener_.native_handle(), SIGINT);
   listener_.join();
 }
 

@@ -43,10 +43,9 @@ struct EnumerationTag {};
 /// The raw values that no method has; the catalogue's checks hold the list to be all.
 inline constexpr std::string_view kUndrawn[] = {"magicCatEasterEgg", "safetyCenterShield"};
 constexpr bool hasDrawing(std::string_view rawValue) {
-  for (const std::string_view undrawn : kUndrawn) {
-    if (rawValue == undrawn) return false;
-  }
-  return true;
+  bool drawn = true;
+  for (const std::string_view undrawn : kUndrawn) drawn = drawn && rawValue != undrawn;
+  return drawn;
 }
 
 /// Writes "App.Shapes.Checks.checkmark".

@@ -48,7 +48,7 @@ CGPath pathOf(int segments) {
 }
 
 const Cost kCosts[] = {
-    {"segments, built and measured", 100000,
+    {"segments, built and measured", 20000,
      [](int n) {
        CGPath path = pathOf(n);
        path.applyTransform(CGAffineTransformMakeScale(2, 2));

@@ -118,8 +118,7 @@ UIBezierPath pathOf(const Shape& shape) {
 }
 
 void paint(const Painting& painting, FailedGradient failedGradient) {
-  CGContextRef context = UIGraphicsGetCurrentContext();
-  if (context == nullptr) return;
+  if (UIGraphicsGetCurrentContext() == nullptr) return;
   std::optional<CGGradient> gradient;
   if (painting.gradient != nullptr) {
     gradient = CGGradientCreateWithColors(std::nullopt, painting.gradient->colors,
@@ -127,8 +126,12 @@ void paint(const Painting& painting, FailedGradient failedGradient) {
     if (!gradient && failedGradient == FailedGradient::leavesCanvas) return;
     if (!gradient) fatal("the gradient of a ready-made image cannot be created");
   }
-  const Painter painter(context, gradient ? &*gradient : nullptr);
-  for (const Piece& piece : painting.pieces) std::visit(painter, piece);
+  for (const Piece& piece : painting.pieces) {
+    // Asked for anew, since a piece may have closed it.
+    CGContextRef context = UIGraphicsGetCurrentContext();
+    if (context == nullptr) return;
+    std::visit(Painter(context, gradient ? &*gradient : nullptr), piece);
+  }
 }
 
 UIImage imageOf(const Painting& painting, CGSize size, FailedGradient failedGradient) {

@@ -20,12 +20,13 @@ class OutlineEdges final : public OutlineSink, private CuttingWriter {
  private:
   // Corners of one side, in the order in which they stand; edges run backwards or not.
   struct Line {
-    const float* x;
-    const float* y;
-    std::size_t count;
-    bool backwards;
+    const float* x = nullptr;
+    const float* y = nullptr;
+    std::size_t count = 0;
+    bool backwards = false;
   };
   static Line lineOf(const OutlineSide& side, std::size_t begin, std::size_t end, bool backwards) {
+    if (begin == end) return {};  // the side may have no memory yet
     return {side.x.data() + begin, side.y.data() + begin, end - begin, backwards};
   }
 

@@ -30,10 +30,13 @@ struct PixelBuffer;
 /// How functions take an icon type: as such, or as a plain whole number (but not as true or false).
 class IconNumber {
  public:
+  /// A type that is no icon is taken too; each function says what it gives then.
   constexpr IconNumber(VNTLIconType type) : type_(type) {}
+  /// An unsigned number above 2⁶³ − 1 wraps around to a negative one, which is no icon.
   template <std::integral Number>
   requires(!std::same_as<Number, bool>) constexpr IconNumber(Number number)
       : type_(static_cast<VNTLIconType>(number)) {}
+  /// Need not be one of the cases.
   constexpr operator VNTLIconType() const { return type_; }
 
  private:
@@ -64,7 +67,9 @@ class UIBezierPath {
   static UIBezierPath bezierPathWithRoundedRect(const CGRect& rect, UIRectCorner byRoundingCorners,
                                                 CGSize cornerRadii);
 
+  /// `moveToPoint:` starts a subpath.
   void moveToPoint(CGPoint point) { path_.moveToPoint(point); }
+  /// `addLineToPoint:`. Lines, curves and closes without a current point are ignored, see CGPath.
   void addLineToPoint(CGPoint point) { path_.addLineToPoint(point); }
   /// `addCurveToPoint:controlPoint1:controlPoint2:` a cubic.
   void addCurveToPoint(CGPoint point, CGPoint controlPoint1, CGPoint controlPoint2) {
@@ -79,6 +84,7 @@ class UIBezierPath {
                         bool clockwise) {
     path_.addArc(center, radius, startAngle, endAngle, clockwise);
   }
+  /// A line back to where the subpath started; a second one in a row does nothing.
   void closePath() { path_.closeSubpath(); }
   /// `appendPath:` adds the other path's elements; attributes do not change.
   void appendPath(const UIBezierPath& path) { path_.addPath(path.path_); }
@@ -92,8 +98,11 @@ class UIBezierPath {
   /// The box around all points, control points included; the zero rectangle for a path without
   /// segments.
   CGRect bounds() const;
+  /// True until the first element, a move included.
   bool isEmpty() const { return path_.isEmpty(); }
+  /// The point where the next segment starts; (0, 0) without one.
   CGPoint currentPoint() const { return path_.currentPoint(); }
+  /// The elements alone; valid as long as the path is and does not change.
   const CGPath& cgPath() const { return path_; }
 
   // Attributes
@@ -102,13 +111,16 @@ class UIBezierPath {
   /// strokes nothing.
   CGFloat lineWidth() const { return lineWidth_; }
   void setLineWidth(CGFloat width) { lineWidth_ = width; }
+  /// How open ends look; butt for a new path.
   CGLineCap lineCapStyle() const { return lineCapStyle_; }
   void setLineCapStyle(CGLineCap style) { lineCapStyle_ = style; }
+  /// How corners look; miter for a new path.
   CGLineJoin lineJoinStyle() const { return lineJoinStyle_; }
   void setLineJoinStyle(CGLineJoin style) { lineJoinStyle_ = style; }
   /// Above this ratio of miter length to line width a miter join becomes a bevel; 10 when new.
   CGFloat miterLimit() const { return miterLimit_; }
   void setMiterLimit(CGFloat limit) { miterLimit_ = limit; }
+  /// Even-odd instead of the non-zero rule; false for a new path.
   bool usesEvenOddFillRule() const { return usesEvenOddFillRule_; }
   void setUsesEvenOddFillRule(bool evenOdd) { usesEvenOddFillRule_ = evenOdd; }
 

@@ -1,22 +1,34 @@
-"""cookbook_pictures.py FROM TO: turns the pictures of the cookbook's programs into small PNG files.
+"""Draws the cookbook's pictures, as small PNG files, or tells whether those in TO are out of date.
 
-Reads the three plain formats that they write: uncompressed PNG, PPM and 32-bit BMP."""
+    cookbook_pictures.py PROGRAMS WORK TO            runs every PROGRAMS/cookbook_* in the folder WORK and
+                                                     puts the pictures that are there then into TO
+    cookbook_pictures.py --compare PROGRAMS WORK TO  empties WORK, draws into it and only compares
+
+Reads the three plain formats that the programs write: PNG without filters, PPM and BMP without
+compression. The pictures of the programs in Python and JavaScript are not compared: they need a shared
+library and the npm package, which take builds of their own."""
+import os
 import pathlib
+import shutil
 import struct
+import subprocess
 import sys
 import zlib
 
 
 def read_png(data):
-    width, height = struct.unpack(">II", data[16:24])
+    width, height, _, kind = struct.unpack(">IIBB", data[16:26])
+    depth = {2: 3, 6: 4}[kind]
     at, rows = 8, b""
     while at < len(data):
         length, kind = struct.unpack(">I4s", data[at:at + 8])
         if kind == b"IDAT":
             rows += data[at + 8:at + 8 + length]
         at += length + 12
-    rows, step = zlib.decompress(rows), width * 4 + 1
-    return width, height, 4, b"".join(rows[y * step + 1:(y + 1) * step] for y in range(height))
+    rows, step = zlib.decompress(rows), width * depth + 1
+    if any(rows[::step]):
+        raise ValueError("a PNG with filters")
+    return width, height, depth, b"".join(rows[y * step + 1:(y + 1) * step] for y in range(height))
 
 
 def read_ppm(data):
@@ -57,12 +69,64 @@ def write_png(file, picture):
     file.write_bytes(png)
 
 
-readers = {".png": read_png, ".ppm": read_ppm, ".bmp": read_bmp}
-source, target = map(pathlib.Path, sys.argv[1:])
-pictures = {}
-for file in sorted(source.iterdir()):
-    if file.suffix in readers:
-        picture = readers[file.suffix](file.read_bytes())
-        pictures.setdefault(file.stem.split("-")[0], []).append(picture)
-for name, frames in pictures.items():
-    write_png(target / f"{name}.png", beside(frames))
+def draw(programs, work):
+    """Runs the programs, and returns the pictures in `work` then: by name, and each with its frames."""
+    for program in programs:
+        subprocess.run([program.resolve()], cwd=work, check=True,
+                       env={**os.environ, "SDL_VIDEODRIVER": "dummy"})
+    readers = {".png": read_png, ".ppm": read_ppm, ".bmp": read_bmp}
+    frames = {}
+    for file in sorted(work.iterdir()):
+        if file.suffix in readers:
+            picture = readers[file.suffix](file.read_bytes())
+            frames.setdefault(file.stem.split("-")[0], []).append(picture)
+    return {name: beside(pictures) for name, pictures in frames.items()}
+
+
+def difference(old, new):
+    """In words; empty where the pictures are equal to the last bit."""
+    if old[:3] != new[:3]:
+        return "{} x {} with {} channels became {} x {} with {}".format(*old[:3], *new[:3])
+    depth, levels = old[2], [abs(a - b) for a, b in zip(old[3], new[3])]
+    pixels = sum(any(levels[at:at + depth]) for at in range(0, len(levels), depth))
+    return f"{pixels} pixels differ, by up to {max(levels)} of 255" if pixels else ""
+
+
+def compare(programs, drawn, work, target):
+    """Returns what is wrong; what is drawn now is left in work/now, to be looked at."""
+    (work / "now").mkdir()
+    wrong = []
+    for name in sorted({program.stem.removeprefix("cookbook_") for program in programs} | drawn.keys()):
+        committed = target / f"{name}.png"
+        if name not in drawn:
+            wrong.append(f"cookbook_{name} writes no picture of its name")
+            continue
+        write_png(work / "now" / committed.name, drawn[name])
+        if not committed.exists():
+            wrong.append(f"{committed} is missing")
+        elif text := difference(read_png(committed.read_bytes()), drawn[name]):
+            wrong.append(f"{committed} is not what cookbook_{name} draws now: {text}")
+    return wrong
+
+
+def main(arguments):
+    only_compare = arguments[:1] == ["--compare"]
+    folder, work, target = map(pathlib.Path, arguments[only_compare:])
+    programs = sorted(folder.glob("cookbook_*"))
+    if not programs:
+        return f"no programs of the cookbook in {folder}: build with -DGLYPHWRIGHT_EXAMPLES=ON"
+    if not only_compare:
+        for name, picture in draw(programs, work).items():
+            write_png(target / f"{name}.png", picture)
+        return None
+    shutil.rmtree(work, ignore_errors=True)
+    work.mkdir(parents=True)
+    wrong = compare(programs, draw(programs, work), work, target)
+    if wrong:
+        return "\n".join(wrong + [f"look at {work / 'now'}; where it is right, run scripts/docs"])
+    print(f"{len(programs)} pictures are as committed")
+    return None
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))

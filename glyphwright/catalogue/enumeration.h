@@ -22,7 +22,9 @@ struct CaseRecord {
   std::string_view name;      ///< Of the case.
   std::string_view rawValue;  ///< The method of UIBezierPath that draws it.
 
+  /// A case that is named like its method. The characters are not copied, here and in the next.
   explicit constexpr CaseRecord(std::string_view both) : CaseRecord(both, both) {}
+  /// A case under a name of its own.
   constexpr CaseRecord(std::string_view caseName, std::string_view caseRawValue)
       : name(caseName), rawValue(caseRawValue) {}
 };
@@ -82,11 +84,13 @@ class EnumerationValue : public detail::EnumerationTag {
     return std::nullopt;
   }
 
+  /// Of one enumeration only: cases of two do not compare.
   friend constexpr bool operator==(E a, E b) { return a.index() == b.index(); }
   /// Declaration order.
   friend constexpr std::strong_ordering operator<=>(E a, E b) { return a.index() <=> b.index(); }
 
  protected:
+  /// The case at a position below the number of cases, which is not checked.
   explicit constexpr EnumerationValue(std::uint8_t index) : index_(index) {}
 
  private:
@@ -123,5 +127,6 @@ std::ostream& operator<<(std::ostream& stream, E value) {
 
 template <glyphwright::RawValueEnumeration E>
 struct std::hash<E> {
+  /// The case index.
   constexpr std::size_t operator()(E value) const noexcept { return value.index(); }
 };

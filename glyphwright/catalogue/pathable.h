@@ -10,6 +10,7 @@ namespace glyphwright {
 /// Cases of different enumerations are never equal, even when the same method draws them.
 class Pathable {
  public:
+  /// Refers to the record of the enumeration, which is there as long as the program runs.
   template <CatalogueEnumeration E>
   constexpr Pathable(E value)
       : enumeration_(&E::enumeration), index_(static_cast<std::uint8_t>(value.index())) {}
@@ -29,6 +30,7 @@ class Pathable {
   /// raw value that no method has ends the process, see performSelector.
   UIBezierPath path() const;
 
+  /// Whether both are the same case of the same enumeration.
   friend constexpr bool operator==(const Pathable& a, const Pathable& b) {
     // Two shared libraries may each hold the record, so an address alone does not decide.
     return a.index_ == b.index_ &&
@@ -49,6 +51,7 @@ std::ostream& operator<<(std::ostream& stream, const Pathable& value);
 
 template <>
 struct std::hash<glyphwright::Pathable> {
+  /// From the names, so that equal cases of two shared libraries have one hash.
   std::size_t operator()(const glyphwright::Pathable& value) const noexcept {
     const std::hash<std::string_view> text;
     return text(value.enumerationName()) * 31 + text(value.name());

@@ -22,9 +22,11 @@ class GlyphwrightIconType {
   /// Makes the list of an area.
   using Sections = std::vector<IconTypeSection> (*)();
 
+  /// The characters are not copied and have to outlive the object; `list` must not be null.
   constexpr GlyphwrightIconType(std::string_view heading, Sections list)
       : title_(heading), sections_(list) {}
 
+  /// The heading, to be shown as it is.
   constexpr std::string_view title() const { return title_; }
   /// A new list from each call, in display order; the caller may change it freely.
   std::vector<IconTypeSection> sections() const { return sections_(); }

@@ -23,6 +23,7 @@ namespace glyphwright {
 /// layer: it takes them over when it is made and is kept in step from then on.
 class VNTLGradientShapeLayer : public CALayer {
  public:
+  /// A new layer without path, colours and size.
   static std::shared_ptr<VNTLGradientShapeLayer> layer();
   /// `initWithLayer:` by hand: a copy of the layer's own properties (no tree), then
   /// `copyCustomPropertiesFromLayer:`. From a layer of another class it has no inner layers.

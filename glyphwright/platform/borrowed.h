@@ -15,7 +15,9 @@ namespace glyphwright {
 template <typename T>
 class Borrowed {
  public:
+  /// No object.
   constexpr Borrowed(std::nullptr_t = nullptr) {}
+  /// The object has to outlive the call. A null pointer is no object.
   constexpr Borrowed(T& object) : object_(&object) {}
   constexpr Borrowed(T* object) : object_(object) {}
   /// Any pointer that knows its object, held by a smart one.
@@ -25,8 +27,11 @@ class Borrowed {
   }
   constexpr Borrowed(const Pointer& pointer) : object_(pointer.get()) {}
 
+  /// Whether there is an object.
   constexpr explicit operator bool() const { return object_ != nullptr; }
+  /// Null without one.
   constexpr T* get() const { return object_; }
+  /// Only where there is one; nothing checks it.
   constexpr T* operator->() const { return object_; }
   constexpr T& operator*() const { return *object_; }
 
@@ -42,10 +47,13 @@ class BorrowedList : public std::span<const T> {
 
  public:
   constexpr BorrowedList() = default;
+  /// In braces: good until the end of the full expression, as the elements live no longer.
   constexpr BorrowedList(std::initializer_list<T> list) : Span(list.begin(), list.size()) {}
+  /// Looks at the elements where they are: the container has to outlive the call, unchanged.
   template <typename List>
   requires std::convertible_to<const List&, Span>
   constexpr BorrowedList(const List& list) : Span(list) {}
+  /// Copies the elements, each turned into a `T`.
   template <typename List>
   requires(!std::convertible_to<const List&, Span> &&
            requires(const List& list) {

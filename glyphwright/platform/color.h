@@ -27,6 +27,7 @@ class UIColor {
     return color;
   }
 
+  /// Greys: 0, 1/3, 2/3, 1 and 1/2, opaque; the last is black with alpha 0.
   static constexpr UIColor blackColor() { return colorWithWhite(0, 1); }
   static constexpr UIColor darkGrayColor() { return colorWithWhite(1.0 / 3.0, 1); }
   static constexpr UIColor lightGrayColor() { return colorWithWhite(2.0 / 3.0, 1); }
@@ -34,10 +35,13 @@ class UIColor {
   static constexpr UIColor grayColor() { return colorWithWhite(0.5, 1); }
   static constexpr UIColor clearColor() { return colorWithWhite(0, 0); }
 
+  /// As they were given, also outside 0…1; a grey has its one component in all three.
   constexpr CGFloat red() const { return red_; }
   constexpr CGFloat green() const { return green_; }
   constexpr CGFloat blue() const { return blue_; }
+  /// 0 clear to 1 opaque.
   constexpr CGFloat alpha() const { return alpha_; }
+  /// How the colour was made; one of three equal components is no grey.
   constexpr Model model() const { return model_; }
 
   /// `getRed:green:blue:alpha:` stores the components (a grey gives r = g = b) and answers true.

@@ -30,6 +30,7 @@ struct CGRect {
   CGSize size;     ///< Kept as given.
 
   constexpr CGRect() = default;
+  /// Any numbers, kept as given.
   constexpr CGRect(CGPoint o, CGSize s) : origin(o), size(s) {}
   constexpr CGRect(CGFloat x, CGFloat y, CGFloat width, CGFloat height)
       : origin{x, y}, size{width, height} {}
@@ -40,6 +41,7 @@ struct CGRect {
 /// The rectangle of nothing: origin at infinity, no size. Not equal to the zero rectangle.
 inline constexpr CGRect CGRectNull{std::numeric_limits<CGFloat>::infinity(),
                                    std::numeric_limits<CGFloat>::infinity(), 0, 0};
+/// Origin (0, 0), no size.
 inline constexpr CGRect CGRectZero{};
 
 /// Sides of the area that the rectangle covers, also where its width or height is negative.

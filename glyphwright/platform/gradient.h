@@ -45,6 +45,7 @@ class CGGradient {
   /// Locations clamped to 0…1 or to ±kFarthestLocation (NaN is 0) and stably sorted.
   explicit CGGradient(std::vector<Stop> stops, Locations locations = Locations::clamped);
 
+  /// In rising order of location; empty when there were none. Valid as long as the gradient is.
   std::span<const Stop> stops() const { return stops_; }
 
  private:

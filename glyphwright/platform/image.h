@@ -32,12 +32,15 @@ enum class CGBlendMode : std::uint8_t { normal };
 class CGImage {
  public:
   CGImage() = default;
+  /// Shares `rgba`, which must hold width × height × 4 bytes and not change any more: nothing
+  /// checks it. Null only with 0 × 0.
   CGImage(std::size_t pixelWidth, std::size_t pixelHeight,
           std::shared_ptr<const std::uint8_t[]> rgba)
       : pixels_(std::move(rgba)), width_(pixelWidth), height_(pixelHeight) {}
   /// Pixels copied from `rgba`, which must hold width × height × 4 bytes; otherwise no pixels.
   CGImage(std::size_t pixelWidth, std::size_t pixelHeight, std::span<const std::uint8_t> rgba);
 
+  /// 0 when there are no pixels.
   std::size_t pixelWidth() const { return width_; }
   std::size_t pixelHeight() const { return height_; }
   /// The same.
@@ -45,6 +48,7 @@ class CGImage {
   std::size_t height() const { return height_; }
   /// pixelWidth × pixelHeight × 4 bytes; empty when there are none.
   std::span<const std::uint8_t> rgba() const { return {pixels_.get(), width_ * height_ * 4}; }
+  /// Whether there are pixels.
   explicit operator bool() const { return pixels_ != nullptr; }
 
   /// Copies the pixels into the caller's memory, in its format. False, and nothing written, unless
@@ -67,6 +71,8 @@ class CGImage {
 class UIImage {
  public:
   UIImage() = default;
+  /// Kept as given: size × scale is not compared with the pixels. Unless both products are above 0
+  /// the image draws as nothing.
   UIImage(CGImage cgImage, CGFloat scale, CGSize size)
       : image_(std::move(cgImage)), size_(size), scale_(scale) {}
 
@@ -74,7 +80,9 @@ class UIImage {
   CGSize size() const { return size_; }
   /// Pixels per point.
   CGFloat scale() const { return scale_; }
+  /// Valid as long as the image is; without pixels when the image has none.
   const CGImage& cgImage() const { return image_; }
+  /// False for the plain image and where a size could not be drawn.
   bool hasPixels() const { return static_cast<bool>(image_); }
 
   // Drawing into the current context; without one, nothing happens
@@ -99,11 +107,14 @@ class UIImage {
 
   /// The closed envelope filled with a gradient from its upper left to its lower right corner.
   static UIImage emailIcon(CGSize size, const BorrowedList<UIColor>& gradientColors);
+  /// Icons in one colour, fitted to `size` points. A size that cannot be drawn gives no pixels,
+  /// here and in the other images.
   static UIImage arrowDownIcon(const UIColor& with, CGSize size);
   static UIImage arrowRightIcon(const UIColor& with, CGSize size);
   static UIImage arrowLeftIcon(const UIColor& with, CGSize size);
   static UIImage onboardingCameraIcon(CGSize size, const UIColor& color);
   static UIImage vinylInputButton(CGSize size, const UIColor& color);
+  /// In light grey.
   static UIImage vinylSongIcon(CGSize size);
   /// A dot with a ring; a border width below 1 draws no ring (it is read as a whole number).
   static UIImage matchAlertDot(CGSize size, const UIColor& fillColor, const UIColor& borderColor,
@@ -119,11 +130,13 @@ class UIImage {
                                    const BorrowedList<UIColor>& backgroundGradientColors);
   static UIImage addPhotosHomeIcon(CGSize size, const UIColor& iconColor,
                                    const UIColor& backgroundFillColor);
+  /// The camera sign, filled; nothing for a size that cannot be drawn, here and below.
   static std::optional<UIImage> instagramProfileConnectButtonImage(const UIColor& withColor,
                                                                    CGSize size);
   /// `instagramProfileConnectButtonImageWithColor:size:`
   static std::optional<UIImage> instagramProfileConnectButtonImageWithColor(const UIColor& color,
                                                                             CGSize size);
+  /// The camera sign in the middle of a ground that fills the image.
   static std::optional<UIImage> instagramPlaceholderImage(const UIColor& withColor,
                                                           const UIColor& backgroundColor,
                                                           CGSize size);

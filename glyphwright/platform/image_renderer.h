@@ -19,7 +19,9 @@ class UIGraphicsImageRendererFormat {
 /// What a renderer hands to the drawing actions.
 class UIGraphicsImageRendererContext {
  public:
+  /// Not owned: good until the actions return.
   explicit UIGraphicsImageRendererContext(CGContextRef context) : context_(context) {}
+  /// The canvas, also the current context; ignores drawing when the size cannot be drawn.
   CGContextRef cgContext() const { return context_; }
 
  private:
@@ -32,6 +34,8 @@ class UIGraphicsImageRenderer {
   /// What draws; called once, before `image` or `draw` returns.
   using Actions = std::function<void(const UIGraphicsImageRendererContext&)>;
 
+  /// `initWithSize:` and `initWithSize:format:` a size in points; without a format, the default one
+  /// as it is now. Any size is taken, see `image`.
   explicit UIGraphicsImageRenderer(CGSize size)
       : UIGraphicsImageRenderer(size, UIGraphicsImageRendererFormat::defaultFormat()) {}
   UIGraphicsImageRenderer(CGSize size, UIGraphicsImageRendererFormat format)

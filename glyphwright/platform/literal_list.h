@@ -15,6 +15,7 @@ class LiteralList {
   /// `literal` must outlive this list and all its copies, as constants do.
   explicit LiteralList(std::span<const T> literal) : literal_(literal) {}
 
+  /// The elements, to be read; valid until the list changes.
   std::span<const T> view() const { return literal_.empty() ? std::span<const T>(own_) : literal_; }
   /// The elements, to be changed.
   std::vector<T>& edit() {

@@ -79,10 +79,14 @@ class CGPath {
         subpathStart_(literal.subpathStart),
         box_(literal.box) {}
 
+  /// Starts a subpath, which paints nothing until a segment follows.
   void moveToPoint(CGPoint point);
+  /// A line, a quadratic or a cubic from the current point to `point`, which is the next current
+  /// one.
   void addLineToPoint(CGPoint point);
   void addQuadCurveToPoint(CGPoint point, CGPoint control);
   void addCurveToPoint(CGPoint point, CGPoint control1, CGPoint control2);
+  /// A line back to where the subpath started, which becomes the current point.
   void closeSubpath();
 
   /// Adds a circular arc. Angles are radians, 0 at +x, π/2 at +y; `clockwise` runs with increasing
@@ -119,12 +123,15 @@ class CGPath {
   /// False when any coordinate is NaN or infinite.
   bool isFinite() const;
 
+  /// The elements in order and the points of all of them: one for a move or a line, two for a
+  /// quadratic, three for a cubic (controls first), none for a close. Valid until the path changes.
   std::span<const PathVerb> verbs() const { return verbs_.view(); }
   std::span<const CGPoint> points() const { return points_.view(); }
 
   /// Room for this many elements and points without another allocation.
   void reserve(std::size_t verbs, std::size_t points);
 
+  /// The same elements with equal points; a NaN equals nothing.
   friend bool operator==(const CGPath& a, const CGPath& b);
 
  private:

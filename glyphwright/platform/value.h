@@ -14,6 +14,7 @@ namespace glyphwright {
 /// rules of C: towards zero to a whole number, rounded to 32 bits as a float.
 class NSNumber {
  public:
+  /// Whole numbers up to 2⁶³ − 1 are kept to the last digit, all others as a double.
   template <typename Number>
   requires std::is_arithmetic_v<Number>
   constexpr NSNumber(Number value) {
@@ -24,6 +25,7 @@ class NSNumber {
     }
   }
 
+  /// A whole number beyond 2⁵³ is rounded to the nearest double.
   constexpr double doubleValue() const {
     const double* real = std::get_if<double>(&value_);
     return real ? *real : static_cast<double>(std::get<std::int64_t>(value_));
@@ -46,6 +48,7 @@ class NSNumber {
     if (*real < -limit) return std::numeric_limits<std::int64_t>::min();
     return *real == *real ? static_cast<std::int64_t>(*real) : 0;
   }
+  /// True for all but 0, NaN included.
   constexpr bool boolValue() const { return doubleValue() != 0; }
 
  private:
@@ -65,15 +68,18 @@ class NSNumber {
 /// zeros.
 class NSValue {
  public:
+  /// Kept as given, not finite numbers too.
   constexpr NSValue(CGPoint point) : value_(point) {}
   constexpr NSValue(CGSize size) : value_(size) {}
   constexpr NSValue(const CGRect& rect) : value_(rect) {}
 
+  /// Whether the boxed kind is `Kind`: CGPoint, CGSize or CGRect.
   template <typename Kind>
   constexpr bool holds() const {
     return std::holds_alternative<Kind>(value_);
   }
 
+  /// Of another kind than the boxed one: zeros.
   constexpr CGPoint CGPointValue() const { return read<CGPoint>(); }
   constexpr CGSize CGSizeValue() const { return read<CGSize>(); }
   constexpr CGRect CGRectValue() const { return read<CGRect>(); }

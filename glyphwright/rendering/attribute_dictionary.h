@@ -24,7 +24,9 @@ struct IconShadow;
 /// copied and have to outlive the key.
 class VNTLGlyphwright {
  public:
+  /// Any characters; keys of the same characters are the same key.
   explicit constexpr VNTLGlyphwright(std::string_view rawValue) : rawValue_(rawValue) {}
+  /// The characters, as they were given.
   constexpr std::string_view rawValue() const { return rawValue_; }
 
   friend constexpr bool operator==(const VNTLGlyphwright&, const VNTLGlyphwright&) = default;
@@ -68,6 +70,7 @@ using AttributeKinds = std::variant<NSNumber, NSValue, UIColor, std::shared_ptr<
 /// point where the key is of one.
 struct AttributeValue : AttributeKinds {
   using AttributeKinds::AttributeKinds;
+  /// In braces.
   AttributeValue(std::initializer_list<NSNumber> numbers);
   AttributeValue(std::initializer_list<UIColor> colors);
   /// A shadow of its own, as it is now.
@@ -96,18 +99,23 @@ class AttributeDictionary {
   AttributeDictionary(
       std::initializer_list<std::pair<VNTLGlyphwright, AttributeValue>> keysAndValues);
 
+  /// Takes the place of the value under an equal key; the key's characters are copied.
   void setValue(VNTLGlyphwright key, AttributeValue value);
+  /// Does nothing for an absent key.
   void removeValue(VNTLGlyphwright key);
   /// Null when the key is absent.
   const AttributeValue* value(VNTLGlyphwright key) const;
+  /// How many keys there are, known to a renderer or not.
   std::size_t count() const { return values_.size(); }
 
   // Reading by kind: empty or null when the key is absent or holds another kind
 
+  /// Valid until the value is replaced or removed, as all pointers here.
   const UIColor* color(VNTLGlyphwright key) const;
   /// A boxed one, or two numbers in a list; so is a point.
   std::optional<CGSize> size(VNTLGlyphwright key) const;
   std::optional<CGPoint> point(VNTLGlyphwright key) const;
+  /// As they are stored: a number alone is no list, and a list of one is no number.
   const NSNumber* number(VNTLGlyphwright key) const;
   const NSShadow* shadow(VNTLGlyphwright key) const;
   const std::vector<UIColor>* colors(VNTLGlyphwright key) const;

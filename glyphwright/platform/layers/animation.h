@@ -18,6 +18,7 @@ class CALayer;
 /// changes nothing.
 class CAAnimation : public CAMediaTiming {
  public:
+  /// A new one: no duration, begin time 0, played once.
   static std::shared_ptr<CAAnimation> animation();
   virtual ~CAAnimation();
 
@@ -70,11 +71,13 @@ class CAAnimation : public CAMediaTiming {
 /// fade from, and so it changes nothing that is shown.
 class CATransition : public CAAnimation {
  public:
+  /// A new one, of type "fade".
   static std::shared_ptr<CATransition> animation();
 
   /// "fade" when new.
   const std::string& type() const { return type_; }
   void setType(std::string type) { type_ = std::move(type); }
+  /// The direction, any text; none when new.
   const std::optional<std::string>& subtype() const { return subtype_; }
   void setSubtype(std::optional<std::string> subtype) { subtype_ = std::move(subtype); }
 
@@ -121,9 +124,11 @@ class CAPropertyAnimation : public CAAnimation {
 ///     by, to        to − by … to           by            current … current + by
 class CABasicAnimation : public CAPropertyAnimation {
  public:
+  /// A new one without values. A key path says what it moves; without one it does nothing.
   static std::shared_ptr<CABasicAnimation> animation();
   static std::shared_ptr<CABasicAnimation> animationWithKeyPath(std::string keyPath);
 
+  /// Each none when new. Values of a kind that the property does not have move nothing.
   const std::optional<AnimationValue>& fromValue() const { return from_; }
   void setFromValue(std::optional<AnimationValue> value);
   const std::optional<AnimationValue>& toValue() const { return to_; }
@@ -149,9 +154,11 @@ enum class CAAnimationCalculationMode : std::uint8_t { linear, discrete };
 /// Through a list of values.
 class CAKeyframeAnimation : public CAPropertyAnimation {
  public:
+  /// A new one without values. A key path says what it moves; without one it does nothing.
   static std::shared_ptr<CAKeyframeAnimation> animation();
   static std::shared_ptr<CAKeyframeAnimation> animationWithKeyPath(std::string keyPath);
 
+  /// In the order in which they are reached, one alone stands; without any, nothing moves.
   const std::vector<AnimationValue>& values() const { return values_; }
   void setValues(std::vector<AnimationValue> values);
   /// When each value is reached, in parts of the run from 0 to 1, never falling; for the discrete
@@ -167,6 +174,7 @@ class CAKeyframeAnimation : public CAPropertyAnimation {
   /// The pace between one value and the next; linear where one is missing.
   const std::vector<CAMediaTimingFunction>& timingFunctions() const { return timingFunctions_; }
   void setTimingFunctions(std::vector<CAMediaTimingFunction> functions);
+  /// Linear when new.
   CAAnimationCalculationMode calculationMode() const { return calculationMode_; }
   void setCalculationMode(CAAnimationCalculationMode mode) { calculationMode_ = mode; }
 
@@ -189,6 +197,7 @@ class CAKeyframeAnimation : public CAPropertyAnimation {
 /// the group's local time, cut off at its duration; one without a duration takes the group's.
 class CAAnimationGroup : public CAAnimation {
  public:
+  /// A new one that holds nothing.
   static std::shared_ptr<CAAnimationGroup> animation();
 
   /// `init` of a group that holds nothing.
@@ -199,6 +208,8 @@ class CAAnimationGroup : public CAAnimation {
   /// Lets go of groups within groups one after the other, however deep they are.
   ~CAAnimationGroup() override;
 
+  /// In the order in which they apply: of two on one property the later one shows,
+  /// unless it is additive.
   const std::vector<std::shared_ptr<CAAnimation>>& animations() const { return animations_; }
   /// Null entries are left out.
   void setAnimations(std::vector<std::shared_ptr<CAAnimation>> animations);

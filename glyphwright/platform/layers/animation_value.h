@@ -22,6 +22,7 @@ using AnimationKinds = std::variant<CGFloat, CGPoint, CGSize, CGRect, CGAffineTr
 struct AnimationValue : AnimationKinds {
   using AnimationKinds::AnimationKinds;
   // What copies so many kinds is made once, and not again by every program that includes this.
+  /// Copies are independent; what was moved from is of the same kind and may be assigned to.
   AnimationValue(const AnimationValue& other);
   AnimationValue(AnimationValue&& other) noexcept;
   AnimationValue& operator=(const AnimationValue& other);

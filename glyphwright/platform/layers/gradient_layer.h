@@ -20,11 +20,14 @@ inline constexpr std::string_view kCAGradientLayerConic = "conic";
 /// number than the colours, and equal points draw nothing.
 class CAGradientLayer : public CALayer {
  public:
+  /// A new layer without colours.
   static std::shared_ptr<CAGradientLayer> layer();
 
   CAGradientLayer() = default;
+  /// `initWithLayer:` see CALayer; from a layer of another class, the gradient is a new layer's.
   CAGradientLayer(PresentationPass& pass, CALayer& layer);
 
+  /// From start to end; none when new. Fewer than two draw nothing.
   const std::optional<std::vector<CGColor>>& colors() const { return gradient_.colors; }
   void setColors(std::optional<std::vector<CGColor>> colors);
   /// In braces.

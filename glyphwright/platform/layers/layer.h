@@ -38,8 +38,11 @@ enum class LayerPart : std::uint8_t {
 class LayerParts {
  public:
   constexpr LayerParts() = default;
+  /// Adding one that is there already changes nothing.
   constexpr void add(LayerPart part) { bits_ = static_cast<std::uint8_t>(bits_ | bit(part)); }
+  /// Whether `part` is among them.
   constexpr bool has(LayerPart part) const { return (bits_ & bit(part)) != 0; }
+  /// Whether there are none, exactly one, and no other than `part`, which is there.
   constexpr bool isEmpty() const { return bits_ == 0; }
   constexpr bool isOne() const { return bits_ != 0 && (bits_ & (bits_ - 1)) == 0; }
   constexpr bool isOnly(LayerPart part) const { return bits_ == bit(part); }
@@ -58,6 +61,7 @@ class LayerParts {
 /// anchor point, transform or zPosition throws std::invalid_argument and changes nothing.
 class CALayer : public CAMediaTiming {
  public:
+  /// A new layer of no size that shows nothing.
   static std::shared_ptr<CALayer> layer();
 
   /// `init`
@@ -72,9 +76,11 @@ class CALayer : public CAMediaTiming {
 
   // Geometry
 
+  /// The layer's own coordinates, in points; the zero rectangle when new.
   const CGRect& bounds() const { return model_.bounds; }
   /// A negative size is standardised.
   virtual void setBounds(const CGRect& bounds);
+  /// Where the anchor point is in the superlayer's coordinates; (0, 0) when new.
   CGPoint position() const { return model_.position; }
   virtual void setPosition(CGPoint position);
   /// The box around the bounds in the superlayer's coordinates.
@@ -85,6 +91,7 @@ class CALayer : public CAMediaTiming {
   /// (0.5, 0.5) when new: the middle of the bounds.
   CGPoint anchorPoint() const { return model_.anchorPoint; }
   void setAnchorPoint(CGPoint anchorPoint);
+  /// About the anchor point; the identity when new.
   const CGAffineTransform& transform() const { return model_.transform; }
   void setTransform(const CGAffineTransform& transform);
   /// Of sublayers the higher ones are drawn later; equal ones in the order they were added.
@@ -103,6 +110,7 @@ class CALayer : public CAMediaTiming {
   virtual void removeFromSuperlayer();
   /// The layer this one is a sublayer or the mask of, or null. Not owned.
   CALayer* superlayer() const { return superlayer_; }
+  /// Null when new.
   const std::shared_ptr<CALayer>& mask() const { return mask_; }
   /// A layer whose alpha shows through to this one and its sublayers: it stands in this layer's
   /// coordinates and is not drawn itself; a mask that shows nothing hides all. It is taken out of
@@ -111,8 +119,11 @@ class CALayer : public CAMediaTiming {
 
   // Look
 
+  /// A picture above the background; none when new.
   const CGImage& contents() const { return model_.contents; }
   void setContents(CGImage contents) { model_.contents = std::move(contents); }
+  /// Resize when new. What is larger than the bounds shows beyond them unless the layer
+  /// masks to them.
   CALayerContentsGravity contentsGravity() const { return model_.contentsGravity; }
   void setContentsGravity(CALayerContentsGravity gravity) { model_.contentsGravity = gravity; }
   /// Pixels of the contents for each point; 1 when new. Not above 0 or not finite reads as 1.
@@ -121,6 +132,7 @@ class CALayer : public CAMediaTiming {
   /// Of the layer and its sublayers as one, 1 when new; clamped to 0…1 when drawn, NaN counts as 0.
   CGFloat opacity() const { return model_.opacity; }
   void setOpacity(CGFloat opacity) { model_.opacity = opacity; }
+  /// Hides the sublayers too; false when new.
   bool isHidden() const { return model_.hidden; }
   void setHidden(bool hidden) { model_.hidden = hidden; }
   /// Rounds background, gradient, border and the clip of masksToBounds. Negative or NaN counts as
@@ -133,6 +145,7 @@ class CALayer : public CAMediaTiming {
   /// Opaque black when new.
   const std::optional<CGColor>& borderColor() const { return model_.borderColor; }
   void setBorderColor(std::optional<CGColor> color) { model_.borderColor = color; }
+  /// None when new: nothing is painted behind the contents.
   const std::optional<CGColor>& backgroundColor() const { return model_.backgroundColor; }
   void setBackgroundColor(std::optional<CGColor> color) { model_.backgroundColor = color; }
   /// Whether the layer and its sublayers are cut off at the bounds, all as one, as a mask of that
@@ -157,6 +170,7 @@ class CALayer : public CAMediaTiming {
   /// The keys in the order in which the animations apply; nothing when there is no animation. Those
   /// without a key are not listed.
   virtual std::optional<std::vector<std::string>> animationKeys() const;
+  /// An unknown key does nothing; those without a key go only with all.
   virtual void removeAnimationForKey(std::string_view key);
   virtual void removeAllAnimations();
 

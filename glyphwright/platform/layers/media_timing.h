@@ -38,6 +38,7 @@ class CAMediaTiming {
   /// Whether each run is followed by the same run backwards.
   bool autoreverses() const { return values_.autoreverses; }
   void setAutoreverses(bool autoreverses) { values_.autoreverses = autoreverses; }
+  /// Removed when new.
   CAMediaTimingFillMode fillMode() const { return values_.fillMode; }
   void setFillMode(CAMediaTimingFillMode mode) { values_.fillMode = mode; }
 

@@ -15,9 +15,11 @@ enum class CAShapeLayerFillRule : std::uint8_t { nonZero, evenOdd };
 /// not cut off at the bounds.
 class CAShapeLayer : public CALayer {
  public:
+  /// A new layer without a path.
   static std::shared_ptr<CAShapeLayer> layer();
 
   CAShapeLayer() = default;
+  /// `initWithLayer:` see CALayer; from a layer of another class, the shape is a new layer's.
   CAShapeLayer(PresentationPass& pass, CALayer& layer);
 
   /// Nothing when new: nothing is drawn.
@@ -35,10 +37,13 @@ class CAShapeLayer : public CALayer {
   /// In points, 1 when new; 0 is one device pixel, negative or NaN strokes nothing.
   CGFloat lineWidth() const { return shape_.style.width; }
   void setLineWidth(CGFloat width) { shape_.style.width = width; }
+  /// How open ends look; butt when new.
   CGLineCap lineCap() const { return shape_.style.cap; }
   void setLineCap(CGLineCap cap) { shape_.style.cap = cap; }
+  /// How corners look; miter when new.
   CGLineJoin lineJoin() const { return shape_.style.join; }
   void setLineJoin(CGLineJoin join) { shape_.style.join = join; }
+  /// Above this ratio of miter length to line width a miter join becomes a bevel; 10 when new.
   CGFloat miterLimit() const { return shape_.style.miterLimit; }
   void setMiterLimit(CGFloat limit) { shape_.style.miterLimit = limit; }
   /// Where along the whole length of the path the stroke starts and ends, 0 to 1; 0 and 1 when new.

@@ -47,6 +47,7 @@ class CAMediaTimingFunction {
     return {};
   }
 
+  /// After clamping; (0, 0) and (1, 1) of the linear pace.
   constexpr CGPoint controlPoint1() const { return c1_; }
   constexpr CGPoint controlPoint2() const { return c2_; }
 

@@ -1,5 +1,7 @@
 // The program's text commands, and how it answers mistakes.
 
+#include <filesystem>
+#include <numeric>
 #include <set>
 #include <string>
 #include <vector>
@@ -14,13 +16,18 @@
 #include <glyphwright/paths/registry.h>
 
 #include "cli_program.h"
+#include "places.h"
 #include "tools/bare_strokes.h"
 #include "tools/path_text.h"
+#include "tools/stage_pictures.h"
 
 namespace glyphwright {
 namespace {
 
 using cli_test::Outcome;
+using cli_test::Picture;
+using cli_test::readFile;
+using cli_test::readPng;
 using cli_test::run;
 using nlohmann::json;
 
@@ -185,6 +192,8 @@ TEST(CliUsage, AnswersMistakesWithStatusTwoAndAHint) {
            Row{{"preset", "ChatIcons.ActionBar.gifNormalIcon", "-o", "x.png", "--size", "9"},
                "takes no --size"},
            Row{{"inspect"}, "--all"},
+           Row{{"inspect", "7", "--stages"}, "-o DIR"},
+           Row{{"inspect", "7", "-o", "x"}, "--stages"},
        }) {
     const Outcome result = run(row.arguments);
     SCOPED_TRACE(testing::PrintToString(row.arguments));
@@ -202,6 +211,41 @@ TEST(CliInspect, TakesEveryFormOfName) {
   EXPECT_EQ(reports.back().at("name"), "checkmarkPath");
   EXPECT_EQ(reports.back().at("frame"), json({0, 0, 20, 15}));
   EXPECT_EQ(reports.back().at("contours").size(), 1U);
+}
+
+// Half a pixel high at its end, and clockwise: its right side runs down, its left side up.
+TEST(CliInspect, ReadsTheStagesOfARectangle) {
+  const cli::Stages stages = cli::stagesOf(UIBezierPath::bezierPathWithRect({7, 9, 8, 5}), 4);
+  const std::size_t margin = (stages.width - 4) / 2;
+  ASSERT_EQ(stages.height, 3 + 2 * margin);
+  for (std::size_t y = 0; y < stages.height; ++y) {
+    const int covered = y < margin || y > margin + 2 ? 0 : y < margin + 2 ? 1024 : 512;
+    for (std::size_t x = 0; x < stages.width; ++x) {
+      const std::size_t i = y * stages.width + x;
+      EXPECT_EQ(stages.cells[i], x == margin ? -covered : x == margin + 4 ? covered : 0);
+      const bool isIn = x >= margin && x < margin + 4;
+      EXPECT_NEAR(stages.coverage[i], isIn ? covered / 1024.0 : 0, 1e-4);
+    }
+  }
+  EXPECT_NEAR(std::accumulate(stages.shadow.begin(), stages.shadow.end(), 0.0), 10, 0.01);
+  EXPECT_EQ(stages.chords.size(), 4U);
+}
+
+// The pictures in the documents are those that the program draws today.
+TEST(CliInspect, DrawsTheStagesThatTheDocumentsShow) {
+  const std::filesystem::path folder = cli_test::freshFolder("stages");
+  const Outcome result = run({"inspect", "heartPath", "--stages", "-o", folder.string()});
+  ASSERT_EQ(result.status, 0) << result.err;
+  std::size_t count = 0;
+  for (const auto& drawn : std::filesystem::directory_iterator(folder)) {
+    const std::string name = drawn.path().filename().string();
+    SCOPED_TRACE(name);
+    const Picture shown = readPng(readFile(places::inSource("docs/stages/" + name)));
+    EXPECT_GT(shown.width, 900U);
+    EXPECT_EQ(readPng(readFile(drawn.path())).rgba, shown.rgba);
+    ++count;
+  }
+  EXPECT_EQ(count, cli::kStages);
 }
 
 TEST(CliPreset, ListsAsJson) {

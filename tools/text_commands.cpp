@@ -48,10 +48,28 @@ void addInspect(CLI::App& program, std::optional<Command>& command) {
   auto options = std::make_shared<InspectOptions>();
   CLI::Option* const names = app->add_option("NAME", options->names, kNamesHelp)->type_name("");
   app->add_flag("--all", options->all, "every icon method, in place of names")->excludes(names);
-  app->add_flag("--json", options->json, "as a JSON array");
+  CLI::Option* const json = app->add_flag("--json", options->json, "as a JSON array");
+  CLI::Option* const stages =
+      app->add_flag("--stages", options->stages,
+                    "pictures of what each stage of drawing makes of an icon, from outline to "
+                    "pixels, in place of facts")
+          ->excludes(json);
+  app->add_option("-o,--output", options->folder, "the folder to write the pictures into")
+      ->type_name("DIR")
+      ->needs(stages);
+  app->add_option("--size", options->size, "pixels of the icon's longer side, 24 unless given")
+      ->check(CLI::Range(4, 256).description(""))
+      ->type_name("N")
+      ->needs(stages);
+  app->footer(
+      "Example:\n  glyphwright inspect heartPath\n  glyphwright inspect heartPath --stages -o "
+      "stages");
   app->callback([&command, options] {
     if (options->names.empty() && !options->all) {
       throw UsageError("inspect: give at least one icon, or --all");
+    }
+    if (options->stages && options->folder.empty()) {
+      throw UsageError("inspect: --stages needs a folder for its pictures: -o DIR");
     }
     command = *options;
   });

@@ -61,8 +61,9 @@ class Board {
   void squares(ColorOf colorOf) {
     const CGFloat side = magnified(1.0);
     for (std::size_t i = 0; i < stages_.width * stages_.height; ++i) {
+      const std::size_t row = i / stages_.width;
       fill(colorOf(i), {magnified(static_cast<CGFloat>(i % stages_.width)),
-                        magnified(static_cast<CGFloat>(i / stages_.width)), side, side});
+                        magnified(static_cast<CGFloat>(row)), side, side});
     }
   }
   void grid(const UIColor& color) {

@@ -98,7 +98,7 @@ std::vector<double> valuesOf(const Mask& mask) {
 UIImage paint(const Stages& stages, bool evenOdd, const Cast& cast) {
   UIGraphicsBeginImageContextWithOptions(
       {static_cast<CGFloat>(stages.width), static_cast<CGFloat>(stages.height)}, false, 1);
-  const CGContextRef context = UIGraphicsGetCurrentContext();
+  CGContextRef context = UIGraphicsGetCurrentContext();
   CGContextSetShadowWithColor(context, {0, static_cast<CGFloat>(cast.down)}, cast.blur,
                               UIColor(0, 0, 0, 0.5));
   const UIColor ink(0.1, 0.45, 0.85, 1);

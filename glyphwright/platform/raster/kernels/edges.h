@@ -51,6 +51,8 @@ struct EdgeGroup {
     sign = rises | Ints::every(1);
     firstRow = shiftRight<kUnitShift>(upperY);
     lastRow = shiftRight<kUnitShift>(lowerY - Ints::every(1));
+    from = max(firstRow, Ints::every(0));
+    count = min(lastRow, Ints::every(rows.rows - 1)) - from + Ints::every(1);
   }
 
   Floats upperX;
@@ -60,19 +62,18 @@ struct EdgeGroup {
   Ints sign;
   Ints firstRow;
   Ints lastRow;  // above the first one for level edges on a row's border
+  Ints from;     // the first one in the band
+  Ints count;    // how many there are from that on; none or less outside
 };
 
-/// Writes the pieces of edges that lie inside one row.
+/// Writes the pieces of edges that lie inside one row; gives how many.
 template <typename L>
-std::size_t putSingleRows(const EdgeRows& rows, const EdgeGroup<L>& group,
-                          const FirstCells<L>& firstCells, Pieces& p) {
+std::size_t putSingleRows(const EdgeGroup<L>& group, const FirstCells<L>& firstCells,
+                          std::size_t at, Pieces& p) {
   using Ints = typename L::Ints;
-  const Ints isInside = (max(group.firstRow, Ints::every(0)) == group.firstRow) &
-                        (min(group.lastRow, Ints::every(rows.rows - 1)) == group.lastRow);
-  const Ints isLevel = group.upperY == group.lowerY;
-  const unsigned set = bits((group.firstRow == group.lastRow) & isInside & ~isLevel);
+  const Ints isOne = (group.firstRow == group.lastRow) & (group.count == Ints::every(1));
+  const unsigned set = bits(isOne & (group.lowerY > group.upperY));
   const auto chosen = L::choice(set);
-  const std::size_t at = p.count;
   storeChosen(p.xa + at, group.upperX, chosen);
   storeChosen(p.xb + at, group.lowerX, chosen);
   storeChosen(p.cover + at, withSign(group.lowerY - group.upperY, group.sign), chosen);
@@ -83,32 +84,26 @@ std::size_t putSingleRows(const EdgeRows& rows, const EdgeGroup<L>& group,
 /// Lists the edges of a group that span rows. Listing costs the same for any number of them; asking
 /// of each edge would cost a wrong guess for most.
 template <typename L>
-void listRowSpanners(const EdgeRows& rows, const EdgeGroup<L>& group, std::size_t at,
-                     EdgesAtHand& out) {
+void listRowSpanners(const EdgeGroup<L>& group, std::size_t at, EdgesAtHand& out) {
   using Ints = typename L::Ints;
-  const Ints one = Ints::every(1);
-  const Ints from = max(group.firstRow, Ints::every(0));
-  const Ints to = min(group.lastRow, Ints::every(rows.rows - 1));
-  const Ints count = to - from + one;
   store(out.x0 + at, group.upperX);
   store(out.x1 + at, group.lowerX);
   store(out.slope + at, (group.lowerX - group.upperX) / floats(group.lowerY - group.upperY));
   store(out.y0 + at, group.upperY);
   store(out.y1 + at, group.lowerY);
   store(out.sign + at, group.sign);
-  store(out.first + at, from);
-  store(out.rows + at, count);
+  store(out.first + at, group.from);
+  store(out.rows + at, group.count);
   // Those in the band, of more than one row in all.
-  const Ints spans = (group.lastRow > group.firstRow) & ~(one > count);
-  const Ints isTall = count > Ints::every(4);
-  const auto list = [at](Ints mask, std::uint8_t* edges) {
-    const unsigned set = bits(mask);
+  const unsigned spans = bits((group.lastRow > group.firstRow) & (group.count > Ints::every(0)));
+  const unsigned tall = bits(group.count > Ints::every(4));
+  const auto list = [at](unsigned set, std::uint8_t* edges) {
     const std::uint64_t numbers = lanes::kChosen[set] + at * 0x0101010101010101;
     std::memcpy(edges, &numbers, sizeof(numbers));
     return static_cast<std::size_t>(__builtin_popcount(set));
   };
-  out.lowCount += list(spans & ~isTall, out.low + out.lowCount);
-  out.tallCount += list(spans & isTall, out.tall + out.tallCount);
+  out.lowCount += list(spans & ~tall, out.low + out.lowCount);
+  out.tallCount += list(spans & tall, out.tall + out.tallCount);
 }
 
 /// The rows of one edge, or of two in halves of four.
@@ -162,55 +157,61 @@ struct EdgeLanes {
 /// Edges inside one row, of which small shapes have many, eight at a time; those of up to four rows
 /// two at a time; the others one by one, eight rows at a time. Nowhere is there a loop over an
 /// edge's rows whose end the processor could guess wrong. Pieces beyond an edge's end are
-/// overwritten by the next edge.
+/// overwritten by the next edge. Gives how many there are; a count in memory would be read anew
+/// after each store.
 template <typename L>
-void cutEdges(EdgeRows& rows, Pieces& p) {
+std::size_t cutSome(EdgeRows& rows, Pieces& p) {
   using Ints = typename L::Ints;
   const Ints eights = numbers<Ints>();
   const Ints fours = firstHalves(eights, eights);
   const FirstCells<L> firstCells(rows);
   EdgesAtHand& at = rows.atHand;
-  p.count = 0;
+  std::size_t count = 0;
   for (;;) {
-    for (; at.nextLow < at.lowCount; at.nextLow += 2) {
-      if (p.count + 8 > Pieces::kCapacity) return;
-      const bool isPair = at.nextLow + 1 < at.lowCount;
-      const std::size_t i = at.low[at.nextLow];
-      const std::size_t j = isPair ? at.low[at.nextLow + 1] : i;
+    const std::size_t lowCount = at.lowCount;
+    for (std::size_t next = at.nextLow; next < lowCount; at.nextLow = next += 2) {
+      if (count + 8 > Pieces::kCapacity) return count;
+      const bool isPair = next + 1 < lowCount;
+      const std::size_t i = at.low[next];
+      const std::size_t j = isPair ? at.low[next + 1] : i;
       const Ints row = EdgeLanes<L>::template halves<Ints>(at.first, i, j) + fours;
       const auto cut = EdgeLanes<L>(at, i, j).cut(row);
-      const std::size_t first = p.count;
-      const std::size_t second = first + static_cast<std::size_t>(at.rows[i]);
-      storeHalves(p.xa + first, p.xa + second, cut.xa);
-      storeHalves(p.xb + first, p.xb + second, cut.xb);
-      storeHalves(p.cover + first, p.cover + second, cut.cover);
-      storeHalves(p.cell + first, p.cell + second, firstCells.of(row));
-      p.count = second + static_cast<std::size_t>(isPair ? at.rows[j] : 0);
+      const std::size_t second = count + static_cast<std::size_t>(at.rows[i]);
+      storeHalves(p.xa + count, p.xa + second, cut.xa);
+      storeHalves(p.xb + count, p.xb + second, cut.xb);
+      storeHalves(p.cover + count, p.cover + second, cut.cover);
+      storeHalves(p.cell + count, p.cell + second, firstCells.of(row));
+      count = second + static_cast<std::size_t>(isPair ? at.rows[j] : 0);
     }
     for (; at.nextTall < at.tallCount; ++at.nextTall, rows.nextRow = 0) {
       const std::size_t i = at.tall[at.nextTall];
       const EdgeLanes<L> edge(at, i);
       for (; rows.nextRow < at.rows[i]; rows.nextRow += 8) {
-        if (p.count + 8 > Pieces::kCapacity) return;
+        if (count + 8 > Pieces::kCapacity) return count;
         const Ints row = Ints::every(at.first[i] + rows.nextRow) + eights;
         const auto cut = edge.cut(row);
-        store(p.xa + p.count, cut.xa);
-        store(p.xb + p.count, cut.xb);
-        store(p.cover + p.count, cut.cover);
-        store(p.cell + p.count, firstCells.of(row));
+        store(p.xa + count, cut.xa);
+        store(p.xb + count, cut.xb);
+        store(p.cover + count, cut.cover);
+        store(p.cell + count, firstCells.of(row));
         const int left = at.rows[i] - rows.nextRow;
-        p.count += static_cast<std::size_t>(left < 8 ? left : 8);
+        count += static_cast<std::size_t>(left < 8 ? left : 8);
       }
     }
-    if (rows.next >= rows.count || p.count + EdgesAtHand::kCapacity > Pieces::kCapacity) return;
+    if (rows.next >= rows.count || count + EdgesAtHand::kCapacity > Pieces::kCapacity) return count;
     at.lowCount = at.tallCount = at.nextLow = at.nextTall = 0;
     for (std::size_t n = 0; n < EdgesAtHand::kCapacity && rows.next < rows.count; n += 8) {
       const EdgeGroup<L> group(rows);
-      p.count += putSingleRows<L>(rows, group, firstCells, p);
-      listRowSpanners<L>(rows, group, n, at);
+      count += putSingleRows<L>(group, firstCells, count, p);
+      listRowSpanners<L>(group, n, at);
       rows.next += 8;
     }
   }
+}
+
+template <typename L>
+void cutEdges(EdgeRows& rows, Pieces& p) {
+  p.count = cutSome<L>(rows, p);
 }
 
 }  // namespace

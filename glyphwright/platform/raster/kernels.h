@@ -107,7 +107,7 @@ struct Curve {
 /// Edges that are being cut, each running down, with y and rows counted from the first row.
 struct EdgesAtHand {
   static constexpr std::size_t kCapacity = 64;
-  float x0[kCapacity];
+  alignas(64) float x0[kCapacity];
   float x1[kCapacity];
   float slope[kCapacity];
   std::int32_t y0[kCapacity];
@@ -154,7 +154,7 @@ inline constexpr int kPieceCells = 4;
 struct Pieces {
   static constexpr std::size_t kCapacity = 256;
   std::size_t count = 0;
-  float xa[kCapacity];  // in pixels from the row's start, never below 0 by more than a hair
+  alignas(64) float xa[kCapacity];  // in pixels from the row's start, never below 0 by more than a hair
   float xb[kCapacity];
   std::int32_t cover[kCapacity];  // height in units, negative for pieces running up
   /// Where x counts from; becomes the first of the cells that the piece changes.

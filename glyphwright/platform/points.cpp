@@ -87,19 +87,17 @@ struct TwoBoxes {
     const __m256d crossed = _mm256_setr_pd(t->c, t->b, t->c, t->b);
     const __m256d shift = _mm256_setr_pd(t->tx, t->ty, t->tx, t->ty);
     double* to = &mapped->x;
-    for (; i < count; i += 2) {
-      const bool isLast = i + 1 == count;
-      const __m256d p = isLast ? both(from + 2 * i) : _mm256_loadu_pd(from + 2 * i);
+    const auto place = [&](__m256d p) __attribute__((target("avx2"), always_inline)) {
       const __m256d swapped = _mm256_permute_pd(p, 0b0101);
       const __m256d at = _mm256_add_pd(
           _mm256_add_pd(_mm256_mul_pd(straight, p), _mm256_mul_pd(crossed, swapped)), shift);
       add(boxes, at);
-      if (isLast) {
-        _mm_storeu_pd(to + 2 * i, _mm256_castpd256_pd128(at));
-      } else {
-        _mm256_storeu_pd(to + 2 * i, at);
-      }
+      return at;
+    };
+    for (; i + 2 <= count; i += 2) {
+      _mm256_storeu_pd(to + 2 * i, place(_mm256_loadu_pd(from + 2 * i)));
     }
+    if (i < count) _mm_storeu_pd(to + 2 * i, _mm256_castpd256_pd128(place(both(from + 2 * i))));
   }
   PointBox box{};
   _mm_storeu_pd(&box.minX,

@@ -140,8 +140,11 @@ bool BentCurve::isBeyond(const Piece& piece) const {
 // cut on.
 void BentCurve::cutEvenly(const Piece& whole, Vector direction) const {
   std::vector<PieceEnd>& ends = pen_.outline().pieceEnds;
-  const int count =
-      static_cast<int>(std::min(whole.chords(tolerance_) + whole.turn() / mostTurn_, 1023.0)) + 1;
+  // A side strays by what bends the curve and by what turns the pen, each with the step's square.
+  const double ofBend = whole.chords(tolerance_);
+  const double ofTurn = whole.turn() / mostTurn_;
+  const double wanted = std::sqrt(ofBend * ofBend + ofTurn * ofTurn);
+  const int count = static_cast<int>(std::min(wanted, 1023.0)) + 1;
   const double h = 1.0 / count;
   const Vector u = whole.p0 - whole.p1 * 2 + whole.p2;
   const Vector a = whole.p3 - whole.p2 * 3 + whole.p1 * 3 - whole.p0;

@@ -85,42 +85,46 @@ void StrokePen::join(Vector at, Vector in, Vector out, double reach) const {
 // more tightly than the pen, its end runs backwards on the hollow side: both of its places cross,
 // and the strip is two triangles. The far one is run through on its own, so that it is wound like
 // everything else, or left out. True when the side still stands over the centre.
-bool StrokePen::stepSide(OutlineSide& side, double sign, const Steps& steps, bool isOverCentre,
-                         const PenPlace& to, bool withEnd) const {
+inline bool StrokePen::stepSide(OutlineSide& side, double sign, const Swing& swing,
+                                const Steps& steps, bool isOverCentre, const PenPlace& to,
+                                bool withEnd) const {
   const PenPlace& from = steps.from;
-  const Vector before = leftOf(from.direction) * sign;
-  const Vector after = leftOf(to.direction) * sign;
-  const Vector turned = after - before;
-  // Only a cusp turns by so much.
-  const bool isSudden = dot(before, after) < smoothCosine_;
-  // Chords lose area to the hollow: lift by the square of the turn a step. What turns on the spot
-  // gets an arc.
-  const double lift = withEnd && !isSudden ? std::min(dot(turned, turned) / 12, 0.05) : 0;
+  const Vector before = swing.before * sign;
+  const Vector after = swing.after * sign;
   const Vector start = from.at + before * half_;
-  const Vector end = to.at + after * (half_ * (1 + lift));
-  const double turning = cross(before, after);
-  const bool isOuter = (turning >= 0) == (sign > 0);
+  const Vector end = to.at + after * (half_ * (1 + swing.lift));
+  const bool isOuter = (swing.turning >= 0) == (sign > 0);
   if (!isOuter && steps.hollow != Hollow::backwards &&
-      (isSudden || dot(end - start, from.direction + to.direction) < 0)) {
-    const double crossing = turning != 0 ? cross(to.at - from.at, after) / turning : 0;
+      (swing.isSudden || dot(end - start, from.direction + to.direction) < 0)) {
+    const double crossing = swing.turning != 0 ? cross(to.at - from.at, after) / swing.turning : 0;
     const Vector centre = from.at + before * std::clamp(crossing, 0.0, half_);
     put(side, centre);
     if (steps.hollow == Hollow::leftOut) return true;
     put(side, end);
-    if (isSudden) turn(side, to.at, after, before, -from.direction);
+    if (swing.isSudden) turn(side, to.at, after, before, -from.direction);
     put(side, start);
     put(side, centre);
   } else {
     if (isOverCentre) put(side, start);
-    if (isSudden) turn(side, to.at, before, after, from.direction);
+    if (swing.isSudden) turn(side, to.at, before, after, from.direction);
   }
   if (withEnd) put(side, end);
   return false;
 }
 
 void StrokePen::step(Steps& steps, const PenPlace& to, bool withEnd) const {
-  steps.isLeftOverCentre = stepSide(out_.left, 1, steps, steps.isLeftOverCentre, to, withEnd);
-  steps.isRightOverCentre = stepSide(out_.right, -1, steps, steps.isRightOverCentre, to, withEnd);
+  Swing swing{leftOf(steps.from.direction), leftOf(to.direction)};
+  swing.turning = cross(swing.before, swing.after);
+  // Only a cusp turns by so much.
+  swing.isSudden = dot(swing.before, swing.after) < smoothCosine_;
+  // Chords lose area to the hollow: lift by the square of the turn a step. What turns on the spot
+  // gets an arc.
+  const Vector turned = swing.after - swing.before;
+  swing.lift = withEnd && !swing.isSudden ? std::min(dot(turned, turned) / 12, 0.05) : 0;
+  steps.isLeftOverCentre =
+      stepSide(out_.left, 1, swing, steps, steps.isLeftOverCentre, to, withEnd);
+  steps.isRightOverCentre =
+      stepSide(out_.right, -1, swing, steps, steps.isRightOverCentre, to, withEnd);
   steps.from = to;
 }
 

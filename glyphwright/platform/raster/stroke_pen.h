@@ -58,8 +58,16 @@ class StrokePen {
 
  private:
   void put(OutlineSide& side, pen::Vector p) const;
-  bool stepSide(OutlineSide& side, double sign, const Steps& steps, bool isOverCentre,
-                const pen::PenPlace& to, bool withEnd) const;
+  // How the diameter across the path turns in a step: its normals to the left, and their sine.
+  struct Swing {
+    pen::Vector before;
+    pen::Vector after;
+    double turning = 0;
+    double lift = 0;
+    bool isSudden = false;
+  };
+  bool stepSide(OutlineSide& side, double sign, const Swing& swing, const Steps& steps,
+                bool isOverCentre, const pen::PenPlace& to, bool withEnd) const;
   void endRing(std::size_t begin) const;
   void turn(OutlineSide& side, pen::Vector center, pen::Vector from, pen::Vector to,
             pen::Vector forward) const;

@@ -154,7 +154,8 @@ inline constexpr int kPieceCells = 4;
 struct Pieces {
   static constexpr std::size_t kCapacity = 256;
   std::size_t count = 0;
-  alignas(64) float xa[kCapacity];  // in pixels from the row's start, never below 0 by more than a hair
+  alignas(
+      64) float xa[kCapacity];  // in pixels from the row's start, never below 0 by more than a hair
   float xb[kCapacity];
   std::int32_t cover[kCapacity];  // height in units, negative for pieces running up
   /// Where x counts from; becomes the first of the cells that the piece changes.

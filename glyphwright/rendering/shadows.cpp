@@ -17,14 +17,17 @@ CGFloat nudged(CGFloat offset) {
 }
 
 // What casts an inset shadow is the area around the path. It stands wholly to the left of the path,
-// outside the clip, and its shadow is sent back by the same distance: only the shadow shows.
+// outside the clip, and its shadow is sent back by the same distance: only the shadow shows. The
+// platform cuts the whole offset to pixels, so the distance is the width in whole points. That
+// alone could leave half a point between the two, and a pixel that they share; four points more are
+// whole pixels at every scale in quarters, and cut nothing else off.
 contexts::InsetShadow insetShadow(const CGRect& bounds, const NSShadow& shadow) {
   const CGSize wanted = shadow.shadowOffset();
   const CGFloat blur = shadow.shadowBlurRadius();
   CGRect around = CGRectInset(bounds, -blur, -blur);
   around = CGRectOffset(around, -wanted.width, -wanted.height);
   around = CGRectInset(CGRectUnion(around, bounds), -1, -1);
-  const CGFloat aside = std::round(around.size.width);
+  const CGFloat aside = std::round(around.size.width) + 4;
   return {around,
           aside,
           {nudged(wanted.width + aside), nudged(wanted.height)},

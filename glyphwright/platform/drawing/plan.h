@@ -123,12 +123,11 @@ inline constexpr Row kPlans[] = {
      {Fact::unshadowed, Fact::unclipped, Fact::untouched, Fact::wholeSteps, Fact::directBlur,
       Fact::inside, Fact::surrounded, Fact::narrow},
      1},
-    // From beside the shape its surroundings may show a little where they share a pixel with it.
     {Task::inset,
      Way::insetInPlace,
      "inset in place",
      {Fact::wholeSteps, Fact::nearClip, Fact::surrounded},
-     2},
+     1},
 };
 
 using Plans = std::span<const Row>;

@@ -4,7 +4,7 @@
 
 #include <glyphwright/presets/chat_artwork.h>
 #include <glyphwright/presets/mood_flower.h>
-#include <glyphwright/presets/outline_copies.h>
+#include <glyphwright/paths/outline_copies.h>
 #include <glyphwright/presets/painting.h>
 #include <glyphwright/presets/palette.h>
 #include <glyphwright/presets/pin_chat_artwork.h>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <glyphwright/paths/outline.h>
-#include <glyphwright/presets/outline_copies.h>
+#include <glyphwright/paths/outline_copies.h>
 
 /// The gift of the reward banner, all in white; its pieces stay apart.
 namespace glyphwright::presets::artwork {

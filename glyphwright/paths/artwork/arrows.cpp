@@ -1,4 +1,4 @@
-#include <glyphwright/paths/outline.h>
+#include <glyphwright/paths/outline_copies.h>
 
 namespace glyphwright {
 
@@ -14,6 +14,18 @@ UIBezierPath turned(UIBezierPath path, CGFloat angle) {
   path.applyTransform(CGAffineTransformMakeRotation(angle));
   return path;
 }
+
+// Ahead of anchored arrows.
+constexpr Step anchorBar[] = {
+    move(18.35, 0),
+    curve(20, 1.65, 19.26, 0, 20, 0.74),
+    curve(18.35, 3.3, 20, 2.56, 19.26, 3.3),
+    line(1.65, 3.3),
+    curve(0, 1.65, 0.74, 3.3, 0, 2.56),
+    curve(1.65, 0, 0, 0.74, 0.74, 0),
+    line(18.35, 0),
+    close(),
+};
 
 }  // namespace
 
@@ -241,30 +253,13 @@ UIBezierPath UIBezierPath::anchorArrowPath() {
       curve(1.65, 0, 0, 0.74, 0.74, 0),
       curve(2.82, 0.48, 2.09, 0, 2.51, 0.17),
       close(),
-      // bar
-      move(18.35, 14.7),
-      curve(20, 16.35, 19.26, 14.7, 20, 15.44),
-      curve(18.35, 18, 20, 17.26, 19.26, 18),
-      line(1.65, 18),
-      curve(0, 16.35, 0.74, 18, 0, 17.26),
-      curve(1.65, 14.7, 0, 15.44, 0.74, 14.7),
-      line(18.35, 14.7),
-      close(),
   };
-  return outline<steps>();
+  static constexpr auto bar = moved(anchorBar, 0, 14.7);
+  return outline<steps, bar>();
 }
 
 UIBezierPath UIBezierPath::anchorArrowUpPath() {
   static constexpr Step steps[] = {
-      // bar
-      move(18.35, 0),
-      curve(20, 1.65, 19.26, 0, 20, 0.74),
-      curve(18.35, 3.3, 20, 2.56, 19.26, 3.3),
-      line(1.65, 3.3),
-      curve(0, 1.65, 0.74, 3.3, 0, 2.56),
-      curve(1.65, 0, 0, 0.74, 0.74, 0),
-      line(18.35, 0),
-      close(),
       // chevron
       move(2.82, 17.52),
       curve(1.65, 18, 2.51, 17.83, 2.09, 18),
@@ -281,7 +276,7 @@ UIBezierPath UIBezierPath::anchorArrowUpPath() {
       line(2.82, 17.52),
       close(),
   };
-  return outline<steps>();
+  return outline<anchorBar, steps>();
 }
 
 UIBezierPath UIBezierPath::expandableArrowDownIcon() {

@@ -1,4 +1,4 @@
-#include <glyphwright/paths/outline.h>
+#include <glyphwright/paths/outline_copies.h>
 
 namespace glyphwright {
 
@@ -196,7 +196,7 @@ UIBezierPath UIBezierPath::profileBadgeInstagram() {
 }
 
 UIBezierPath UIBezierPath::profileBadgePrompt() {
-  static constexpr Step sign[] = {
+  static constexpr Step mark[] = {
       // closing marks
       move(5.86, 10.69),
       curve(5.4, 13.5, 5.96, 11.9, 6.1, 12.8),
@@ -206,16 +206,9 @@ UIBezierPath UIBezierPath::profileBadgePrompt() {
       curve(4.1, 8.3, 5.22, 5.8, 4.1, 6.92),
       curve(5.86, 10.69, 4.1, 9.4, 4.81, 10.36),
       close(),
-      move(12.66, 10.69),
-      curve(12.2, 13.5, 12.76, 11.9, 12.9, 12.8),
-      curve(12.9, 14.5, 11.7, 14, 12.3, 14.8),
-      curve(15.9, 8.3, 14.7, 13.4, 15.9, 11.2),
-      curve(13.4, 5.8, 15.9, 6.92, 14.78, 5.8),
-      curve(10.9, 8.3, 12.02, 5.8, 10.9, 6.92),
-      curve(12.66, 10.69, 10.9, 9.4, 11.61, 10.36),
-      close(),
   };
-  return outline<squircle, sign>();
+  static constexpr auto otherMark = moved(mark, 6.8, 0);
+  return outline<squircle, mark, otherMark>();
 }
 
 UIBezierPath UIBezierPath::profileBadgeSpotify() {

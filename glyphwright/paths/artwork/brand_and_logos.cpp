@@ -1,4 +1,4 @@
-#include <glyphwright/paths/outline.h>
+#include <glyphwright/paths/outline_copies.h>
 
 namespace glyphwright {
 
@@ -6,41 +6,44 @@ using namespace paths;
 
 namespace {
 
-// The flame and its window, low enough for a sign at its upper right.
-constexpr Step smallFlame[] = {
+// The brand’s flame and its window.
+constexpr Step flame[] = {
     // flame
-    move(10.82, 27.78),
-    curve(10, 28, 10.57, 27.92, 10.29, 28),
-    curve(9.18, 27.78, 9.71, 28, 9.43, 27.92),
-    curve(0, 15.17, 3.55, 24.43, 0, 20.03),
-    curve(2.13, 8.72, 0, 12.72, 1.22, 11.04),
-    curve(2.41, 8.53, 2.18, 8.6, 2.29, 8.53),
-    curve(2.7, 8.76, 2.55, 8.53, 2.67, 8.63),
-    curve(7.91, 15.61, 3.51, 12.37, 5.32, 14.17),
-    curve(8.15, 15.67, 7.98, 15.65, 8.07, 15.67),
-    curve(8.46, 15.56, 8.26, 15.67, 8.37, 15.63),
-    curve(14.37, 4.3, 11.57, 13.07, 13.63, 9.37),
-    curve(14.72, 4, 14.4, 4.13, 14.55, 4),
-    curve(14.98, 4.11, 14.82, 4, 14.91, 4.04),
-    curve(20, 15.17, 18.19, 7.55, 20, 11.18),
-    curve(10.82, 27.78, 20, 20.03, 16.45, 24.43),
+    move(10.82, 23.78),
+    curve(10, 24, 10.57, 23.92, 10.29, 24),
+    curve(9.18, 23.78, 9.71, 24, 9.43, 23.92),
+    curve(0, 11.17, 3.55, 20.43, 0, 16.03),
+    curve(2.13, 4.72, 0, 8.72, 1.22, 7.04),
+    curve(2.41, 4.53, 2.18, 4.6, 2.29, 4.53),
+    curve(2.7, 4.76, 2.55, 4.53, 2.67, 4.63),
+    curve(7.91, 11.61, 3.51, 8.37, 5.32, 10.17),
+    curve(8.15, 11.67, 7.98, 11.65, 8.07, 11.67),
+    curve(8.46, 11.56, 8.26, 11.67, 8.37, 11.63),
+    curve(14.37, 0.3, 11.57, 9.07, 13.63, 5.37),
+    curve(14.72, 0, 14.4, 0.13, 14.55, 0),
+    curve(14.98, 0.11, 14.82, 0, 14.91, 0.04),
+    curve(20, 11.17, 18.19, 3.55, 20, 7.18),
+    curve(10.82, 23.78, 20, 16.03, 16.45, 20.43),
     close(),
     // window, counter-wound
-    move(9.67, 17.83),
-    line(7.65, 20.73),
-    curve(7.58, 20.96, 7.61, 20.8, 7.58, 20.88),
-    curve(7.65, 21.18, 7.58, 21.04, 7.61, 21.12),
-    line(9.67, 24.24),
-    curve(10, 24.42, 9.74, 24.36, 9.87, 24.42),
-    curve(10.33, 24.24, 10.13, 24.42, 10.26, 24.36),
-    line(12.35, 21.18),
-    curve(12.42, 20.96, 12.39, 21.12, 12.42, 21.04),
-    curve(12.35, 20.73, 12.42, 20.88, 12.39, 20.8),
-    line(10.33, 17.83),
-    curve(10, 17.66, 10.25, 17.73, 10.13, 17.66),
-    curve(9.67, 17.83, 9.87, 17.66, 9.75, 17.73),
+    move(9.67, 13.83),
+    line(7.65, 16.73),
+    curve(7.58, 16.96, 7.61, 16.8, 7.58, 16.88),
+    curve(7.65, 17.18, 7.58, 17.04, 7.61, 17.12),
+    line(9.67, 20.24),
+    curve(10, 20.42, 9.74, 20.36, 9.87, 20.42),
+    curve(10.33, 20.24, 10.13, 20.42, 10.26, 20.36),
+    line(12.35, 17.18),
+    curve(12.42, 16.96, 12.39, 17.12, 12.42, 17.04),
+    curve(12.35, 16.73, 12.42, 16.88, 12.39, 16.8),
+    line(10.33, 13.83),
+    curve(10, 13.66, 10.25, 13.73, 10.13, 13.66),
+    curve(9.67, 13.83, 9.87, 13.66, 9.75, 13.73),
     close(),
 };
+
+// Low enough for a sign at its upper right.
+constexpr auto lowFlame = moved(flame, 0, 4);
 
 }  // namespace
 
@@ -149,41 +152,7 @@ UIBezierPath UIBezierPath::appIconPath() {
 
 // The brand mark: two tongues of flame rising as a letter V from a nib-like foot.
 UIBezierPath UIBezierPath::flamePath() {
-  static constexpr Step steps[] = {
-      // flame
-      move(10.82, 23.78),
-      curve(10, 24, 10.57, 23.92, 10.29, 24),
-      curve(9.18, 23.78, 9.71, 24, 9.43, 23.92),
-      curve(0, 11.17, 3.55, 20.43, 0, 16.03),
-      curve(2.13, 4.72, 0, 8.72, 1.22, 7.04),
-      curve(2.41, 4.53, 2.18, 4.6, 2.29, 4.53),
-      curve(2.7, 4.76, 2.55, 4.53, 2.67, 4.63),
-      curve(7.91, 11.61, 3.51, 8.37, 5.32, 10.17),
-      curve(8.15, 11.67, 7.98, 11.65, 8.07, 11.67),
-      curve(8.46, 11.56, 8.26, 11.67, 8.37, 11.63),
-      curve(14.37, 0.3, 11.57, 9.07, 13.63, 5.37),
-      curve(14.72, 0, 14.4, 0.13, 14.55, 0),
-      curve(14.98, 0.11, 14.82, 0, 14.91, 0.04),
-      curve(20, 11.17, 18.19, 3.55, 20, 7.18),
-      curve(10.82, 23.78, 20, 16.03, 16.45, 20.43),
-      close(),
-      // window
-      move(9.67, 13.83),
-      line(7.65, 16.73),
-      curve(7.58, 16.96, 7.61, 16.8, 7.58, 16.88),
-      curve(7.65, 17.18, 7.58, 17.04, 7.61, 17.12),
-      line(9.67, 20.24),
-      curve(10, 20.42, 9.74, 20.36, 9.87, 20.42),
-      curve(10.33, 20.24, 10.13, 20.42, 10.26, 20.36),
-      line(12.35, 17.18),
-      curve(12.42, 16.96, 12.39, 17.12, 12.42, 17.04),
-      curve(12.35, 16.73, 12.42, 16.88, 12.39, 16.8),
-      line(10.33, 13.83),
-      curve(10, 13.66, 10.25, 13.73, 10.13, 13.66),
-      curve(9.67, 13.83, 9.87, 13.66, 9.75, 13.73),
-      close(),
-  };
-  return evenOddOutline<steps>();
+  return evenOddOutline<flame>();
 }
 
 UIBezierPath UIBezierPath::flameWithPlus() {
@@ -208,7 +177,7 @@ UIBezierPath UIBezierPath::flameWithPlus() {
       curve(23.5, 0, 22.3, 0.54, 22.84, 0),
       close(),
   };
-  return outline<smallFlame, plus>();
+  return outline<lowFlame, plus>();
 }
 
 UIBezierPath UIBezierPath::flameWithSparkle() {
@@ -229,7 +198,7 @@ UIBezierPath UIBezierPath::flameWithSparkle() {
       curve(23.15, 0, 22.7, 0.2, 22.9, 0),
       close(),
   };
-  return outline<smallFlame, sparkle>();
+  return outline<lowFlame, sparkle>();
 }
 
 // Evening game night: a die in the arms of the moon.

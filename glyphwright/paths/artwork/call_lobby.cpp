@@ -1,4 +1,4 @@
-#include <glyphwright/paths/outline.h>
+#include <glyphwright/paths/outline_copies.h>
 
 namespace glyphwright {
 
@@ -242,7 +242,7 @@ UIBezierPath UIBezierPath::audienceIconPath() {
 
 // Two chain links: each passes once over and once under the other.
 UIBezierPath UIBezierPath::shareMixerIconPath() {
-  static constexpr Step steps[] = {
+  static constexpr Step lowerLink[] = {
       // lower link
       move(8.4, 9),
       curve(11.92, 7.83, 9.41, 8.24, 10.65, 7.83),
@@ -267,32 +267,9 @@ UIBezierPath UIBezierPath::shareMixerIconPath() {
       curve(2.28, 13.65, 0, 16.45, 0.84, 14.74),
       line(8.4, 9),
       close(),
-      // upper link
-      move(15.6, 15),
-      curve(12.08, 16.17, 14.59, 15.76, 13.35, 16.17),
-      curve(9.85, 15.7, 11.31, 16.17, 10.55, 16.01),
-      curve(9.04, 14.49, 9.36, 15.49, 9.04, 15.02),
-      curve(10.41, 13.14, 9.04, 13.77, 9.69, 13.14),
-      curve(10.96, 13.25, 10.6, 13.14, 10.78, 13.18),
-      curve(12.09, 13.48, 11.32, 13.4, 11.7, 13.48),
-      curve(13.97, 12.85, 12.77, 13.48, 13.43, 13.26),
-      line(20.09, 8.21),
-      curve(21.31, 5.75, 20.86, 7.63, 21.31, 6.72),
-      curve(18.26, 2.69, 21.31, 4.07, 19.94, 2.69),
-      curve(16.38, 3.31, 17.58, 2.69, 16.92, 2.9),
-      line(12.82, 6.01),
-      curve(12.03, 6.28, 12.59, 6.19, 12.31, 6.28),
-      curve(11.9, 6.28, 11.98, 6.28, 11.94, 6.28),
-      curve(10.6, 4.97, 11.18, 6.28, 10.6, 5.69),
-      curve(11.12, 3.93, 10.6, 4.56, 10.79, 4.18),
-      line(14.76, 1.17),
-      curve(18.28, 0, 15.77, 0.4, 17.01, 0),
-      curve(24, 5.74, 21.44, 0, 24, 2.58),
-      curve(21.72, 10.35, 24, 7.55, 23.16, 9.26),
-      line(15.6, 15),
-      close(),
   };
-  return outline<steps>();
+  static constexpr auto upperLink = upsideDown(lowerLink, 24, 24);
+  return outline<lowerLink, upperLink>();
 }
 
 }  // namespace glyphwright

@@ -1,4 +1,4 @@
-#include <glyphwright/paths/outline.h>
+#include <glyphwright/paths/outline_copies.h>
 
 namespace glyphwright {
 
@@ -58,7 +58,7 @@ UIBezierPath UIBezierPath::adPlayIcon() {
 }
 
 UIBezierPath UIBezierPath::adPauseIcon() {
-  static constexpr Step bars[] = {
+  static constexpr Step bar[] = {
       // bars, counter-wound
       move(16, 16),
       line(16, 32),
@@ -70,18 +70,9 @@ UIBezierPath UIBezierPath::adPauseIcon() {
       line(17.5, 14.5),
       curve(16, 16, 16.67, 14.5, 16, 15.17),
       close(),
-      move(27, 16),
-      line(27, 32),
-      curve(28.5, 33.5, 27, 32.83, 27.67, 33.5),
-      line(30.5, 33.5),
-      curve(32, 32, 31.33, 33.5, 32, 32.83),
-      line(32, 16),
-      curve(30.5, 14.5, 32, 15.17, 31.33, 14.5),
-      line(28.5, 14.5),
-      curve(27, 16, 27.67, 14.5, 27, 15.17),
-      close(),
   };
-  return outline<adDisc, bars>();
+  static constexpr auto otherBar = moved(bar, 11, 0);
+  return outline<adDisc, bar, otherBar>();
 }
 
 UIBezierPath UIBezierPath::adArrowIcon() {

@@ -1,4 +1,4 @@
-#include <glyphwright/paths/outline.h>
+#include <glyphwright/paths/outline_copies.h>
 
 namespace glyphwright {
 
@@ -34,18 +34,7 @@ UIBezierPath UIBezierPath::vinylInputButton() {
       curve(18.67, 93.13, 25.8, 97.32, 22.68, 94.2),
       close(),
   };
-  static constexpr Step lowerSheen[] = {
-      move(12.67, 115.53),
-      curve(13.08, 115.59, 12.8, 115.57, 12.94, 115.59),
-      curve(14.68, 113.99, 13.97, 115.59, 14.68, 114.87),
-      curve(13.5, 112.44, 14.68, 113.27, 14.2, 112.63),
-      curve(7.56, 106.5, 10.6, 111.67, 8.33, 109.4),
-      curve(6.01, 105.32, 7.37, 105.8, 6.73, 105.32),
-      curve(4.41, 106.92, 5.13, 105.32, 4.41, 106.03),
-      curve(4.47, 107.33, 4.41, 107.06, 4.43, 107.2),
-      curve(12.67, 115.53, 5.54, 111.34, 8.66, 114.46),
-      close(),
-  };
+  static constexpr auto lowerSheen = upsideDown(upperSheen, 31.34, 208.66);
   return evenOddOutline<record, upperSheen, lowerSheen>();
 }
 

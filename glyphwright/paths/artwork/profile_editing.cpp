@@ -1,4 +1,4 @@
-#include <glyphwright/paths/outline.h>
+#include <glyphwright/paths/outline_copies.h>
 
 namespace glyphwright {
 
@@ -16,11 +16,32 @@ constexpr Step itemDisc[] = {
     close(),
 };
 
+// A plus about (20, 20), counter-wound.
+constexpr Step roundPlus[] = {
+    move(18, 12),
+    line(18, 18),
+    line(12, 18),
+    curve(10, 20, 10.9, 18, 10, 18.9),
+    curve(12, 22, 10, 21.1, 10.9, 22),
+    line(18, 22),
+    line(18, 28),
+    curve(20, 30, 18, 29.1, 18.9, 30),
+    curve(22, 28, 21.1, 30, 22, 29.1),
+    line(22, 22),
+    line(28, 22),
+    curve(30, 20, 29.1, 22, 30, 21.1),
+    curve(28, 18, 30, 18.9, 29.1, 18),
+    line(22, 18),
+    line(22, 12),
+    curve(20, 10, 22, 10.9, 21.1, 10),
+    curve(18, 12, 18.9, 10, 18, 10.9),
+    close(),
+};
+
 }  // namespace
 
 UIBezierPath UIBezierPath::plusInSquirclePath() {
-  static constexpr Step steps[] = {
-      // squircle
+  static constexpr Step squircle[] = {
       move(16, 0),
       line(24, 0),
       curve(40, 16, 34.56, 0, 40, 5.44),
@@ -31,27 +52,8 @@ UIBezierPath UIBezierPath::plusInSquirclePath() {
       line(0, 16),
       curve(16, 0, 0, 5.44, 5.44, 0),
       close(),
-      // plus, counter-wound
-      move(18, 12),
-      line(18, 18),
-      line(12, 18),
-      curve(10, 20, 10.9, 18, 10, 18.9),
-      curve(12, 22, 10, 21.1, 10.9, 22),
-      line(18, 22),
-      line(18, 28),
-      curve(20, 30, 18, 29.1, 18.9, 30),
-      curve(22, 28, 21.1, 30, 22, 29.1),
-      line(22, 22),
-      line(28, 22),
-      curve(30, 20, 29.1, 22, 30, 21.1),
-      curve(28, 18, 30, 18.9, 29.1, 18),
-      line(22, 18),
-      line(22, 12),
-      curve(20, 10, 22, 10.9, 21.1, 10),
-      curve(18, 12, 18.9, 10, 18, 10.9),
-      close(),
   };
-  return outline<steps>();
+  return outline<squircle, roundPlus>();
 }
 
 UIBezierPath UIBezierPath::plusIconPath() {
@@ -162,27 +164,7 @@ UIBezierPath UIBezierPath::pencilPathInCircle() {
 }
 
 UIBezierPath UIBezierPath::addItemPath() {
-  static constexpr Step plus[] = {
-      // plus, counter-wound
-      move(12.6, 8.4),
-      line(12.6, 12.6),
-      line(8.4, 12.6),
-      curve(7, 14, 7.63, 12.6, 7, 13.23),
-      curve(8.4, 15.4, 7, 14.77, 7.63, 15.4),
-      line(12.6, 15.4),
-      line(12.6, 19.6),
-      curve(14, 21, 12.6, 20.37, 13.23, 21),
-      curve(15.4, 19.6, 14.77, 21, 15.4, 20.37),
-      line(15.4, 15.4),
-      line(19.6, 15.4),
-      curve(21, 14, 20.37, 15.4, 21, 14.77),
-      curve(19.6, 12.6, 21, 13.23, 20.37, 12.6),
-      line(15.4, 12.6),
-      line(15.4, 8.4),
-      curve(14, 7, 15.4, 7.63, 14.77, 7),
-      curve(12.6, 8.4, 13.23, 7, 12.6, 7.63),
-      close(),
-  };
+  static constexpr auto plus = scaled(roundPlus, 0.7, 0.7);
   return evenOddOutline<itemDisc, plus>();
 }
 

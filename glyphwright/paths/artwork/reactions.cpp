@@ -1,4 +1,4 @@
-#include <glyphwright/paths/outline.h>
+#include <glyphwright/paths/outline_copies.h>
 
 namespace glyphwright {
 
@@ -40,7 +40,7 @@ UIBezierPath UIBezierPath::heart() {
 }
 
 UIBezierPath UIBezierPath::shower() {
-  static constexpr Step steps[] = {
+  static constexpr Step body[] = {
       // pipe and shower head
       move(0, 21),
       line(0, 9),
@@ -61,6 +61,8 @@ UIBezierPath UIBezierPath::shower() {
       curve(2, 23, 4, 22.1, 3.1, 23),
       curve(0, 21, 0.9, 23, 0, 22.1),
       close(),
+  };
+  static constexpr Step drop[] = {
       // five drops in two rows
       move(19, 26.8),
       curve(19.51, 27.1, 19.2, 26.8, 19.39, 26.91),
@@ -70,44 +72,16 @@ UIBezierPath UIBezierPath::shower() {
       curve(18.49, 27.1, 16.3, 30.61, 17.69, 28.45),
       curve(19, 26.8, 18.61, 26.91, 18.8, 26.8),
       close(),
-      move(29, 26.8),
-      curve(29.51, 27.1, 29.2, 26.8, 29.39, 26.91),
-      curve(31.7, 32.29, 30.31, 28.45, 31.7, 30.61),
-      curve(29, 35.2, 31.7, 33.9, 30.49, 35.2),
-      curve(26.3, 32.29, 27.51, 35.2, 26.3, 33.9),
-      curve(28.49, 27.1, 26.3, 30.61, 27.69, 28.45),
-      curve(29, 26.8, 28.61, 26.91, 28.8, 26.8),
-      close(),
-      move(39, 26.8),
-      curve(39.51, 27.1, 39.2, 26.8, 39.39, 26.91),
-      curve(41.7, 32.29, 40.31, 28.45, 41.7, 30.61),
-      curve(39, 35.2, 41.7, 33.9, 40.49, 35.2),
-      curve(36.3, 32.29, 37.51, 35.2, 36.3, 33.9),
-      curve(38.49, 27.1, 36.3, 30.61, 37.69, 28.45),
-      curve(39, 26.8, 38.61, 26.91, 38.8, 26.8),
-      close(),
-      move(24, 39.6),
-      curve(24.51, 39.9, 24.2, 39.6, 24.39, 39.71),
-      curve(26.7, 45.09, 25.31, 41.25, 26.7, 43.41),
-      curve(24, 48, 26.7, 46.7, 25.49, 48),
-      curve(21.3, 45.09, 22.51, 48, 21.3, 46.7),
-      curve(23.49, 39.9, 21.3, 43.41, 22.69, 41.25),
-      curve(24, 39.6, 23.61, 39.71, 23.8, 39.6),
-      close(),
-      move(34, 39.6),
-      curve(34.51, 39.9, 34.2, 39.6, 34.39, 39.71),
-      curve(36.7, 45.09, 35.31, 41.25, 36.7, 43.41),
-      curve(34, 48, 36.7, 46.7, 35.49, 48),
-      curve(31.3, 45.09, 32.51, 48, 31.3, 46.7),
-      curve(33.49, 39.9, 31.3, 43.41, 32.69, 41.25),
-      curve(34, 39.6, 33.61, 39.71, 33.8, 39.6),
-      close(),
   };
-  return outline<steps>();
+  static constexpr auto secondDrop = moved(drop, 10, 0);
+  static constexpr auto thirdDrop = moved(drop, 20, 0);
+  static constexpr auto lowerDrop = moved(drop, 5, 12.8);
+  static constexpr auto lastDrop = moved(drop, 15, 12.8);
+  return outline<body, drop, secondDrop, thirdDrop, lowerDrop, lastDrop>();
 }
 
 UIBezierPath UIBezierPath::coffee() {
-  static constexpr Step steps[] = {
+  static constexpr Step cup[] = {
       // cup
       move(4, 19.1),
       curve(5.6, 17.5, 4, 18.22, 4.72, 17.5),
@@ -146,6 +120,8 @@ UIBezierPath UIBezierPath::coffee() {
       curve(2, 44, 0, 44.9, 0.9, 44),
       line(36, 44),
       close(),
+  };
+  static constexpr Step steam[] = {
       // steam
       move(14.2, 3.14),
       curve(13.7, 3.96, 13.72, 3.57, 13.7, 3.83),
@@ -167,28 +143,9 @@ UIBezierPath UIBezierPath::coffee() {
       curve(14.8, 1.8, 13.99, 0, 14.8, 0.81),
       curve(14.2, 3.14, 14.8, 2.31, 14.58, 2.8),
       close(),
-      move(25.8, 3.14),
-      curve(25.3, 3.96, 25.32, 3.57, 25.3, 3.83),
-      curve(25.51, 4.73, 25.3, 4.12, 25.35, 4.36),
-      curve(26.17, 6.02, 25.67, 5.11, 25.89, 5.51),
-      curve(27.5, 9.84, 26.65, 6.88, 27.5, 8.3),
-      curve(27.07, 11.71, 27.5, 10.46, 27.37, 11.09),
-      curve(25.8, 13.34, 26.78, 12.31, 26.34, 12.86),
-      curve(24.6, 13.8, 25.47, 13.64, 25.04, 13.8),
-      curve(22.8, 12, 23.61, 13.8, 22.8, 12.99),
-      curve(23.4, 10.66, 22.8, 11.49, 23.02, 11),
-      curve(23.9, 9.84, 23.88, 10.23, 23.9, 9.97),
-      curve(23.69, 9.07, 23.9, 9.68, 23.85, 9.44),
-      curve(23.03, 7.78, 23.53, 8.69, 23.31, 8.29),
-      curve(21.7, 3.96, 22.55, 6.92, 21.7, 5.5),
-      curve(22.13, 2.09, 21.7, 3.34, 21.83, 2.71),
-      curve(23.4, 0.46, 22.42, 1.49, 22.86, 0.94),
-      curve(24.6, 0, 23.73, 0.16, 24.16, 0),
-      curve(26.4, 1.8, 25.59, 0, 26.4, 0.81),
-      curve(25.8, 3.14, 26.4, 2.31, 26.18, 2.8),
-      close(),
   };
-  return outline<steps>();
+  static constexpr auto moreSteam = moved(steam, 11.6, 0);
+  return outline<cup, steam, moreSteam>();
 }
 
 UIBezierPath UIBezierPath::dislike() {

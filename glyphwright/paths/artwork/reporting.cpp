@@ -1,8 +1,39 @@
-#include <glyphwright/paths/outline.h>
+#include <glyphwright/paths/outline_copies.h>
 
 namespace glyphwright {
 
 using namespace paths;
+
+namespace {
+
+// A notice: a disc with ! cut out.
+constexpr Step noticeDisc[] = {
+    move(32, 28),
+    curve(44, 40, 38.63, 28, 44, 33.37),
+    curve(32, 52, 44, 46.63, 38.63, 52),
+    curve(20, 40, 25.37, 52, 20, 46.63),
+    curve(32, 28, 20, 33.37, 25.37, 28),
+    close(),
+    move(31.7, 32.3),
+    curve(29.7, 34.3, 30.6, 32.3, 29.7, 33.2),
+    curve(29.71, 34.53, 29.7, 34.38, 29.7, 34.46),
+    line(30.31, 39.6),
+    curve(32, 41.1, 30.41, 40.46, 31.14, 41.1),
+    curve(33.69, 39.6, 32.86, 41.1, 33.59, 40.46),
+    line(34.29, 34.53),
+    curve(34.3, 34.3, 34.3, 34.46, 34.3, 34.38),
+    curve(32.3, 32.3, 34.3, 33.2, 33.4, 32.3),
+    line(31.7, 32.3),
+    close(),
+    move(32, 44.3),
+    curve(30.1, 46.2, 30.95, 44.3, 30.1, 45.15),
+    curve(32, 48.1, 30.1, 47.25, 30.95, 48.1),
+    curve(33.9, 46.2, 33.05, 48.1, 33.9, 47.25),
+    curve(32, 44.3, 33.9, 45.15, 33.05, 44.3),
+    close(),
+};
+
+}  // namespace
 
 UIBezierPath UIBezierPath::imNotInterestedIcon() {
   static constexpr Step steps[] = {
@@ -45,7 +76,7 @@ UIBezierPath UIBezierPath::imNotInterestedIcon() {
 }
 
 UIBezierPath UIBezierPath::inappropriateBiographyIcon() {
-  static constexpr Step steps[] = {
+  static constexpr Step page[] = {
       // page, cut back round the disc
       move(5, 0),
       line(33, 0),
@@ -63,6 +94,8 @@ UIBezierPath UIBezierPath::inappropriateBiographyIcon() {
       line(0, 5),
       curve(5, 0, 0, 2.24, 2.24, 0),
       close(),
+  };
+  static constexpr Step row[] = {
       // text, counter-wound
       move(10, 8.5),
       curve(8, 10.5, 8.9, 8.5, 8, 9.4),
@@ -72,14 +105,9 @@ UIBezierPath UIBezierPath::inappropriateBiographyIcon() {
       curve(28, 8.5, 30, 9.4, 29.1, 8.5),
       line(10, 8.5),
       close(),
-      move(10, 17),
-      curve(8, 19, 8.9, 17, 8, 17.9),
-      curve(10, 21, 8, 20.1, 8.9, 21),
-      line(28, 21),
-      curve(30, 19, 29.1, 21, 30, 20.1),
-      curve(28, 17, 30, 17.9, 29.1, 17),
-      line(10, 17),
-      close(),
+  };
+  static constexpr auto secondRow = moved(row, 0, 8.5);
+  static constexpr Step lastRow[] = {
       move(10, 25.5),
       curve(8, 27.5, 8.9, 25.5, 8, 26.4),
       curve(10, 29.5, 8, 28.6, 8.9, 29.5),
@@ -88,36 +116,12 @@ UIBezierPath UIBezierPath::inappropriateBiographyIcon() {
       curve(15.5, 25.5, 17.5, 26.4, 16.6, 25.5),
       line(10, 25.5),
       close(),
-      // notice disc with ! cut out
-      move(32, 28),
-      curve(44, 40, 38.63, 28, 44, 33.37),
-      curve(32, 52, 44, 46.63, 38.63, 52),
-      curve(20, 40, 25.37, 52, 20, 46.63),
-      curve(32, 28, 20, 33.37, 25.37, 28),
-      close(),
-      move(31.7, 32.3),
-      curve(29.7, 34.3, 30.6, 32.3, 29.7, 33.2),
-      curve(29.71, 34.53, 29.7, 34.38, 29.7, 34.46),
-      line(30.31, 39.6),
-      curve(32, 41.1, 30.41, 40.46, 31.14, 41.1),
-      curve(33.69, 39.6, 32.86, 41.1, 33.59, 40.46),
-      line(34.29, 34.53),
-      curve(34.3, 34.3, 34.3, 34.46, 34.3, 34.38),
-      curve(32.3, 32.3, 34.3, 33.2, 33.4, 32.3),
-      line(31.7, 32.3),
-      close(),
-      move(32, 44.3),
-      curve(30.1, 46.2, 30.95, 44.3, 30.1, 45.15),
-      curve(32, 48.1, 30.1, 47.25, 30.95, 48.1),
-      curve(33.9, 46.2, 33.05, 48.1, 33.9, 47.25),
-      curve(32, 44.3, 33.9, 45.15, 33.05, 44.3),
-      close(),
   };
-  return outline<steps>();
+  return outline<page, row, secondRow, lastRow, noticeDisc>();
 }
 
 UIBezierPath UIBezierPath::inappropriatePhotosIcon() {
-  static constexpr Step steps[] = {
+  static constexpr Step picture[] = {
       // picture, cut back round the disc
       move(5, 0),
       line(41, 0),
@@ -157,32 +161,9 @@ UIBezierPath UIBezierPath::inappropriatePhotosIcon() {
       curve(5.66, 33.2, 5.71, 32.9, 5.66, 33.05),
       curve(6.46, 34, 5.66, 33.64, 6.02, 34),
       close(),
-      // notice disc with ! cut out
-      move(40, 22),
-      curve(52, 34, 46.63, 22, 52, 27.37),
-      curve(40, 46, 52, 40.63, 46.63, 46),
-      curve(28, 34, 33.37, 46, 28, 40.63),
-      curve(40, 22, 28, 27.37, 33.37, 22),
-      close(),
-      move(39.7, 26.3),
-      curve(37.7, 28.3, 38.6, 26.3, 37.7, 27.2),
-      curve(37.71, 28.53, 37.7, 28.38, 37.7, 28.46),
-      line(38.31, 33.6),
-      curve(40, 35.1, 38.41, 34.46, 39.14, 35.1),
-      curve(41.69, 33.6, 40.86, 35.1, 41.59, 34.46),
-      line(42.29, 28.53),
-      curve(42.3, 28.3, 42.3, 28.46, 42.3, 28.38),
-      curve(40.3, 26.3, 42.3, 27.2, 41.4, 26.3),
-      line(39.7, 26.3),
-      close(),
-      move(40, 38.3),
-      curve(38.1, 40.2, 38.95, 38.3, 38.1, 39.15),
-      curve(40, 42.1, 38.1, 41.25, 38.95, 42.1),
-      curve(41.9, 40.2, 41.05, 42.1, 41.9, 41.25),
-      curve(40, 38.3, 41.9, 39.15, 41.05, 38.3),
-      close(),
   };
-  return outline<steps>();
+  static constexpr auto disc = moved(noticeDisc, 8, -6);
+  return outline<picture, disc>();
 }
 
 // Slim and crisp: sharp tip, ends cut upright.

@@ -1,4 +1,4 @@
-#include <glyphwright/paths/outline.h>
+#include <glyphwright/paths/outline_copies.h>
 
 namespace glyphwright {
 
@@ -156,7 +156,7 @@ UIBezierPath UIBezierPath::stellonStamp() {
 }
 
 UIBezierPath UIBezierPath::likesYouHeart() {
-  static constexpr Step steps[] = {
+  static constexpr Step heart[] = {
       // heart
       move(17.9, 3.3),
       line(18.55, 2.12),
@@ -171,6 +171,8 @@ UIBezierPath UIBezierPath::likesYouHeart() {
       curve(17.25, 2.12, 15.45, 0, 16.79, 1.29),
       line(17.9, 3.3),
       close(),
+  };
+  static constexpr Step dash[] = {
       // speed dashes
       move(2.15, 1.82),
       curve(2.33, 1.4, 2, 1.66, 2.11, 1.4),
@@ -184,6 +186,8 @@ UIBezierPath UIBezierPath::likesYouHeart() {
       line(2.94, 2.65),
       line(2.15, 1.82),
       close(),
+  };
+  static constexpr Step middleDash[] = {
       move(0.15, 6.67),
       curve(0.33, 6.25, 0, 6.51, 0.11, 6.25),
       line(5.76, 6.25),
@@ -196,20 +200,9 @@ UIBezierPath UIBezierPath::likesYouHeart() {
       line(0.94, 7.5),
       line(0.15, 6.67),
       close(),
-      move(2.15, 11.52),
-      curve(2.33, 11.1, 2, 11.36, 2.11, 11.1),
-      line(5.76, 11.1),
-      curve(6.17, 11.27, 5.91, 11.1, 6.06, 11.16),
-      line(7.3, 12.35),
-      line(6.17, 13.43),
-      curve(5.76, 13.6, 6.06, 13.54, 5.91, 13.6),
-      line(2.33, 13.6),
-      curve(2.15, 13.18, 2.11, 13.6, 2, 13.34),
-      line(2.94, 12.35),
-      line(2.15, 11.52),
-      close(),
   };
-  return evenOddOutline<steps>();
+  static constexpr auto lowerDash = moved(dash, 0, 9.7);
+  return evenOddOutline<heart, dash, middleDash, lowerDash>();
 }
 
 UIBezierPath UIBezierPath::heartPath() {

@@ -1,4 +1,4 @@
-#include <glyphwright/paths/outline.h>
+#include <glyphwright/paths/outline_copies.h>
 
 namespace glyphwright {
 
@@ -59,7 +59,7 @@ UIBezierPath UIBezierPath::invertedInfoIconArrow() {
 }
 
 UIBezierPath UIBezierPath::closedCaptions() {
-  static constexpr Step steps[] = {
+  static constexpr Step screen[] = {
       // screen
       move(3.5, 0),
       line(20.5, 0),
@@ -71,6 +71,8 @@ UIBezierPath UIBezierPath::closedCaptions() {
       line(0, 3.5),
       curve(3.5, 0, 0, 1.57, 1.57, 0),
       close(),
+  };
+  static constexpr Step letter[] = {
       // letter C
       move(10.61, 12.12),
       curve(10.94, 11.38, 10.82, 11.93, 10.94, 11.66),
@@ -88,24 +90,9 @@ UIBezierPath UIBezierPath::closedCaptions() {
       curve(7.8, 13.2, 3.6, 11.32, 5.48, 13.2),
       curve(10.61, 12.12, 8.84, 13.2, 9.84, 12.82),
       close(),
-      move(19.71, 12.12),
-      curve(20.04, 11.38, 19.92, 11.93, 20.04, 11.66),
-      curve(19.04, 10.38, 20.04, 10.83, 19.59, 10.38),
-      curve(18.37, 10.63, 18.79, 10.38, 18.56, 10.47),
-      curve(16.9, 11.2, 17.97, 11, 17.44, 11.2),
-      curve(14.7, 9, 15.68, 11.2, 14.7, 10.22),
-      curve(16.9, 6.8, 14.7, 7.78, 15.68, 6.8),
-      curve(18.37, 7.37, 17.44, 6.8, 17.97, 7),
-      curve(19.04, 7.62, 18.56, 7.53, 18.79, 7.62),
-      curve(20.04, 6.62, 19.59, 7.62, 20.04, 7.17),
-      curve(19.71, 5.88, 20.04, 6.34, 19.92, 6.07),
-      curve(16.9, 4.8, 18.94, 5.18, 17.94, 4.8),
-      curve(12.7, 9, 14.58, 4.8, 12.7, 6.68),
-      curve(16.9, 13.2, 12.7, 11.32, 14.58, 13.2),
-      curve(19.71, 12.12, 17.94, 13.2, 18.94, 12.82),
-      close(),
   };
-  return outline<steps>();
+  static constexpr auto secondLetter = moved(letter, 9.1, 0);
+  return outline<screen, letter, secondLetter>();
 }
 
 UIBezierPath UIBezierPath::shieldIcon() {

@@ -1,4 +1,4 @@
-#include <glyphwright/paths/outline.h>
+#include <glyphwright/paths/outline_copies.h>
 
 namespace glyphwright {
 
@@ -98,7 +98,7 @@ UIBezierPath UIBezierPath::smsIcon() {
 }
 
 UIBezierPath UIBezierPath::smsChatBubbleIcon() {
-  static constexpr Step steps[] = {
+  static constexpr Step bubble[] = {
       // bubble
       move(5.83, 0),
       line(22.17, 0),
@@ -118,33 +118,24 @@ UIBezierPath UIBezierPath::smsChatBubbleIcon() {
       line(0, 5.83),
       curve(5.83, 0, 0, 2.61, 2.61, 0),
       close(),
+  };
+  static constexpr Step s[] = {
       // S M S
-      move(4.2, 6),
-      curve(2.2, 8, 3.1, 6, 2.2, 6.9),
-      line(2.2, 9.4),
-      curve(4.2, 11.4, 2.2, 10.5, 3.1, 11.4),
-      line(5.4, 11.4),
-      curve(5.9, 11.9, 5.68, 11.4, 5.9, 11.62),
-      line(5.9, 12.7),
-      curve(5.4, 13.2, 5.9, 12.98, 5.68, 13.2),
-      line(2.74, 13.2),
-      curve(2.2, 13.74, 2.44, 13.2, 2.2, 13.44),
-      line(2.2, 14.46),
-      curve(2.74, 15, 2.2, 14.76, 2.44, 15),
-      line(5.7, 15),
-      curve(7.7, 13, 6.8, 15, 7.7, 14.1),
-      line(7.7, 11.6),
-      curve(5.7, 9.6, 7.7, 10.5, 6.8, 9.6),
-      line(4.5, 9.6),
-      curve(4, 9.1, 4.22, 9.6, 4, 9.38),
-      line(4, 8.3),
-      curve(4.5, 7.8, 4, 8.02, 4.22, 7.8),
-      line(7.16, 7.8),
-      curve(7.7, 7.26, 7.46, 7.8, 7.7, 7.56),
-      line(7.7, 6.54),
-      curve(7.16, 6, 7.7, 6.24, 7.46, 6),
-      line(4.2, 6),
-      close(),
+      move(4.2, 6),     curve(2.2, 8, 3.1, 6, 2.2, 6.9),
+      line(2.2, 9.4),   curve(4.2, 11.4, 2.2, 10.5, 3.1, 11.4),
+      line(5.4, 11.4),  curve(5.9, 11.9, 5.68, 11.4, 5.9, 11.62),
+      line(5.9, 12.7),  curve(5.4, 13.2, 5.9, 12.98, 5.68, 13.2),
+      line(2.74, 13.2), curve(2.2, 13.74, 2.44, 13.2, 2.2, 13.44),
+      line(2.2, 14.46), curve(2.74, 15, 2.2, 14.76, 2.44, 15),
+      line(5.7, 15),    curve(7.7, 13, 6.8, 15, 7.7, 14.1),
+      line(7.7, 11.6),  curve(5.7, 9.6, 7.7, 10.5, 6.8, 9.6),
+      line(4.5, 9.6),   curve(4, 9.1, 4.22, 9.6, 4, 9.38),
+      line(4, 8.3),     curve(4.5, 7.8, 4, 8.02, 4.22, 7.8),
+      line(7.16, 7.8),  curve(7.7, 7.26, 7.46, 7.8, 7.7, 7.56),
+      line(7.7, 6.54),  curve(7.16, 6, 7.7, 6.24, 7.46, 6),
+      line(4.2, 6),     close(),
+  };
+  static constexpr Step m[] = {
       move(9.8, 6),
       curve(9.5, 6.3, 9.63, 6, 9.5, 6.13),
       line(9.5, 14.7),
@@ -169,34 +160,9 @@ UIBezierPath UIBezierPath::smsChatBubbleIcon() {
       curve(11.58, 6, 11.78, 6.06, 11.68, 6),
       line(9.8, 6),
       close(),
-      move(22.3, 6),
-      curve(20.3, 8, 21.2, 6, 20.3, 6.9),
-      line(20.3, 9.4),
-      curve(22.3, 11.4, 20.3, 10.5, 21.2, 11.4),
-      line(23.5, 11.4),
-      curve(24, 11.9, 23.78, 11.4, 24, 11.62),
-      line(24, 12.7),
-      curve(23.5, 13.2, 24, 12.98, 23.78, 13.2),
-      line(20.84, 13.2),
-      curve(20.3, 13.74, 20.54, 13.2, 20.3, 13.44),
-      line(20.3, 14.46),
-      curve(20.84, 15, 20.3, 14.76, 20.54, 15),
-      line(23.8, 15),
-      curve(25.8, 13, 24.9, 15, 25.8, 14.1),
-      line(25.8, 11.6),
-      curve(23.8, 9.6, 25.8, 10.5, 24.9, 9.6),
-      line(22.6, 9.6),
-      curve(22.1, 9.1, 22.32, 9.6, 22.1, 9.38),
-      line(22.1, 8.3),
-      curve(22.6, 7.8, 22.1, 8.02, 22.32, 7.8),
-      line(25.26, 7.8),
-      curve(25.8, 7.26, 25.56, 7.8, 25.8, 7.56),
-      line(25.8, 6.54),
-      curve(25.26, 6, 25.8, 6.24, 25.56, 6),
-      line(22.3, 6),
-      close(),
   };
-  return evenOddOutline<steps>();
+  static constexpr auto lastS = moved(s, 18.1, 0);
+  return evenOddOutline<bubble, s, m, lastS>();
 }
 
 }  // namespace glyphwright

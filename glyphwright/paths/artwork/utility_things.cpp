@@ -1,4 +1,4 @@
-#include <glyphwright/paths/outline.h>
+#include <glyphwright/paths/outline_copies.h>
 
 namespace glyphwright {
 
@@ -344,7 +344,7 @@ UIBezierPath UIBezierPath::shareIcon() {
 }
 
 UIBezierPath UIBezierPath::catalogHome() {
-  static constexpr Step steps[] = {
+  static constexpr Step house[] = {
       // house
       move(13.09, 0.42),
       line(23.71, 10.24),
@@ -365,6 +365,8 @@ UIBezierPath UIBezierPath::catalogHome() {
       curve(12, 0, 11.21, 0.15, 11.6, 0),
       curve(13.09, 0.42, 12.4, 0, 12.79, 0.15),
       close(),
+  };
+  static constexpr Step tile[] = {
       // tiles, from wall to wall, counter-wound
       move(5, 9.6),
       line(5, 12.9),
@@ -376,38 +378,11 @@ UIBezierPath UIBezierPath::catalogHome() {
       line(5.6, 9),
       curve(5, 9.6, 5.27, 9, 5, 9.27),
       close(),
-      move(13, 9.6),
-      line(13, 12.9),
-      curve(13.6, 13.5, 13, 13.23, 13.27, 13.5),
-      line(18.4, 13.5),
-      curve(19, 12.9, 18.73, 13.5, 19, 13.23),
-      line(19, 9.6),
-      curve(18.4, 9, 19, 9.27, 18.73, 9),
-      line(13.6, 9),
-      curve(13, 9.6, 13.27, 9, 13, 9.27),
-      close(),
-      move(5, 16.1),
-      line(5, 19.4),
-      curve(5.6, 20, 5, 19.73, 5.27, 20),
-      line(10.4, 20),
-      curve(11, 19.4, 10.73, 20, 11, 19.73),
-      line(11, 16.1),
-      curve(10.4, 15.5, 11, 15.77, 10.73, 15.5),
-      line(5.6, 15.5),
-      curve(5, 16.1, 5.27, 15.5, 5, 15.77),
-      close(),
-      move(13, 16.1),
-      line(13, 19.4),
-      curve(13.6, 20, 13, 19.73, 13.27, 20),
-      line(18.4, 20),
-      curve(19, 19.4, 18.73, 20, 19, 19.73),
-      line(19, 16.1),
-      curve(18.4, 15.5, 19, 15.77, 18.73, 15.5),
-      line(13.6, 15.5),
-      curve(13, 16.1, 13.27, 15.5, 13, 15.77),
-      close(),
   };
-  return outline<steps>();
+  static constexpr auto rightTile = moved(tile, 8, 0);
+  static constexpr auto lowerTile = moved(tile, 0, 6.5);
+  static constexpr auto lowerRightTile = moved(tile, 8, 6.5);
+  return outline<house, tile, rightTile, lowerTile, lowerRightTile>();
 }
 
 UIBezierPath UIBezierPath::boltPath() {

@@ -1,5 +1,5 @@
 #include <glyphwright/paths/artwork/shared_outlines.h>
-#include <glyphwright/paths/outline.h>
+#include <glyphwright/paths/outline_copies.h>
 
 namespace glyphwright {
 
@@ -8,7 +8,7 @@ using namespace paths;
 namespace {
 
 // The video camera: body, and a wedge that widens to the right.
-constexpr Step videoCamera[] = {
+constexpr Step cameraBody[] = {
     move(4, 0),
     line(15, 0),
     curve(19, 4, 17.21, 0, 19, 1.79),
@@ -19,6 +19,8 @@ constexpr Step videoCamera[] = {
     line(0, 4),
     curve(4, 0, 0, 1.79, 1.79, 0),
     close(),
+};
+constexpr Step cameraWedge[] = {
     move(26.46, 2.57),
     curve(27.01, 2.42, 26.63, 2.47, 26.82, 2.42),
     curve(28, 3.42, 27.56, 2.42, 28, 2.87),
@@ -65,7 +67,7 @@ UIBezierPath UIBezierPath::videoActiveIconPath() {
       curve(9.5, 6, 12.5, 7.34, 11.16, 6),
       close(),
   };
-  return outline<videoCamera, steps>();
+  return outline<cameraBody, cameraWedge, steps>();
 }
 
 UIBezierPath UIBezierPath::videoInactiveIconPath() {
@@ -105,15 +107,15 @@ UIBezierPath UIBezierPath::videoInactiveIconPath() {
       line(12.91, 10.79),
       close(),
   };
-  return outline<videoCamera, steps>();
+  return outline<cameraBody, cameraWedge, steps>();
 }
 
 UIBezierPath UIBezierPath::videoIconPath() {
-  return outline<videoCamera>();
+  return outline<cameraBody, cameraWedge>();
 }
 
 UIBezierPath UIBezierPath::videoOffIconPath() {
-  static constexpr Step steps[] = {
+  static constexpr Step body[] = {
       // body, parted by the bar
       move(1.71, 4.35),
       line(17.06, 19.7),
@@ -137,19 +139,9 @@ UIBezierPath UIBezierPath::videoOffIconPath() {
       curve(9.35, 3.5, 9.4, 3.76, 9.35, 3.63),
       curve(9.85, 3, 9.35, 3.22, 9.57, 3),
       close(),
-      // wedge
-      move(26.46, 5.57),
-      curve(27.01, 5.42, 26.63, 5.47, 26.82, 5.42),
-      curve(28, 6.42, 27.56, 5.42, 28, 5.87),
-      line(28, 17.58),
-      curve(27.01, 18.58, 28, 18.13, 27.56, 18.58),
-      curve(26.46, 18.43, 26.82, 18.58, 26.63, 18.53),
-      line(21.21, 15.09),
-      curve(20.75, 14.25, 20.93, 14.91, 20.75, 14.59),
-      line(20.75, 9.75),
-      curve(21.21, 8.91, 20.75, 9.41, 20.93, 9.09),
-      line(26.46, 5.57),
-      close(),
+  };
+  static constexpr auto wedge = moved(cameraWedge, 0, 3);
+  static constexpr Step bar[] = {
       // bar
       move(3.51, 0.35),
       line(25.15, 21.99),
@@ -162,11 +154,11 @@ UIBezierPath UIBezierPath::videoOffIconPath() {
       curve(3.51, 0.35, 2.99, 0, 3.29, 0.12),
       close(),
   };
-  return evenOddOutline<steps>();
+  return evenOddOutline<body, wedge, bar>();
 }
 
 UIBezierPath UIBezierPath::cameraFlipIconPath() {
-  static constexpr Step arrows[] = {
+  static constexpr Step arrow[] = {
       // two arrows chasing each other, counter-wound
       move(16.28, 5.78),
       line(15.78, 6.64),
@@ -190,34 +182,13 @@ UIBezierPath UIBezierPath::cameraFlipIconPath() {
       curve(16.67, 5.56, 17, 5.66, 16.84, 5.56),
       curve(16.28, 5.78, 16.51, 5.56, 16.36, 5.64),
       close(),
-      move(11.72, 20.02),
-      line(12.22, 19.16),
-      curve(12.48, 19.02, 12.28, 19.07, 12.38, 19.02),
-      curve(12.57, 19.03, 12.51, 19.02, 12.54, 19.02),
-      curve(14, 19.2, 12.96, 19.15, 13.59, 19.2),
-      curve(20.17, 14.15, 17, 19.2, 19.7, 17.11),
-      curve(20.19, 13.98, 20.18, 14.1, 20.19, 14.04),
-      curve(19.08, 12.88, 20.19, 13.37, 19.69, 12.88),
-      curve(18.01, 13.73, 18.57, 12.88, 18.13, 13.24),
-      curve(14.02, 17, 17.57, 15.62, 15.96, 17),
-      curve(13.73, 16.7, 13.86, 17, 13.73, 16.87),
-      curve(13.77, 16.55, 13.73, 16.65, 13.74, 16.59),
-      line(14.12, 15.95),
-      curve(14.18, 15.72, 14.16, 15.88, 14.18, 15.8),
-      curve(13.7, 15.28, 14.18, 15.47, 13.96, 15.26),
-      line(9.46, 15.51),
-      curve(9.03, 15.96, 9.22, 15.53, 9.03, 15.72),
-      curve(9.08, 16.16, 9.03, 16.03, 9.05, 16.1),
-      line(10.93, 19.99),
-      curve(11.33, 20.24, 11, 20.14, 11.16, 20.24),
-      curve(11.72, 20.02, 11.49, 20.24, 11.64, 20.16),
-      close(),
   };
-  return outline<stillCamera, arrows>();
+  static constexpr auto otherArrow = upsideDown(arrow, 28, 25.8);
+  return outline<stillCamera, arrow, otherArrow>();
 }
 
 UIBezierPath UIBezierPath::flipCameraIconPath() {
-  static constexpr Step steps[] = {
+  static constexpr Step arrow[] = {
       // arrows
       move(0, 12),
       curve(12, 0, 0, 5.37, 5.37, 0),
@@ -238,25 +209,9 @@ UIBezierPath UIBezierPath::flipCameraIconPath() {
       curve(1, 13, 2, 12.55, 1.55, 13),
       curve(0, 12, 0.45, 13, 0, 12.55),
       close(),
-      move(24, 12),
-      curve(12, 24, 24, 18.63, 18.63, 24),
-      curve(6.55, 22.69, 10.1, 24, 8.23, 23.55),
-      line(6.13, 23.52),
-      curve(5.68, 23.79, 6.04, 23.69, 5.87, 23.79),
-      curve(5.26, 23.56, 5.51, 23.79, 5.36, 23.71),
-      line(3.19, 20.34),
-      curve(3.11, 20.07, 3.14, 20.26, 3.11, 20.17),
-      curve(3.59, 19.57, 3.11, 19.81, 3.32, 19.59),
-      line(7.41, 19.36),
-      curve(7.44, 19.35, 7.42, 19.36, 7.43, 19.35),
-      curve(7.94, 19.85, 7.71, 19.35, 7.94, 19.58),
-      curve(7.88, 20.08, 7.94, 19.93, 7.92, 20.01),
-      line(7.46, 20.91),
-      curve(12, 22, 8.86, 21.62, 10.42, 22),
-      curve(22, 12, 17.52, 22, 22, 17.52),
-      curve(23, 11, 22, 11.45, 22.45, 11),
-      curve(24, 12, 23.55, 11, 24, 11.45),
-      close(),
+  };
+  static constexpr auto otherArrow = upsideDown(arrow, 24, 24);
+  static constexpr Step camera[] = {
       // camera
       move(5, 10.49),
       curve(6.9, 8.59, 5, 9.44, 5.85, 8.59),
@@ -282,7 +237,7 @@ UIBezierPath UIBezierPath::flipCameraIconPath() {
       curve(12, 10.49, 14.5, 11.61, 13.38, 10.49),
       close(),
   };
-  return outline<steps>();
+  return outline<arrow, otherArrow, camera>();
 }
 
 UIBezierPath UIBezierPath::audioActiveIconPath() {

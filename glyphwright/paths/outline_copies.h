@@ -7,8 +7,8 @@
 #include <glyphwright/paths/outline.h>
 
 /// Copies of an outline at another place, size or angle, made while the program is compiled, so
-/// that a sign which several pictures share is written down once.
-namespace glyphwright::presets {
+/// that a sign which stands in several places is written down once.
+namespace glyphwright::paths {
 
 /// To the nearest hundredth of a point, the grid that all artwork lies on.
 constexpr CGFloat onGrid(CGFloat value) {
@@ -19,13 +19,13 @@ constexpr CGFloat onGrid(CGFloat value) {
 
 /// Every point through `transform`, to the nearest hundredth.
 template <std::size_t count>
-constexpr std::array<paths::Step, count> copied(const paths::Step (&steps)[count],
-                                                const CGAffineTransform& transform) {
+constexpr std::array<Step, count> copied(const Step (&steps)[count],
+                                         const CGAffineTransform& transform) {
   const auto map = [&](CGPoint p) {
     return CGPoint{onGrid(transform.a * p.x + transform.c * p.y + transform.tx),
                    onGrid(transform.b * p.x + transform.d * p.y + transform.ty)};
   };
-  std::array<paths::Step, count> copy{};
+  std::array<Step, count> copy{};
   for (std::size_t i = 0; i < count; ++i) {
     copy[i] = {steps[i].verb, map(steps[i].end), map(steps[i].control1), map(steps[i].control2)};
   }
@@ -34,25 +34,31 @@ constexpr std::array<paths::Step, count> copied(const paths::Step (&steps)[count
 
 /// The outline moved.
 template <std::size_t count>
-constexpr auto moved(const paths::Step (&steps)[count], CGFloat dx, CGFloat dy) {
+constexpr auto moved(const Step (&steps)[count], CGFloat dx, CGFloat dy) {
   return copied(steps, {1, 0, 0, 1, dx, dy});
+}
+
+/// The outline upside down: the origin comes to lie at (x, y).
+template <std::size_t count>
+constexpr auto upsideDown(const Step (&steps)[count], CGFloat x, CGFloat y) {
+  return copied(steps, {-1, 0, 0, -1, x, y});
 }
 
 /// The outline scaled about the origin, then moved.
 template <std::size_t count>
-constexpr auto scaled(const paths::Step (&steps)[count], CGFloat sx, CGFloat sy, CGFloat dx = 0,
+constexpr auto scaled(const Step (&steps)[count], CGFloat sx, CGFloat sy, CGFloat dx = 0,
                       CGFloat dy = 0) {
   return copied(steps, {sx, 0, 0, sy, dx, dy});
 }
 
 /// The steps up to the first close, and those after it: a sign taken apart.
-constexpr std::span<const paths::Step> firstContour(std::span<const paths::Step> steps) {
+constexpr std::span<const Step> firstContour(std::span<const Step> steps) {
   std::size_t count = 0;
   while (count < steps.size() && steps[count].verb != PathVerb::close) ++count;
   return steps.first(count < steps.size() ? count + 1 : count);
 }
-constexpr std::span<const paths::Step> afterFirstContour(std::span<const paths::Step> steps) {
+constexpr std::span<const Step> afterFirstContour(std::span<const Step> steps) {
   return steps.subspan(firstContour(steps).size());
 }
 
-}  // namespace glyphwright::presets
+}  // namespace glyphwright::paths

@@ -48,14 +48,17 @@ void drawOn(CGFloat side, const std::function<void(CGContextRef)>& actions) {
   UIImage::render({side, side}, 1, [&](CGContext& context) { actions(&context); });
 }
 
-CGPath farCubics(int count) {
+CGPath cubics(int count, CGFloat near, CGFloat far) {
   CGPath path;
   path.moveToPoint({0, 0});
   for (int i = 0; i < count / kPart; ++i) {
-    const CGFloat reach = i % 2 == 0 ? 1e6 : -1e6;
-    path.addCurveToPoint({i * 0.001, i * 0.01}, {reach, 3}, {7, -reach});
+    const CGFloat reach = i % 2 == 0 ? far : near;
+    path.addCurveToPoint({i * 0.001, i * 0.01}, {reach, 3}, {7, far + near - reach});
   }
   return path;
+}
+CGPath farCubics(int count) {
+  return cubics(count, -1e6, 1e6);
 }
 
 std::function<void()> stroked(const CGPath& path, const StrokeStyle& style, CGFloat side) {
@@ -76,6 +79,12 @@ TEST(Bounds, HostileRequestsTakeBoundedMemory) {
        [&] {
          return [path = farCubics(100000)] {
            drawOn(100, [&](CGContextRef context) { CGContextFillPath(context, path, true); });
+         };
+       }},
+      {"100,000 cubics all over a picture of 2048 pixels a side, filled", (16 + 64) * kMiB,
+       [&] {
+         return [path = cubics(100000, 1, 2047)] {
+           drawOn(2048, [&](CGContextRef context) { CGContextFillPath(context, path, true); });
          };
        }},
       {"20,000 cubics that reach a million pixels, stroked, 2048 pixels a side", (16 + 64) * kMiB,

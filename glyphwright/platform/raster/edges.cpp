@@ -10,6 +10,10 @@
 namespace glyphwright::raster {
 namespace {
 
+// All corners of a path that lies inside are kept at once, up to 500 of them for each curve across
+// a picture of 2048 pixels, 24 bytes each: of longer paths they come one by one.
+constexpr std::size_t kMostSegmentsAtOnce = 4096;
+
 // The step between samples of a cubic with its inner samples moved out of the hollow, as forward
 // differences: adding them up gives the next sample with nothing but additions.
 struct CubicSteps {
@@ -153,7 +157,7 @@ void EdgeList::addUp(const Kernels& kernels) {
 
 void edgesOfPath(const CGPath& path, std::vector<CGPoint>& devicePoints, const DeviceBox& box,
                  const PixelRect& region, double tolerance, const Kernels& kernels, EdgeList& out) {
-  if (contains(region, box)) {
+  if (contains(region, box) && path.verbs().size() <= kMostSegmentsAtOnce) {
     edgesInside(path, devicePoints, region, tolerance, kernels, out);
   } else {
     ClippedWriter writer(out, region, tolerance, kernels);

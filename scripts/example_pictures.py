@@ -1,8 +1,9 @@
-"""Draws the cookbook's pictures, as small PNG files, or tells whether those in TO are out of date.
+"""Draws the pictures of cookbook and reference, as small PNG files, or tells which are out of date.
 
-    cookbook_pictures.py PROGRAMS WORK TO            runs every PROGRAMS/cookbook_* in the folder WORK and
-                                                     puts the pictures that are there then into TO
-    cookbook_pictures.py --compare PROGRAMS WORK TO  empties WORK, draws into it and only compares
+    example_pictures.py PROGRAMS WORK TO            runs every PROGRAMS/cookbook_NAME and reference_NAME in
+                                                    the folder WORK and puts the pictures that are there
+                                                    then into TO/cookbook and TO/reference
+    example_pictures.py --compare PROGRAMS WORK TO  empties WORK, draws into it and only compares
 
 Reads the three plain formats that the programs write: PNG without filters, PPM and BMP without
 compression. The pictures of the programs in Python and JavaScript are not compared: they need a shared
@@ -70,7 +71,7 @@ def write_png(file, picture):
 
 
 def draw(programs, work):
-    """Runs the programs, and returns the pictures in `work` then: by name, and each with its frames."""
+    """Runs the programs, and returns the pictures in `work` then: by book and name, each with its frames."""
     for program in programs:
         subprocess.run([program.resolve()], cwd=work, check=True,
                        env={**os.environ, "SDL_VIDEODRIVER": "dummy"})
@@ -80,7 +81,8 @@ def draw(programs, work):
         if file.suffix in readers:
             picture = readers[file.suffix](file.read_bytes())
             frames.setdefault(file.stem.split("-")[0], []).append(picture)
-    return {name: beside(pictures) for name, pictures in frames.items()}
+    books = {name: book for book, _, name in (program.stem.partition("_") for program in programs)}
+    return {f"{books.get(name, 'cookbook')}/{name}": beside(pictures) for name, pictures in frames.items()}
 
 
 def difference(old, new):
@@ -94,27 +96,27 @@ def difference(old, new):
 
 def compare(programs, drawn, work, target):
     """Returns what is wrong; what is drawn now is left in work/now, to be looked at."""
-    (work / "now").mkdir()
     wrong = []
-    for name in sorted({program.stem.removeprefix("cookbook_") for program in programs} | drawn.keys()):
-        committed = target / f"{name}.png"
+    for name in sorted({program.stem.replace("_", "/", 1) for program in programs} | drawn.keys()):
+        committed, now = target / f"{name}.png", work / "now" / f"{name}.png"
         if name not in drawn:
-            wrong.append(f"cookbook_{name} writes no picture of its name")
+            wrong.append(f"{name} writes no picture of its name")
             continue
-        write_png(work / "now" / committed.name, drawn[name])
+        now.parent.mkdir(parents=True, exist_ok=True)
+        write_png(now, drawn[name])
         if not committed.exists():
             wrong.append(f"{committed} is missing")
         elif text := difference(read_png(committed.read_bytes()), drawn[name]):
-            wrong.append(f"{committed} is not what cookbook_{name} draws now: {text}")
+            wrong.append(f"{committed} is not what examples/{name} draws now: {text}")
     return wrong
 
 
 def main(arguments):
     only_compare = arguments[:1] == ["--compare"]
     folder, work, target = map(pathlib.Path, arguments[only_compare:])
-    programs = sorted(folder.glob("cookbook_*"))
+    programs = sorted([*folder.glob("cookbook_*"), *folder.glob("reference_*")])
     if not programs:
-        return f"no programs of the cookbook in {folder}: build with -DGLYPHWRIGHT_EXAMPLES=ON"
+        return f"no programs of the examples in {folder}: build with -DGLYPHWRIGHT_EXAMPLES=ON"
     if not only_compare:
         for name, picture in draw(programs, work).items():
             write_png(target / f"{name}.png", picture)

@@ -21,6 +21,8 @@ std::shared_ptr<CAAnimationGroup> swingAndFade() {
   const auto both = CAAnimationGroup::animation();
   both->setAnimations({swing, fade});
   both->setDuration(2);
+  both->setTimingFunction(
+      CAMediaTimingFunction::functionWithName(CAMediaTimingFunctionName::easeInEaseOut));
   both->setFillMode(CAMediaTimingFillMode::both);
   return both;
 }
@@ -45,6 +47,12 @@ int main() {
   // Kept and handed back; it changes nothing that is shown.
   gear->addAnimation(CATransition::animation());
   root->addSublayer(gear);
+
+  const std::shared_ptr<VNTLGradientShapeLayer> heart =
+      UIBezierPath::heartPath().vntl_gradientShapeLayerWithSize({16, 16});
+  heart->setColors({{UIColor(1, 0.2, 0.4, 1), UIColor(1, 0.6, 0.2, 1)}});
+  heart->setPosition({50, 16});
+  root->addSublayer(heart);
 
   // The two base classes are what code for any animation or any timing asks: CAAnimation and
   // CAPropertyAnimation, CAMediaTiming.

@@ -63,16 +63,19 @@ int main(void) {
   if (glyphwright_render(path, &look, &into, NULL) != GLYPHWRIGHT_OK) return 1;
   glyphwright_path_free(path);
 
-  /* The first ready-made image that is drawn for such a square. */
+  /* The ready-made image that words find; what it takes and its own size are told by its index. */
+  const char* name = NULL;
+  size_t count = 0;
   glyphwright_painting painting = {.struct_size = sizeof painting};
-  const glyphwright_painting_options options = {
-      .struct_size = sizeof options, .width = HEIGHT, .height = HEIGHT, .background = {1, 1, 1, 1}};
-  size_t index = 0;
+  if (glyphwright_search("copy notification", 1, &name, NULL, &count) != GLYPHWRIGHT_OK) return 1;
+  for (size_t i = 0; name != NULL && painting.name != name; ++i)
+    if (glyphwright_painting_info(i, &painting) != GLYPHWRIGHT_OK) return 1;
+  const glyphwright_painting_options options = {.struct_size = sizeof options,
+                                                .width = painting.width,
+                                                .height = painting.height,
+                                                .scale = HEIGHT / painting.width};
   into = part(2);
-  do {
-    if (glyphwright_painting_info(index++, &painting) != GLYPHWRIGHT_OK) return 1;
-  } while (!painting.takes_size || painting.width != HEIGHT);
-  if (glyphwright_painting_render(painting.name, &options, &into, NULL) != GLYPHWRIGHT_OK) return 1;
+  if (glyphwright_painting_render(name, &options, &into, NULL) != GLYPHWRIGHT_OK) return 1;
 
   FILE* file = fopen("more_c.ppm", "wb");
   if (file == NULL) return 1;

@@ -26,7 +26,8 @@ int main() {
     CGFloat x = 16;
     for (const presets::ReadyMadeImage& made : presets::readyMadeImages()) {
       if (!made.usualSize || x > 150) continue;
-      const presets::ReadyMadeArguments arguments{.size = *made.usualSize, .selected = made.takesFlags};
+      const presets::ReadyMadeArguments arguments{.size = *made.usualSize,
+                                                  .selected = made.takesFlags};
       made.draw(arguments).drawInRect({x, 16, 32, 32});
       x += 44;
     }

@@ -68,7 +68,8 @@ int main(void) {
   size_t count = 0;
   glyphwright_painting painting = {.struct_size = sizeof painting};
   if (glyphwright_search("copy notification", 1, &name, NULL, &count) != GLYPHWRIGHT_OK) return 1;
-  for (size_t i = 0; name != NULL && painting.name != name; ++i)
+  if (count == 0) return 1;
+  for (size_t i = 0; painting.name == NULL || strcmp(painting.name, name) != 0; ++i)
     if (glyphwright_painting_info(i, &painting) != GLYPHWRIGHT_OK) return 1;
   const glyphwright_painting_options options = {.struct_size = sizeof options,
                                                 .width = painting.width,

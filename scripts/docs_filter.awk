@@ -65,6 +65,7 @@ isC {
   if (!inBlock) { doc = ""; docIndent = indentOf($0) }
   inBlock = !/\*\//; doc = doc $0 "\n"; last = "/"; inDoc = 1; print; next
 }
+inDoc && /^ *template <.*>$/ { held = $0; getline; $0 = held "\n" $0 }
 inDoc && match($0, /(class|struct|enum|enum class|concept) [A-Za-z_]+( [:={]|$)/) && !/;$/ && !/public:|private:/ {
   type = substr($0, RSTART, RLENGTH)
   sub(/ [:={]$/, "", type)

@@ -53,6 +53,8 @@ int main() {
   heart->setColors({{UIColor(1, 0.2, 0.4, 1), UIColor(1, 0.6, 0.2, 1)}});
   heart->setPosition({50, 16});
   root->addSublayer(heart);
+  // Back to front, as the layer keeps them in its SublayerList.
+  if (root->sublayers()->size() != 3 || root->sublayers()->back() != heart) return 1;
 
   // The two base classes are what code for any animation or any timing asks: CAAnimation and
   // CAPropertyAnimation, CAMediaTiming.

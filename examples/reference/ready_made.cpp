@@ -16,6 +16,7 @@ int main() {
 
   const CGSize size{192, 64};
   const UIImage image = VantelKit::drawImage(size, false, 0, [&](CGContext& context) {
+    // A BorrowedList of colours: in braces, or any container that holds them.
     CGContextDrawLinearGradient(&context, *CGGradientCreateWithColors({}, ground.colors), {0, 0},
                                 {size.width, size.height}, CGGradientDrawingOptions::none);
     const StrokeStyle line{.width = frame.width};

@@ -62,7 +62,7 @@ TEST_P(RasterKernels, SidesOfStrokesAreTheSame) {
           y[k].resize(64);
         }
         SideEnds sides{x[0].data(), y[0].data(), x[1].data(), y[1].data()};
-        const std::size_t until = loops.putSides(s, nodes, {0, 3, 0, 2}, {half, 0.4F}, sides);
+        const std::size_t until = loops.putSides(s, nodes, {0, 3, 0, 2, true}, {half, 0.4F}, sides);
         const auto cut = [](std::vector<float>& values, const float* end) {
           values.resize(static_cast<std::size_t>(end - values.data()));
         };
@@ -124,8 +124,8 @@ TEST_P(RasterKernels, SegmentsArePreparedTheSame) {
         SegmentMemory memory;
         const StrokeSegments& s = memory.roomFor(count);
         loops.prepareSegments(some.places.data(), count, {12, -7, half, 25, half * 4}, s);
-        const auto lists = {s.startX,    s.startY,    s.startAlongX, s.startAlongY,
-                            s.endAlongX, s.endAlongY, s.startReach,  s.endReach};
+        const auto lists = {s.startX,    s.startY,     s.startAlongX, s.startAlongY, s.endAlongX,
+                            s.endAlongY, s.startReach, s.endReach,    s.sector};
         std::pair<std::vector<int>, std::vector<float>> all;
         for (std::size_t i = 0; i < count; ++i) {
           all.first.push_back(s.chords[i]);
@@ -146,7 +146,7 @@ TEST_P(RasterKernels, SegmentsArePreparedTheSame) {
   for (const int times : {gentle, tight, without}) EXPECT_GT(times, 300);
 }
 
-TEST_P(RasterKernels, CornersArePlacedTheSame) {
+TEST_P(RasterKernels, BoxesOfCornersAreTheSame) {
   constexpr std::size_t kMargin = 8;
   for (std::size_t count = 1; count < 40; ++count) {
     std::vector<float> x(count + 2 * kMargin, 1e30F);
@@ -164,18 +164,6 @@ TEST_P(RasterKernels, CornersArePlacedTheSame) {
       return box.hasNaN ? std::vector<float>{}
                         : std::vector{box.minX, box.minY, box.maxX, box.maxY};
     });
-    for (const bool backwards : {false, true}) {
-      expectSame([&](const Kernels& loops) {
-        std::vector<float> placedX(count + kMargin);
-        std::vector<std::int32_t> placedY(count + kMargin);
-        std::vector<std::uint8_t> outside((count + 7) / 8);
-        loops.placeCorners(fromX, fromY, count, backwards, {2.5F, -3, 100, 90},
-                           {placedX.data(), placedY.data(), outside.data()});
-        placedX.resize(count);
-        placedY.resize(count);
-        return std::tuple(placedX, placedY, outside);
-      });
-    }
   }
 }
 
@@ -207,6 +195,7 @@ TEST_P(RasterKernels, SegmentsJoinTheSame) {
             all.push_back(static_cast<float>(side->count));
             all.insert(all.end(), side->x, side->x + side->count);
             all.insert(all.end(), side->y, side->y + side->count);
+            all.push_back(side->band);
           }
         }
         return all;

@@ -71,12 +71,11 @@ bool isStandardHeader(std::string_view target) {
          target.find_first_of("./") == std::string_view::npos;
 }
 
-// A processor's own words, which stand where the loops' words are made from them and, as long as
-// the loops of strokes are written twice, in those; the loops over points stand below the raster.
+// A processor's own words, which stand where the loops' words are made from them; the loops over
+// points stand below the raster.
 bool isIntrinsic(const Include& include) {
   return (include.file == "glyphwright/platform/points.cpp" ||
-          include.file.starts_with("glyphwright/platform/raster/lanes/") ||
-          include.file.starts_with("glyphwright/platform/raster/kernels/avx2_")) &&
+          include.file.starts_with("glyphwright/platform/raster/lanes/")) &&
          (include.target == "immintrin.h" || include.target == "arm_neon.h" ||
           include.target == "smmintrin.h" || include.target == "wasm_simd128.h");
 }

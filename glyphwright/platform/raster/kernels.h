@@ -351,12 +351,12 @@ struct Kernels {
   /// more than whole eights, and writes whole eights.
   void (*joinSegments)(const StrokeSegments& segments, std::size_t count, const NodePen& pen,
                        StrokeNode* out);
-  /// Puts down both sides of a contour's segments, each followed by its node unless there are none,
-  /// and gives the segment that it stops ahead of, or the range's end: one for which even steps
-  /// will not do, or that bends more tightly than the pen here and less so there. A side that would
-  /// run backwards all along a curve is led through the curve's middle instead, where the
-  /// neighbours cover what that leaves out. Samples are moved out of each side's hollow so that its
-  /// chords keep the area. Writes up to eight corners too many.
+  /// Puts down both sides of a contour's segments, each followed by its node or not, and gives the
+  /// segment that it stops ahead of, or the range's end: one for which even steps will not do, or
+  /// that bends more tightly than the pen here and less so there. A side that would run backwards
+  /// all along a curve is led through the curve's middle instead, where the neighbours cover what
+  /// that leaves out. Samples are moved out of each side's hollow so that its chords keep the area.
+  /// Writes up to eight corners too many.
   std::size_t (*putSides)(const StrokeSegments& segments, const StrokeNode* nodes,
                           const SegmentRange& range, const SidePen& pen, SideEnds& sides);
   /// The box around corners.
@@ -366,10 +366,6 @@ struct Kernels {
   /// joinCorners. Reads and writes whole eights.
   int (*joinRing)(const float* x, const float* y, std::size_t count, const RingShift& shift,
                   bool backwards, Edge* edges);
-  /// Places corners in a frame, the last one first when `backwards`. Reads up to eight corners
-  /// beyond them, or ahead of them when backwards, and writes whole eights.
-  void (*placeCorners)(const float* x, const float* y, std::size_t count, bool backwards,
-                       const CornerFrame& frame, const PlacedCorners& out);
 };
 
 /// The fastest table for this machine.

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include <glyphwright/platform/raster/bent_curve.h>
-#include <glyphwright/platform/raster/kernels/put_sides.h>
+#include <glyphwright/platform/raster/kernels/folds.h>
 #include <glyphwright/platform/raster/stroke_pen.h>
 #include <glyphwright/platform/raster/stroke_segments.h>
 
@@ -101,7 +101,7 @@ class ContourWriter {
   void write(const StrokeOutline::Listed& contour);
   void writeOpen(std::size_t first, std::size_t last, CGLineCap cap);
   void endOpen(std::size_t last, const PenPlace& start, CGLineCap cap);
-  void putSegments(SegmentRange range, bool withNodes);
+  void putSegments(SegmentRange range);
   void putBent(std::size_t i, const SegmentRange& range);
   void putNode(std::size_t i);
 
@@ -228,7 +228,7 @@ void ContourWriter::write(const StrokeOutline::Listed& contour) {
     writeOpen(first, first + 1, pen_.foldStyle());
   } else {
     begin(false);
-    putSegments({first, last, last - 1, last}, true);
+    putSegments({first, last, last - 1, last, true});
     close();
   }
 }
@@ -237,8 +237,8 @@ void ContourWriter::writeOpen(std::size_t first, std::size_t last, CGLineCap cap
   begin(true);
   pen_.across(startOf(first), startAlong(first));
   // There is no node at its end.
-  putSegments({first, last - 1, first, last - 1}, true);
-  putSegments({last - 1, last, last - 1 - (last - 1 > first ? 1 : 0), last - 1}, false);
+  putSegments({first, last - 1, first, last - 1, true});
+  putSegments({last - 1, last, last - 1 - (last - 1 > first ? 1 : 0), last - 1, false});
   endOpen(last - 1, start(first), cap);
 }
 
@@ -289,7 +289,7 @@ void ContourWriter::writeLong(const PathStretch& contour) {
   begin(!isClosed);
   if (!isClosed) pen_.across(from.at, from.direction);
   while (hasMore) {
-    putSegments({1, count - 1, before, count - 1}, true);
+    putSegments({1, count - 1, before, count - 1, true});
     std::copy_n(cubic(count - 2), 8, cubic(0));
     before = 0;
     count = 2;
@@ -297,18 +297,18 @@ void ContourWriter::writeLong(const PathStretch& contour) {
     if (!hasMore && isClosed) std::copy_n(first.data(), 4, cubic(count++));
     prepareRead();
   }
-  putSegments({1, count - 1, before, count - 1}, true);
+  putSegments({1, count - 1, before, count - 1, true});
   if (isClosed) return close();
-  putSegments({count - 1, count, count - 2, count - 1}, false);
+  putSegments({count - 1, count, count - 2, count - 1, false});
   endOpen(count - 1, from, pen_.capStyle());
 }
 
 // Both sides of segments, each followed by its node or not.
-void ContourWriter::putSegments(SegmentRange range, bool withNodes) {
+void ContourWriter::putSegments(SegmentRange range) {
   OutlineSide& left = out_.left;
   OutlineSide& right = out_.right;
-  const bool oneByOne = withNodes && pen_.hasRoundJoins();
-  const StrokeNode* nodes = withNodes && !oneByOne ? out_.segments.nodes().data() : nullptr;
+  const bool oneByOne = range.withNodes && pen_.hasRoundJoins();
+  const bool withNodes = std::exchange(range.withNodes, range.withNodes && !oneByOne);
   const std::size_t end = range.end;
   const std::size_t after = range.after;
   while (range.first < end) {
@@ -318,7 +318,8 @@ void ContourWriter::putSegments(SegmentRange range, bool withNodes) {
     SideEnds sides{left.endX(), left.endY(), right.endX(), right.endY()};
     range.end = oneByOne ? range.first + 1 : end;
     range.after = range.end == end ? after : range.end;
-    const std::size_t reached = kernels_.putSides(s_, nodes, range, sidePen_, sides);
+    const std::size_t reached =
+        kernels_.putSides(s_, out_.segments.nodes().data(), range, sidePen_, sides);
     left.endAt(sides.leftX);
     right.endAt(sides.rightX);
     const bool isBent = reached < range.end;
@@ -331,10 +332,10 @@ void ContourWriter::putSegments(SegmentRange range, bool withNodes) {
 }
 
 void ContourWriter::putBent(std::size_t i, const SegmentRange& range) {
-  const Fold<ContourWriter> fold(s_, i, sidePen_);
-  const StrokePen::Hollow hollow = fold.isInsideTwice(range)    ? StrokePen::Hollow::backwards
-                                   : fold.isPartlyInside(range) ? StrokePen::Hollow::leftOut
-                                                                : StrokePen::Hollow::drawn;
+  const loops::Fold fold(s_, out_.segments.nodes().data(), range, i, sidePen_);
+  const StrokePen::Hollow hollow = fold.isInsideTwice()    ? StrokePen::Hollow::backwards
+                                   : fold.isPartlyInside() ? StrokePen::Hollow::leftOut
+                                                           : StrokePen::Hollow::drawn;
   const std::span<const PieceEnd> places =
       bent_.places(pointsOf(out_.curves[i]).data(),
                    {startAlong(i), endAlong(i), s_.startReach[i], s_.endReach[i]});

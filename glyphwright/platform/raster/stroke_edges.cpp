@@ -88,9 +88,8 @@ OutlineEdges::OutlineEdges(EdgeList& out, const DeviceBox& box, const PixelRect&
     out.beyondLeft = box.minX < region.x0 ? kBeyond : 0;
     out.beyondRight = std::max(static_cast<int>(std::ceil(box.maxX)) - region.x1, 0);
   }
-  frame_ = {static_cast<float>(outline.originX - region.x0 + out.beyondLeft),
-            static_cast<float>(outline.originY - region.y0), static_cast<float>(region.width()),
-            static_cast<float>(region.height())};
+  shift_ = {static_cast<float>(outline.originX - region.x0 + out.beyondLeft),
+            static_cast<float>(outline.originY - region.y0)};
 }
 
 void OutlineEdges::take(StrokeOutline& piece) {
@@ -115,65 +114,63 @@ void OutlineEdges::finish() {
 void OutlineEdges::join(const Line& line) {
   if (line.count < 2) return;
   if (isWhole_) {
-    joinWhole(line, kernels_);
+    joinWhole(line);
   } else {
-    joinCut(line, kernels_);
+    joinCut(line);
   }
 }
 
-// From side to side at the end of an open contour.
+// From side to side at the end of an open contour; loops read whole eights.
 void OutlineEdges::cross(const OutlineSide& from, std::size_t i, const OutlineSide& to,
                          std::size_t j) {
-  const float x[] = {from.x[i], to.x[j]};
-  const float y[] = {from.y[i], to.y[j]};
-  // Two corners are no eight.
-  const Kernels& plain = kernelSets().back().loops();
-  if (isWhole_) {
-    joinWhole({x, y, 2, false}, plain);
-  } else {
-    joinCut({x, y, 2, false}, plain);
-  }
+  const float x[2 * kEight] = {from.x[i], to.x[j]};
+  const float y[2 * kEight] = {from.y[i], to.y[j]};
+  join({x, y, 2, false});
 }
 
 // Eight corners at a time.
-void OutlineEdges::joinWhole(const Line& line, const Kernels& kernels) {
+void OutlineEdges::joinWhole(const Line& line) {
   makeRoom(line.count + kEight);
-  runs_ += 2 * kernels.joinRing(line.x, line.y, line.count, {frame_.shiftX, frame_.shiftY},
-                                line.backwards, out_.storage.data() + count_);
+  runs_ += 2 * kernels_.joinRing(line.x, line.y, line.count, shift_, line.backwards,
+                                 out_.storage.data() + count_);
   count_ += line.count - 1;
 }
 
-void OutlineEdges::joinCut(const Line& line, const Kernels& kernels) {
+void OutlineEdges::joinCut(const Line& line) {
   makeCornerRoom(line.count);
-  kernels.placeCorners(line.x, line.y, line.count, line.backwards, frame_,
-                       {out_.cornerX.data(), out_.cornerY.data(), outline_.outside.data()});
-  unsigned outside = 0;
-  for (std::size_t i = 0; i < (line.count + kEight - 1) / kEight; ++i) {
-    outside |= outline_.outside[i];
+  const auto width = static_cast<float>(out_.region.width());
+  const auto height = static_cast<float>(out_.region.height());
+  std::uint8_t leaves = 0;
+  for (std::size_t i = 0; i < line.count; ++i) {
+    const std::size_t from = line.backwards ? line.count - 1 - i : i;
+    const float x = line.x[from] + shift_.x;
+    const float y = line.y[from] + shift_.y;
+    const bool isInside = x >= 0 && x <= width && y >= 0 && y <= height;
+    out_.cornerX[i] = isInside ? x : 0;
+    out_.cornerY[i] = isInside ? static_cast<std::int32_t>(y * kUnitsPerPixel + 0.5F) : 0;
+    leaves |= outline_.outside[i] = isInside ? 0 : 1;
   }
-  if (outside != 0) {
-    cutLine(line, kernels);
+  if (leaves != 0) {
+    cutLine(line);
   } else {
-    joinPlaced(0, line.count - 1, kernels);
+    joinPlaced(0, line.count - 1);
   }
 }
 
 // Edges of the placed corners `first` to `last`.
-void OutlineEdges::joinPlaced(std::size_t first, std::size_t last, const Kernels& kernels) {
+void OutlineEdges::joinPlaced(std::size_t first, std::size_t last) {
   makeRoom(last - first + kEight);
-  runs_ += 2 * kernels.joinCorners(out_.cornerX.data() + first, out_.cornerY.data() + first,
-                                   last - first + 1, out_.storage.data() + count_);
+  runs_ += 2 * kernels_.joinCorners(out_.cornerX.data() + first, out_.cornerY.data() + first,
+                                    last - first + 1, out_.storage.data() + count_);
   count_ += last - first;
 }
 
 // Edges that leave the region are cut one by one.
-void OutlineEdges::cutLine(const Line& line, const Kernels& kernels) {
-  const auto isInside = [&](std::size_t i) {
-    return (outline_.outside[i / kEight] >> i % kEight & 1) == 0;
-  };
+void OutlineEdges::cutLine(const Line& line) {
+  const auto isInside = [&](std::size_t i) { return outline_.outside[i] == 0; };
   const auto cornerAt = [&](std::size_t i) {
     const std::size_t at = line.backwards ? line.count - 1 - i : i;
-    return CGPoint{line.x[at] + frame_.shiftX, line.y[at] + frame_.shiftY};
+    return CGPoint{line.x[at] + shift_.x, line.y[at] + shift_.y};
   };
   bool wasDown = false;
   for (std::size_t i = 0; i + 1 < line.count;) {
@@ -182,7 +179,7 @@ void OutlineEdges::cutLine(const Line& line, const Kernels& kernels) {
       while (last + 1 < line.count && isInside(last + 1)) ++last;
     }
     if (last > i) {
-      joinPlaced(i, last, kernels);
+      joinPlaced(i, last);
       i = last;
       wasDown = false;
       continue;
@@ -205,8 +202,7 @@ void OutlineEdges::makeCornerRoom(std::size_t corners) {
     out_.cornerX.resize(2 * wanted);
     out_.cornerY.resize(2 * wanted);
   }
-  const std::size_t masks = corners / kEight + 2;
-  if (outline_.outside.size() < masks) outline_.outside.resize(2 * masks);
+  if (outline_.outside.size() < corners) outline_.outside.resize(2 * corners);
 }
 
 }  // namespace glyphwright::raster

@@ -31,16 +31,16 @@ class OutlineEdges final : public OutlineSink, private CuttingWriter {
   }
 
   void join(const Line& line);
-  void joinWhole(const Line& line, const Kernels& kernels);
-  void joinCut(const Line& line, const Kernels& kernels);
-  void joinPlaced(std::size_t first, std::size_t last, const Kernels& kernels);
-  void cutLine(const Line& line, const Kernels& kernels);
+  void joinWhole(const Line& line);
+  void joinCut(const Line& line);
+  void joinPlaced(std::size_t first, std::size_t last);
+  void cutLine(const Line& line);
   void cross(const OutlineSide& from, std::size_t i, const OutlineSide& to, std::size_t j);
   void makeCornerRoom(std::size_t corners);
 
   bool isWhole_;
   StrokeOutline& outline_;
-  CornerFrame frame_;
+  RingShift shift_;
 };
 
 }  // namespace glyphwright::raster

@@ -47,6 +47,9 @@ struct StrokeSegments {
   /// and its last chord, or half of that when this is one. Two corners never meet on one side then.
   float* startReach;
   float* endReach;
+  /// How wide the sector is that the pen sweeps behind the centre of its bend, if it bends more
+  /// tightly than the pen all along.
+  float* sector;
   /// How many chords it takes; less than 0, and as many, when it bends more tightly than the pen
   /// where it starts; 0 when chords of even steps would not do: it may have no direction at an end,
   /// bend away from its middle leg by more than a quarter of a turn, or bend more tightly than the
@@ -65,12 +68,13 @@ struct SidePen {
 };
 
 /// Segments `first` to `end` of a contour, and those whose ends come before and after all of them:
-/// `first` itself and the last one where there are none.
+/// `first` itself and the last one where there are none. Their nodes are drawn with them or not.
 struct SegmentRange {
   std::size_t first;
   std::size_t end;
   std::size_t before;
   std::size_t after;
+  bool withNodes;
 };
 
 /// How the sides of neighbouring segments are joined.
@@ -88,14 +92,18 @@ struct NodePen {
   static constexpr float kNoise = 1.0F / 65536;
   /// Segments that turn back by less than this hide the crossing of their inner sides far away.
   static constexpr float kLeastCosine = -0.99F;
+  /// And those that turn by less than this run on from one another.
+  static constexpr float kBandCosine = 0.99F;
 };
 
-/// The corners of one side of a node between two segments: one to three.
+/// The corners of one side of a node between two segments: one to three. Where these run on from
+/// one another, also twice as far as the band of the one before it (left) or after it (right)
+/// reaches from there; 0 elsewhere.
 struct NodeSide {
   float x[3];
   std::int32_t count;
   float y[3];
-  float unused;
+  float band;
 };
 struct StrokeNode {
   NodeSide left;
@@ -127,20 +135,6 @@ struct CornerBox {
 /// From the outline's origin to a region's corner, in pixels.
 struct RingShift {
   float x, y;
-};
-
-/// Where corners come to lie: moved by `shift`, inside a region, which begins at 0, or not.
-struct CornerFrame {
-  float shiftX, shiftY;
-  float width;
-  float height;
-};
-
-/// Corners with x in pixels and y in units from the region's corner; both mean nothing outside.
-struct PlacedCorners {
-  float* x;
-  std::int32_t* y;
-  std::uint8_t* outside;  // a bit a corner, the lowest first
 };
 
 }  // namespace glyphwright::raster

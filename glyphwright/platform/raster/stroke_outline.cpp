@@ -20,7 +20,7 @@ const StrokeSegments& SegmentMemory::roomFor(std::size_t count) {
   // nothing.
   const std::size_t room = 2 * wanted;
   std::vector<StrokeCubic> cubics(room);
-  std::vector<float> values(8 * room);
+  std::vector<float> values(9 * room);
   std::vector<std::int32_t> chords(room);
   std::vector<StrokeNode> nodes(room);
   cubics_ = std::move(cubics);
@@ -37,6 +37,7 @@ const StrokeSegments& SegmentMemory::roomFor(std::size_t count) {
             .endAlongY = v + 5 * room,
             .startReach = v + 6 * room,
             .endReach = v + 7 * room,
+            .sector = v + 8 * room,
             .chords = chords_.data()};
   return lists_;
 }

@@ -11,6 +11,10 @@
 #include <glyphwright/platform/raster/kernels/points.h>
 #include <glyphwright/platform/raster/kernels/shadows.h>
 #include <glyphwright/platform/raster/kernels/source_cells.h>
+#include <glyphwright/platform/raster/kernels/stroke_curves.h>
+#include <glyphwright/platform/raster/kernels/stroke_nodes.h>
+#include <glyphwright/platform/raster/kernels/stroke_outlines.h>
+#include <glyphwright/platform/raster/kernels/stroke_sides.h>
 #include <glyphwright/platform/raster/kernels/two_shapes.h>
 
 namespace glyphwright::raster::loops {
@@ -49,12 +53,11 @@ inline constexpr Kernels kLoops{
     .multiplyCoverage = multiplyCoverage<L>,
     .filterDown = filterDown<L>,
     .filterAlong = filterAlong<L>,
-    .prepareSegments = nullptr,
-    .joinSegments = nullptr,
-    .putSides = nullptr,
-    .boxCorners = nullptr,
-    .joinRing = nullptr,
-    .placeCorners = nullptr,
+    .prepareSegments = prepareSegments<L>,
+    .joinSegments = joinSegments<L>,
+    .putSides = putSides<L>,
+    .boxCorners = boxCorners<L>,
+    .joinRing = joinRing<L>,
 };
 
 }  // namespace

@@ -1,12 +1,10 @@
-#include <glyphwright/platform/raster/kernels/avx2.h>
 #include <glyphwright/platform/raster/kernels/loops.h>
 #include <glyphwright/platform/raster/lanes/avx2.h>
 
 namespace glyphwright::raster {
 
 const Kernels& avx2Kernels() {
-  static constexpr Kernels kTable = avx2::withStrokes(loops::kLoops<lanes::avx2::Set>);
-  return kTable;
+  return loops::kLoops<lanes::avx2::Set>;
 }
 
 }  // namespace glyphwright::raster

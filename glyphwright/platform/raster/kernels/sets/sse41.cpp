@@ -1,12 +1,10 @@
 #include <glyphwright/platform/raster/kernels/loops.h>
-#include <glyphwright/platform/raster/kernels/scalar.h>
 #include <glyphwright/platform/raster/lanes/sse41.h>
 
 namespace glyphwright::raster {
 
 const Kernels& sse41Kernels() {
-  static constexpr Kernels kTable = scalar::withStrokes(loops::kLoops<lanes::sse41::Set>);
-  return kTable;
+  return loops::kLoops<lanes::sse41::Set>;
 }
 
 }  // namespace glyphwright::raster

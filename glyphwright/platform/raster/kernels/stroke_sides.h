@@ -29,15 +29,14 @@ PenBend sampleSides(const StrokeCubic& c, float halfWidth, int chords, const Sid
   // Of a·t + u, which is a sixth of p''; and over the square of a third of p'.
   const Floats lift = every(step * step * 0.5F), pen = every(halfWidth * (2.0F / 3.0F));
   const Floats half = every(halfWidth), one = every(1), foldTurn = every(kFoldTurn);
-  const Floats last = every(static_cast<float>(chords));
   const Floats changeX = every(c.changeX), changeY = every(c.changeY);
   const Floats bendX = every(c.bendX), bendY = every(c.bendY);
   const Floats legX = every(c.legX), legY = every(c.legY);
   const Floats startX = every(c.startX), startY = every(c.startY);
   Floats number = numbers<Floats>() + one;
-  unsigned tight = 0;
-  unsigned opensLeft = 0;
-  unsigned opensRight = 0;
+  unsigned follows = 0xFF;
+  unsigned foldsLeft = 0xFF;
+  unsigned foldsRight = 0xFF;
   for (int k = 0; k < chords; k += 8) {
     const Floats t = number * h;
     const Floats atX = changeX * t + bendX, atY = changeY * t + bendY;
@@ -49,10 +48,10 @@ PenBend sampleSides(const StrokeCubic& c, float halfWidth, int chords, const Sid
     const Floats bend = atX * normalX + atY * normalY;
     // Half the width times the curvature.
     const Floats turn = pen * bend * (inverse * inverse);
-    const auto isSample = number <= last;
-    tight |= bits(isSample & ~(abs(turn) <= one));
-    opensLeft |= bits(isSample & ~(turn >= foldTurn));
-    opensRight |= bits(isSample & ~(-turn >= foldTurn));
+    const unsigned beyond = chords - k < 8 ? 0xFFU << (chords - k) : 0;
+    follows &= bits(abs(turn) <= one) | beyond;
+    foldsLeft &= bits(turn >= foldTurn) | beyond;
+    foldsRight &= bits(-turn >= foldTurn) | beyond;
     const Floats out1 = bend * lift;
     const Floats out2 = out1 * turn;
     const Floats left = half - out1 + out2, right = half + out1 + out2;
@@ -62,9 +61,9 @@ PenBend sampleSides(const StrokeCubic& c, float halfWidth, int chords, const Sid
     store(out.rightY + k, y - normalY * right);
     number = number + every(8);
   }
-  if (tight == 0) return PenBend::follows;
-  if (opensLeft == 0) return PenBend::foldsLeft;
-  return opensRight == 0 ? PenBend::foldsRight : PenBend::mixed;
+  if (follows == 0xFF) return PenBend::follows;
+  if (foldsLeft == 0xFF) return PenBend::foldsLeft;
+  return foldsRight == 0xFF ? PenBend::foldsRight : PenBend::mixed;
 }
 
 template <typename L>

@@ -114,8 +114,8 @@ TEST(PresetsArtwork, CopiesLieOnTheGridAndShapesCarryTheirRule) {
   EXPECT_EQ(copy[0].end, (CGPoint{11.52, -10.34}));
   EXPECT_EQ(copy[1].end, (CGPoint{10.75, -9.33}));
   EXPECT_EQ(copy[2].verb, PathVerb::close);
-  EXPECT_EQ(onGrid(-0.004), 0);
-  EXPECT_EQ(onGrid(-2.675001), -2.68);
+  EXPECT_EQ(paths::onGrid(-0.004), 0);
+  EXPECT_EQ(paths::onGrid(-2.675001), -2.68);
   EXPECT_EQ(firstContour(steps).size(), 3U);
   EXPECT_TRUE(afterFirstContour(steps).empty());
   EXPECT_TRUE(pathOf(compound(steps)).usesEvenOddFillRule());

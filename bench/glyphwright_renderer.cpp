@@ -61,7 +61,7 @@ UIImage drawnThroughClip(const Icon& icon, Operation operation, std::size_t side
   const UIBezierPath path = icon.method();
   const CGAffineTransform fit = fitting(path.cgPath(), operation, side);
   CGContextConcatCTM(context, fit);
-  CGContextClipToPath(context, path.cgPath(), true);
+  CGContextClipToPath(context, path.cgPath(), FillRule::evenOdd);
   CGContextConcatCTM(context, CGAffineTransformInvert(fit));
   std::vector<CGGradient::Stop> stops;
   for (const auto& [red, green, blue] : kStops) {

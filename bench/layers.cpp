@@ -43,14 +43,14 @@ struct ByHand {
   const CGGradient* gradient;
 
   void operator()(std::monostate) const {}
-  void operator()(const presets::Fill& piece) const { fill(piece.shape, piece.color); }
+  void operator()(const presets::Fill& piece) const { fill(piece.area, piece.color); }
   void operator()(const presets::Stroke& piece) const {
     CGContextSetStrokeColor(context, piece.color);
     StrokeStyle style;
     style.width = piece.width;
     style.cap = piece.cap;
     style.miterLimit = piece.miterLimit;
-    CGContextStrokePath(context, presets::pathOf(piece.shape).cgPath(), style);
+    CGContextStrokePath(context, presets::pathOf(piece.area).cgPath(), style);
   }
   void operator()(const presets::ClippedGradient& piece) const {
     CGContextSaveGState(context);
@@ -62,7 +62,7 @@ struct ByHand {
   void operator()(const presets::ClippedFill& piece) const {
     CGContextSaveGState(context);
     clip(piece.clip);
-    fill(piece.shape, piece.color);
+    fill(piece.area, piece.color);
     CGContextRestoreGState(context);
   }
   void operator()(const presets::Group& piece) const {
@@ -72,29 +72,29 @@ struct ByHand {
     CGContextRestoreGState(context);
   }
   void operator()(const presets::Translucent& piece) const {
-    fill(piece.shape, piece.color.colorWithAlphaComponent(piece.color.alpha() * piece.alpha));
+    fill(piece.area, piece.color.colorWithAlphaComponent(piece.color.alpha() * piece.alpha));
   }
   void operator()(const presets::Turned& piece) const {
     CGContextSaveGState(context);
     CGContextTranslateCTM(context, piece.origin.x, piece.origin.y);
     CGContextRotateCTM(context, piece.angle);
-    fill(piece.shape, piece.color);
+    fill(piece.area, piece.color);
     CGContextRestoreGState(context);
   }
   void operator()(const presets::Ground& piece) const {
     CGContextSetFillColor(context, piece.color);
     CGContextFillRect(context, {{}, piece.size});
   }
-  void operator()(const presets::LastingClip& piece) const { clip(piece.shape); }
+  void operator()(const presets::LastingClip& piece) const { clip(piece.area); }
   void operator()(presets::EndImageContext) const {}
 
  private:
-  void fill(const presets::Shape& shape, const UIColor& color) const {
+  void fill(const presets::Area& area, const UIColor& color) const {
     CGContextSetFillColor(context, color);
-    CGContextFillPath(context, presets::pathOf(shape).cgPath(), shape.evenOdd);
+    CGContextFillPath(context, presets::pathOf(area).cgPath(), area.rule);
   }
-  void clip(const presets::Shape& shape) const {
-    CGContextClipToPath(context, presets::pathOf(shape).cgPath(), shape.evenOdd);
+  void clip(const presets::Area& area) const {
+    CGContextClipToPath(context, presets::pathOf(area).cgPath(), area.rule);
   }
 };
 
@@ -132,7 +132,7 @@ std::vector<LayerRow> timeLayers(const std::vector<Icon>& icons, std::size_t sid
       [&](std::size_t i) {
         inImage(size, [&](CGContextRef context) {
           CGContextSetFillColor(context, kBlue);
-          CGContextFillPath(context, *shapes[i]->path(), false);
+          CGContextFillPath(context, *shapes[i]->path(), FillRule::nonZero);
         });
       }));
   const CGPoint start{points / 2, 0};
@@ -145,7 +145,7 @@ std::vector<LayerRow> timeLayers(const std::vector<Icon>& icons, std::size_t sid
       [&](std::size_t i) {
         inImage(size, [&](CGContextRef context) {
           CGContextSaveGState(context);
-          CGContextClipToPath(context, *gradients[i]->path(), false);
+          CGContextClipToPath(context, *gradients[i]->path(), FillRule::nonZero);
           const auto gradient = CGGradientCreateWithColors(std::nullopt, kColors, std::nullopt);
           CGContextDrawLinearGradient(context, *gradient, start, end,
                                       CGGradientDrawingOptions::drawsBeforeAndAfter);

@@ -9,6 +9,7 @@
 #include <optional>
 
 #include <glyphwright/platform/borrowed.h>
+#include <glyphwright/platform/fill_rule.h>
 #include <glyphwright/platform/path.h>
 #include <glyphwright/platform/stroke_style.h>
 
@@ -123,6 +124,8 @@ class UIBezierPath {
   /// Even-odd instead of the non-zero rule; false for a new path.
   bool usesEvenOddFillRule() const { return usesEvenOddFillRule_; }
   void setUsesEvenOddFillRule(bool evenOdd) { usesEvenOddFillRule_ = evenOdd; }
+  /// The same rule as graphics contexts take it.
+  FillRule fillRule() const { return usesEvenOddFillRule_ ? FillRule::evenOdd : FillRule::nonZero; }
 
   // Painting into the current graphics context; without one, nothing happens
 

@@ -9,8 +9,6 @@
 /// Pictures that meet every condition in the table of ways, for whoever compares the ways.
 namespace glyphwright::drawing {
 
-using raster::FillRule;
-
 /// Draws a picture by a row of whole numbers, random ones or a fuzzer's, in which every task, state
 /// and surface turns up in the end. `Numbers` gives the next one, and a copy of it gives the same.
 template <typename Numbers>

@@ -55,7 +55,9 @@ const Cost kCosts[] = {
        EXPECT_FALSE(CGRectIsEmpty(path.boundingBox()));
      }},
     {"segments, filled", 20000,
-     [](int n) { drawOn(64, [&](CGContextRef c) { CGContextFillPath(c, pathOf(n), false); }); }},
+     [](int n) {
+       drawOn(64, [&](CGContextRef c) { CGContextFillPath(c, pathOf(n), FillRule::nonZero); });
+     }},
     {"segments, stroked", 5000,
      [](int n) { drawOn(64, [&](CGContextRef c) { CGContextStrokePath(c, pathOf(n), {2}); }); }},
     {"contours, stroked", 5000,
@@ -69,7 +71,7 @@ const Cost kCosts[] = {
        drawOn(32, [&](CGContextRef c) {
          CGPath disc;
          disc.addEllipseInRect({1, 1, 30, 30});
-         for (int i = 0; i < n; ++i) CGContextClipToPath(c, disc, false);
+         for (int i = 0; i < n; ++i) CGContextClipToPath(c, disc, FillRule::nonZero);
          CGContextFillRect(c, {0, 0, 32, 32});
        });
      }},

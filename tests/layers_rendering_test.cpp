@@ -18,8 +18,8 @@ TEST(LayerRendering, AShapeIsItsFillAndThenItsStroke) {
   const auto layer = CAShapeLayer::layer();
   layer->setPath(figure());
   EXPECT_GT(pixels::largestDifference(drawn(*layer), drawn(*CALayer::layer())), 0);
-  for (const bool evenOdd : {false, true}) {
-    layer->setFillRule(evenOdd ? CAShapeLayerFillRule::evenOdd : CAShapeLayerFillRule::nonZero);
+  for (const FillRule rule : {FillRule::nonZero, FillRule::evenOdd}) {
+    layer->setFillRule(rule);
     layer->setFillColor(UIColor(0.9, 0.3, 0.1, 0.7));
     layer->setStrokeColor(kBlue);
     const StrokeStyle style{2.5, CGLineCap::round, CGLineJoin::bevel, 4};
@@ -29,7 +29,7 @@ TEST(LayerRendering, AShapeIsItsFillAndThenItsStroke) {
     layer->setMiterLimit(style.miterLimit);
     const UIImage byHand = drawn([&](CGContextRef context) {
       CGContextSetFillColor(context, *layer->fillColor());
-      CGContextFillPath(context, figure(), evenOdd);
+      CGContextFillPath(context, figure(), rule);
       CGContextSetStrokeColor(context, kBlue);
       CGContextStrokePath(context, figure(), style);
     });
@@ -53,7 +53,7 @@ TEST(LayerRendering, SublayersStandWhereTheirGeometryPutsThem) {
       CGContextTranslateCTM(context, 15, 22);
       CGContextConcatCTM(context, transform);
       CGContextTranslateCTM(context, -(4 + 5), -(6 + 10));
-      CGContextFillPath(context, figure(), false);
+      CGContextFillPath(context, figure(), FillRule::nonZero);
     });
     EXPECT_LE(pixels::largestDifference(drawn(*parent), byHand), 1);
   }

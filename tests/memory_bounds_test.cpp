@@ -78,7 +78,9 @@ TEST(Bounds, HostileRequestsTakeBoundedMemory) {
       {"100,000 cubics that reach a million pixels, filled", 64 * kMiB,
        [&] {
          return [path = farCubics(100000)] {
-           drawOn(100, [&](CGContextRef context) { CGContextFillPath(context, path, true); });
+           drawOn(100, [&](CGContextRef context) {
+             CGContextFillPath(context, path, FillRule::evenOdd);
+           });
          };
        }},
       {"100,000 cubics all over a picture of 2048 pixels a side, filled", (16 + 64) * kMiB,
@@ -134,7 +136,7 @@ TEST(Bounds, HostileRequestsTakeBoundedMemory) {
              for (int i = 0; i < 20; ++i) {
                CGPath path;
                path.addEllipseInRect({{0, 0}, {2048.0 - i, 2048.0}});
-               CGContextClipToPath(context, path, false);
+               CGContextClipToPath(context, path, FillRule::nonZero);
                CGContextFillRect(context, {{0, 0}, {2048, 2048}});
              }
            });
@@ -167,7 +169,7 @@ TEST(Bounds, ClipsMayBeNestedWithoutEnd) {
   const UIImage image = UIImage::render({8, 8}, 1, [&](CGContext& c) {
                           for (int i = 0; i < 60000; ++i) {
                             if (i == 30000) CGContextSaveGState(&c);
-                            CGContextClipToPath(&c, oval, false);
+                            CGContextClipToPath(&c, oval, FillRule::nonZero);
                           }
                           CGContextFillRect(&c, {{0, 0}, {3.5, 8}});
                           CGContextRestoreGState(&c);

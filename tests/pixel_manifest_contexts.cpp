@@ -57,14 +57,14 @@ void addContexts(std::vector<Picture>& list) {
   add("many-turns", [](CGContextRef context) {
     CGPath path;
     for (int i = 0; i < 70; ++i) path.addEllipseInRect({{1.0 + i / 9.0, 1}, {30, 37}});
-    CGContextFillPath(context, path, false);
+    CGContextFillPath(context, path, FillRule::nonZero);
   });
   add("group-in-clips", [](CGContextRef context) {
-    CGContextClipToPath(context, wave(3), false);
-    CGContextClipToPath(context, figure(), false);
+    CGContextClipToPath(context, wave(3), FillRule::nonZero);
+    CGContextClipToPath(context, figure(), FillRule::nonZero);
     CGContextSetShadowWithColor(context, {1, 1}, 3, kShade);
     CGContextBeginTransparencyLayer(context);
-    CGContextFillPath(context, wave(4), true);
+    CGContextFillPath(context, wave(4), FillRule::evenOdd);
     CGContextStrokePath(context, wave(2), {.width = 3});
     CGContextEndTransparencyLayer(context);
   });
@@ -72,7 +72,7 @@ void addContexts(std::vector<Picture>& list) {
     const CGGradient gradient(layerPictures::stops());
     CGContextDrawLinearGradient(context, gradient, {3, 4}, {30, 20},
                                 CGGradientDrawingOptions::drawsBeforeAndAfter);
-    CGContextClipToPath(context, wave(3), false);
+    CGContextClipToPath(context, wave(3), FillRule::nonZero);
     CGContextDrawRadialGradient(context, gradient, {20, 20}, 15);
     CGContextDrawConicGradient(context, gradient, {20, 20}, 1);
     const UIImage star = UIBezierPath::starPath().makeImage(

@@ -53,25 +53,25 @@ std::vector<Painting> allPaintings() {
 
 // What a piece paints and the clips it paints through.
 struct ShapesOf {
-  using Shapes = std::vector<Shape>;
+  using Shapes = std::vector<Area>;
   Shapes operator()(std::monostate) const { return {}; }
-  Shapes operator()(const Fill& piece) const { return {piece.shape}; }
-  Shapes operator()(const Stroke& piece) const { return {piece.shape}; }
+  Shapes operator()(const Fill& piece) const { return {piece.area}; }
+  Shapes operator()(const Stroke& piece) const { return {piece.area}; }
   Shapes operator()(const ClippedGradient& piece) const { return {piece.clip}; }
-  Shapes operator()(const ClippedFill& piece) const { return {piece.clip, piece.shape}; }
+  Shapes operator()(const ClippedFill& piece) const { return {piece.clip, piece.area}; }
   Shapes operator()(const Group& piece) const {
     Shapes shapes = std::visit(*this, piece.content);
     shapes.push_back(piece.clip);
     return shapes;
   }
-  Shapes operator()(const Translucent& piece) const { return {piece.shape}; }
-  Shapes operator()(const Turned& piece) const { return {piece.shape}; }
+  Shapes operator()(const Translucent& piece) const { return {piece.area}; }
+  Shapes operator()(const Turned& piece) const { return {piece.area}; }
   Shapes operator()(const Ground&) const { return {}; }
-  Shapes operator()(const LastingClip& piece) const { return {piece.shape}; }
+  Shapes operator()(const LastingClip& piece) const { return {piece.area}; }
   Shapes operator()(EndImageContext) const { return {}; }
 };
 
-bool isOneOf(const Shape& shape, std::initializer_list<const paths::Step*> steps) {
+bool isOneOf(const Area& area, std::initializer_list<const paths::Step*> steps) {
   for (const paths::Step* first : steps) {
     if (shape.steps.data() == first) return true;
   }
@@ -82,8 +82,8 @@ TEST(PresetsArtwork, OutlinesKeepTheRulesOfDrawing) {
   int seen = 0;
   for (const Painting& painting : allPaintings()) {
     for (const Piece& piece : painting.pieces) {
-      for (const Shape& shape : std::visit(ShapesOf{}, piece)) {
-        if (shape.kind != Shape::Kind::outline) continue;
+      for (const Area& area : std::visit(ShapesOf{}, piece)) {
+        if (shape.kind != Area::Kind::outline) continue;
         ++seen;
         const outline_check::Report report = outline_check::check(pathOf(shape).cgPath());
         SCOPED_TRACE(testing::PrintToString(painting.frame) + ", from " +

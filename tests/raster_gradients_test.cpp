@@ -229,11 +229,10 @@ TEST(RasterGradients, FillingIsClippingAndDrawing) {
                          box.origin.y + end.y * box.size.height / 32};
         constexpr auto kOptions = CGGradientDrawingOptions::drawsBeforeAndAfter;
         if (inOneStep) {
-          context->fillWithLinearGradient(heart, CGAffineTransformIdentity,
-                                          raster::FillRule::evenOdd, gradient, box.origin, to,
-                                          kOptions);
+          context->fillWithLinearGradient(heart, CGAffineTransformIdentity, FillRule::evenOdd,
+                                          gradient, box.origin, to, kOptions);
         } else {
-          CGContextClipToPath(context, heart, true);
+          CGContextClipToPath(context, heart, FillRule::evenOdd);
           CGContextDrawLinearGradient(context, gradient, box.origin, to, kOptions);
         }
         return scope.image();

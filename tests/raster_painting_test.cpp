@@ -112,10 +112,10 @@ TEST(RasterGroups, CastFromBeyondTheClip) {
       CGContextSetShadowWithColor(context, {9, 4}, 3, UIColor(0, 0, 1, 0.5));
       if (pieces > 1) CGContextBeginTransparencyLayer(context);
       for (CGFloat x = -8, width = 8.0 / pieces; x < 0; x += width) {
-        CGContextFillPath(context, rectangle({x, -2, width, 12}), false);
+        CGContextFillPath(context, rectangle({x, -2, width, 12}), FillRule::nonZero);
       }
       CGContextEndTransparencyLayer(context);
-      CGContextFillPath(context, rectangle({-9, 14, 1, 1}), false);
+      CGContextFillPath(context, rectangle({-9, 14, 1, 1}), FillRule::nonZero);
     });
   };
   const UIImage one = cast(1);
@@ -125,8 +125,8 @@ TEST(RasterGroups, CastFromBeyondTheClip) {
 
 TEST(RasterClips, ClipsMultiply) {
   const UIImage image = painted({8, 8}, [](CGContextRef context) {
-    CGContextClipToPath(context, rectangle({0.5, 0, 4, 8}), false);
-    CGContextClipToPath(context, rectangle({0.5, 0.5, 4, 8}), true);
+    CGContextClipToPath(context, rectangle({0.5, 0, 4, 8}), FillRule::nonZero);
+    CGContextClipToPath(context, rectangle({0.5, 0.5, 4, 8}), FillRule::evenOdd);
     CGContextFillRect(context, {0, 0, 8, 8});
   });
   EXPECT_NEAR(at(image, 0, 0).alpha, 255 * 0.5 * 0.25, 1);
@@ -138,7 +138,7 @@ TEST(RasterClips, ClipsMultiply) {
 TEST(RasterClips, RestoringWidensAndAnEmptyClipStopsAll) {
   const UIImage image = painted({8, 8}, [](CGContextRef context) {
     CGContextSaveGState(context);
-    CGContextClipToPath(context, CGPath(), false);
+    CGContextClipToPath(context, CGPath(), FillRule::nonZero);
     EXPECT_TRUE(CGRectIsNull(CGContextGetClipBoundingBox(context)));
     CGContextFillRect(context, {0, 0, 8, 8});
     CGContextRestoreGState(context);
@@ -270,7 +270,7 @@ TEST(RasterStack, EntriesOpenAndCloseInOrder) {
   CGContextFillRect(outer, {0, 0, 2, 3});
   const auto after = UIGraphicsGetImageFromCurrentImageContext();
   CGContextSetFillColor(outer, pixels::red);
-  CGContextFillPath(outer, rectangle({0, 0, 1, 3}), false);
+  CGContextFillPath(outer, rectangle({0, 0, 1, 3}), FillRule::nonZero);
   UIGraphicsEndImageContext();
   UIGraphicsEndImageContext();  // nothing left
   EXPECT_EQ(UIGraphicsGetCurrentContext(), nullptr);
@@ -301,8 +301,9 @@ TEST(RasterPainting, WindingBeyondWhatSmallCellsHoldIsRight) {
   }
   for (const CGPath* shape : {&path, &spiral}) {
     for (const double width : {40.0, 100.0}) {
-      const UIImage image = painted(
-          {width, 32}, [&](CGContextRef context) { CGContextFillPath(context, *shape, false); });
+      const UIImage image = painted({width, 32}, [&](CGContextRef context) {
+        CGContextFillPath(context, *shape, FillRule::nonZero);
+      });
       EXPECT_NEAR(area(image), (std::min(width, 90.0) - 2) * 28, 1e-6) << width;
     }
   }
@@ -313,7 +314,7 @@ TEST(RasterPainting, WindingBeyondWhatSmallCellsHoldIsRight) {
 TEST(RasterPainting, StrokesThatReachBeyondLeaveNothing) {
   const CGPath edge = rectangle({-6, 10, 20, 20});
   const auto fill = [&](CGContextRef context) {
-    CGContextFillPath(context, rectangle({3.5, 3, 30, 30}), true);
+    CGContextFillPath(context, rectangle({3.5, 3, 30, 30}), FillRule::evenOdd);
   };
   const UIImage alone = painted({40, 40}, fill);
   const auto stroke = [&](CGContextRef context) { CGContextStrokePath(context, edge, {6}); };

@@ -73,10 +73,10 @@ class Board {
     for (CGFloat y = 0; y <= height; ++y) fill(color, {0, magnified(y), magnified(width) + 1, 1});
   }
   /// `path` is in pixels of the icon.
-  void fill(CGPath path, bool evenOdd, const UIColor& color) {
+  void fill(CGPath path, FillRule rule, const UIColor& color) {
     path.applyTransform({magnified(1.0), 0, 0, magnified(1.0), 0.5, 0.5});
     CGContextSetFillColor(context_, color);
-    CGContextFillPath(context_, path, evenOdd);
+    CGContextFillPath(context_, path, rule);
   }
   /// The pen's width is in pixels of the picture.
   void stroke(CGPath path, const UIColor& color, const StrokeStyle& style) {
@@ -95,7 +95,7 @@ class Board {
     const CGPoint center = magnified(at);
     path.addArc(center, radius, 0, kTurn, true);
     CGContextSetFillColor(context_, color);
-    CGContextFillPath(context_, path, false);
+    CGContextFillPath(context_, path, FillRule::nonZero);
   }
   /// A point that lies at its very place.
   void ring(CGPoint at, CGFloat radius, const UIColor& color) {
@@ -121,7 +121,7 @@ class Board {
     path.addLineToPoint({back.x - aside.x, back.y - aside.y});
     path.closeSubpath();
     CGContextSetFillColor(context_, color);
-    CGContextFillPath(context_, path, false);
+    CGContextFillPath(context_, path, FillRule::nonZero);
   }
   PixelSheet sheet() const {
     const UIImage drawn = *UIGraphicsGetImageFromCurrentImageContext();
@@ -145,7 +145,7 @@ PixelSheet outlineOf(const Stages& stages) {
     pen.width = board.magnified(pen.width);
     board.stroke(stages.path, blue(0.1), pen);
   } else {
-    board.fill(stages.path, true, blue(0.1));
+    board.fill(stages.path, FillRule::evenOdd, blue(0.1));
   }
   board.stroke(stages.path, ink(), {2.5});
   const std::span<const CGPoint> points = stages.path.points();

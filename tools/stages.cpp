@@ -52,7 +52,7 @@ void place(const UIBezierPath& icon, std::size_t size, const Cast& cast, Stages&
       {scale, 0, 0, scale, inset - CGRectGetMinX(box) * scale, inset - CGRectGetMinY(box) * scale});
 }
 
-Shape shapeOf(const Stages& stages, raster::FillRule rule, const PixelRect& region,
+Shape shapeOf(const Stages& stages, FillRule rule, const PixelRect& region,
               raster::Scratch& scratch) {
   if (!stages.pen) return {{stages.path, CGAffineTransformIdentity, rule}, scratch};
   return {{stages.path, *stages.pen, CGAffineTransformIdentity, region, region}, scratch};
@@ -95,7 +95,7 @@ std::vector<double> valuesOf(const Mask& mask) {
   return values;
 }
 
-UIImage paint(const Stages& stages, bool evenOdd, const Cast& cast) {
+UIImage paint(const Stages& stages, FillRule rule, const Cast& cast) {
   UIGraphicsBeginImageContextWithOptions(
       {static_cast<CGFloat>(stages.width), static_cast<CGFloat>(stages.height)}, false, 1);
   CGContextRef context = UIGraphicsGetCurrentContext();
@@ -107,7 +107,7 @@ UIImage paint(const Stages& stages, bool evenOdd, const Cast& cast) {
   if (stages.pen) {
     CGContextStrokePath(context, stages.path, *stages.pen);
   } else {
-    CGContextFillPath(context, stages.path, evenOdd);
+    CGContextFillPath(context, stages.path, rule);
   }
   std::optional<UIImage> image = UIGraphicsGetImageFromCurrentImageContext();
   UIGraphicsEndImageContext();
@@ -121,13 +121,11 @@ Stages stagesOf(const UIBezierPath& icon, std::size_t size) {
   Stages stages;
   const Cast cast(size);
   place(icon, size, cast, stages);
-  const bool evenOdd = icon.usesEvenOddFillRule();
-  stages.painted = paint(stages, evenOdd, cast);
+  stages.painted = paint(stages, icon.fillRule(), cast);
 
   const PixelRect all{0, 0, static_cast<int>(stages.width), static_cast<int>(stages.height)};
   raster::Scratch& scratch = raster::threadScratch();
-  Shape shape = shapeOf(stages, evenOdd ? raster::FillRule::evenOdd : raster::FillRule::nonZero,
-                        all, scratch);
+  Shape shape = shapeOf(stages, icon.fillRule(), all, scratch);
   raster::ShapeMemory& memory = shape.edgesWithin(all);
   stages.chords = linesOf(memory.edges);
   stages.cells = raster::isNarrow(memory.edges) ? cellsOf<std::int16_t>(memory, *scratch.kernels)

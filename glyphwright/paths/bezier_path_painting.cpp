@@ -4,7 +4,7 @@
 namespace glyphwright {
 
 void UIBezierPath::fill() const {
-  CGContextFillPath(UIGraphicsGetCurrentContext(), path_, usesEvenOddFillRule_);
+  CGContextFillPath(UIGraphicsGetCurrentContext(), path_, fillRule());
 }
 
 void UIBezierPath::stroke() const {
@@ -13,7 +13,7 @@ void UIBezierPath::stroke() const {
 }
 
 void UIBezierPath::addClip() const {
-  CGContextClipToPath(UIGraphicsGetCurrentContext(), path_, usesEvenOddFillRule_);
+  CGContextClipToPath(UIGraphicsGetCurrentContext(), path_, fillRule());
 }
 
 }  // namespace glyphwright

@@ -7,16 +7,10 @@
 // The functions of contexts, none of which minds a null one.
 namespace glyphwright {
 
-using raster::FillRule;
-
 namespace {
 
 CGFloat unit(CGFloat value) {
   return value > 0 ? std::min(value, CGFloat{1}) : 0;
-}
-
-FillRule ruleOf(bool evenOdd) {
-  return evenOdd ? FillRule::evenOdd : FillRule::nonZero;
 }
 
 }  // namespace
@@ -87,14 +81,14 @@ void CGContextClip(CGContextRef context) {
 void CGContextEOClip(CGContextRef context) {
   if (context != nullptr) context->clipToPendingPath(FillRule::evenOdd);
 }
-void CGContextFillPath(CGContextRef context, const CGPath& path, bool evenOdd) {
-  if (context != nullptr) context->fill(path, ruleOf(evenOdd));
+void CGContextFillPath(CGContextRef context, const CGPath& path, FillRule rule) {
+  if (context != nullptr) context->fill(path, rule);
 }
 void CGContextStrokePath(CGContextRef context, const CGPath& path, const StrokeStyle& style) {
   if (context != nullptr) context->stroke(path, style);
 }
-void CGContextClipToPath(CGContextRef context, const CGPath& path, bool evenOdd) {
-  if (context != nullptr) context->clipTo(path, ruleOf(evenOdd));
+void CGContextClipToPath(CGContextRef context, const CGPath& path, FillRule rule) {
+  if (context != nullptr) context->clipTo(path, rule);
 }
 void CGContextFillRect(CGContextRef context, const CGRect& rect) {
   if (context != nullptr) context->fill(rect);

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include <glyphwright/platform/color.h>
+#include <glyphwright/platform/fill_rule.h>
 #include <glyphwright/platform/gradient.h>
 #include <glyphwright/platform/image.h>
 #include <glyphwright/platform/path.h>
@@ -65,9 +66,9 @@ void CGContextFillRect(CGContextRef context, const CGRect& rect);
 void CGContextClipToRect(CGContextRef context, const CGRect& rect);
 /// Fills, strokes or clips with a path given at once; the pending path is dropped. Stroking takes
 /// its style from `style`, not from the context.
-void CGContextFillPath(CGContextRef context, const CGPath& path, bool evenOdd);
+void CGContextFillPath(CGContextRef context, const CGPath& path, FillRule rule);
 void CGContextStrokePath(CGContextRef context, const CGPath& path, const StrokeStyle& style);
-void CGContextClipToPath(CGContextRef context, const CGPath& path, bool evenOdd);
+void CGContextClipToPath(CGContextRef context, const CGPath& path, FillRule rule);
 /// Paints the clip with bands perpendicular to start → end. Between them only, unless the options
 /// let the end colours run on. Equal or non-finite points paint nothing.
 void CGContextDrawLinearGradient(CGContextRef context, const CGGradient& gradient, CGPoint start,

@@ -2,9 +2,9 @@
 
 #include <span>
 
+#include <glyphwright/paths/outline_copies.h>
 #include <glyphwright/presets/chat_artwork.h>
 #include <glyphwright/presets/mood_flower.h>
-#include <glyphwright/paths/outline_copies.h>
 #include <glyphwright/presets/painting.h>
 #include <glyphwright/presets/palette.h>
 #include <glyphwright/presets/pin_chat_artwork.h>
@@ -104,7 +104,7 @@ inline constexpr Piece moodraNormalPieces[] = {
 inline constexpr Painting moodraNormal = {{16, 16}, moodraNormalPieces, &palette::moodraGradient};
 
 // The disc lies a little low on purpose and loses its foot to the canvas.
-inline constexpr Shape moodraLowDisc = roundedBox({0, 0.23, 32, 32}, 16);
+inline constexpr Area moodraLowDisc = roundedBox({0, 0.23, 32, 32}, 16);
 
 inline constexpr Piece moodraWithBackgroundPieces[] = {
     Fill{moodraLowDisc, palette::offWhite},

@@ -22,24 +22,24 @@ class SavedState {
   CGContextRef context_;
 };
 
-void fill(const Shape& shape, const UIColor& color) {
+void fill(const Area& area, const UIColor& color) {
   color.setFill();
-  pathOf(shape).fill();
+  pathOf(area).fill();
 }
 
 /// Paints one piece after the other into the current context.
-class Painter {
+class PieceByPiece {
  public:
-  Painter(CGContextRef context, const CGGradient* gradient)
+  PieceByPiece(CGContextRef context, const CGGradient* gradient)
       : context_(context), gradient_(gradient) {}
 
   void operator()(std::monostate) const {}
 
-  void operator()(const Fill& piece) const { fill(piece.shape, piece.color); }
+  void operator()(const Fill& piece) const { fill(piece.area, piece.color); }
 
   void operator()(const Stroke& piece) const {
     piece.color.setStroke();
-    UIBezierPath path = pathOf(piece.shape);
+    UIBezierPath path = pathOf(piece.area);
     path.setLineWidth(piece.width);
     path.setMiterLimit(piece.miterLimit);
     path.setLineCapStyle(piece.cap);
@@ -57,7 +57,7 @@ class Painter {
   void operator()(const ClippedFill& piece) const {
     const SavedState state(context_);
     pathOf(piece.clip).addClip();
-    fill(piece.shape, piece.color);
+    fill(piece.area, piece.color);
   }
 
   void operator()(const Group& piece) const {
@@ -71,14 +71,14 @@ class Painter {
   void operator()(const Translucent& piece) const {
     const SavedState state(context_);
     CGContextSetAlpha(context_, piece.alpha);
-    fill(piece.shape, piece.color);
+    fill(piece.area, piece.color);
   }
 
   void operator()(const Turned& piece) const {
     const SavedState state(context_);
     CGContextTranslateCTM(context_, piece.origin.x, piece.origin.y);
     CGContextRotateCTM(context_, piece.angle);
-    fill(piece.shape, piece.color);
+    fill(piece.area, piece.color);
   }
 
   void operator()(const Ground& piece) const {
@@ -86,7 +86,7 @@ class Painter {
     CGContextFillRect(context_, {CGPoint{}, piece.size});
   }
 
-  void operator()(const LastingClip& piece) const { pathOf(piece.shape).addClip(); }
+  void operator()(const LastingClip& piece) const { pathOf(piece.area).addClip(); }
 
   void operator()(EndImageContext) const { UIGraphicsEndImageContext(); }
 
@@ -97,23 +97,23 @@ class Painter {
 
 }  // namespace
 
-UIBezierPath pathOf(const Shape& shape) {
+UIBezierPath pathOf(const Area& area) {
   UIBezierPath path;
-  switch (shape.kind) {
-    case Shape::Kind::outline:
-      path = paths::outline(shape.steps);
+  switch (area.kind) {
+    case Area::Kind::outline:
+      path = paths::outline(area.steps);
       break;
-    case Shape::Kind::oval:
-      path = UIBezierPath::bezierPathWithOvalInRect(shape.rect);
+    case Area::Kind::oval:
+      path = UIBezierPath::bezierPathWithOvalInRect(area.rect);
       break;
-    case Shape::Kind::rect:
-      path = UIBezierPath::bezierPathWithRect(shape.rect);
+    case Area::Kind::rect:
+      path = UIBezierPath::bezierPathWithRect(area.rect);
       break;
-    case Shape::Kind::roundedRect:
-      path = UIBezierPath::bezierPathWithRoundedRect(shape.rect, shape.cornerRadius);
+    case Area::Kind::roundedRect:
+      path = UIBezierPath::bezierPathWithRoundedRect(area.rect, area.cornerRadius);
       break;
   }
-  path.setUsesEvenOddFillRule(shape.evenOdd);
+  path.setUsesEvenOddFillRule(area.rule == FillRule::evenOdd);
   return path;
 }
 
@@ -130,7 +130,7 @@ void paint(const Painting& painting, FailedGradient failedGradient) {
     // Asked for anew, since a piece may have closed it.
     CGContextRef context = UIGraphicsGetCurrentContext();
     if (context == nullptr) return;
-    std::visit(Painter(context, gradient ? &*gradient : nullptr), piece);
+    std::visit(PieceByPiece(context, gradient ? &*gradient : nullptr), piece);
   }
 }
 

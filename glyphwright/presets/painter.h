@@ -14,8 +14,8 @@ enum class FailedGradient : std::uint8_t {
   leavesCanvas,
 };
 
-/// A new path of the shape, with its fill rule.
-UIBezierPath pathOf(const Shape& shape);
+/// A new path of the area, with its fill rule.
+UIBezierPath pathOf(const Area& area);
 
 /// Paints the picture into the current context; without one, nothing happens. The gradient is made
 /// before anything is painted.

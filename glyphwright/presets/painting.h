@@ -16,31 +16,31 @@
 namespace glyphwright::presets {
 
 /// An area: an outline written as steps, or one of the plain shapes.
-struct Shape {
+struct Area {
   enum class Kind : std::uint8_t { outline, oval, rect, roundedRect };
 
   Kind kind = Kind::outline;
-  bool evenOdd = false;
+  FillRule rule = FillRule::nonZero;
   std::span<const paths::Step> steps = {};  // outline
   CGRect rect = {};                         // all others
   CGFloat cornerRadius = 0;                 // roundedRect
 };
 
-constexpr Shape plain(std::span<const paths::Step> steps) {
+constexpr Area plain(std::span<const paths::Step> steps) {
   return {.steps = steps};
 }
 /// An outline with holes, filled even-odd.
-constexpr Shape compound(std::span<const paths::Step> steps) {
-  return {.evenOdd = true, .steps = steps};
+constexpr Area compound(std::span<const paths::Step> steps) {
+  return {.rule = FillRule::evenOdd, .steps = steps};
 }
-constexpr Shape oval(const CGRect& rect) {
-  return {.kind = Shape::Kind::oval, .rect = rect};
+constexpr Area oval(const CGRect& rect) {
+  return {.kind = Area::Kind::oval, .rect = rect};
 }
-constexpr Shape box(const CGRect& rect) {
-  return {.kind = Shape::Kind::rect, .rect = rect};
+constexpr Area box(const CGRect& rect) {
+  return {.kind = Area::Kind::rect, .rect = rect};
 }
-constexpr Shape roundedBox(const CGRect& rect, CGFloat cornerRadius) {
-  return {.kind = Shape::Kind::roundedRect, .rect = rect, .cornerRadius = cornerRadius};
+constexpr Area roundedBox(const CGRect& rect, CGFloat cornerRadius) {
+  return {.kind = Area::Kind::roundedRect, .rect = rect, .cornerRadius = cornerRadius};
 }
 
 /// The colours of a gradient and where they stand, one location from 0 to 1 a colour.
@@ -52,12 +52,12 @@ struct GradientStops {
 // The pieces of a picture
 
 struct Fill {
-  Shape shape;
+  Area area;
   UIColor color;
 };
 
 struct Stroke {
-  Shape shape;
+  Area area;
   UIColor color;
   CGFloat width;
   CGFloat miterLimit = 10;
@@ -66,28 +66,28 @@ struct Stroke {
 
 /// The picture's gradient, inside the clip only; its end colours run on beyond both points.
 struct ClippedGradient {
-  Shape clip;
+  Area clip;
   CGPoint start;
   CGPoint end;
 };
 
-/// A shape filled inside the clip only.
+/// An area filled inside the clip only.
 struct ClippedFill {
-  Shape clip;
-  Shape shape;
+  Area clip;
+  Area area;
   UIColor color;
 };
 
 /// Painted apart and composed as a whole. One without content paints nothing.
 struct Group {
-  Shape clip;
+  Area clip;
   std::variant<std::monostate, Fill, ClippedGradient> content;
 };
 
 /// A fill at a part of its strength.
 struct Translucent {
   CGFloat alpha;
-  Shape shape;
+  Area area;
   UIColor color;
 };
 
@@ -96,7 +96,7 @@ struct Translucent {
 struct Turned {
   CGPoint origin;
   CGFloat angle;
-  Shape shape;
+  Area area;
   UIColor color;
 };
 
@@ -108,7 +108,7 @@ struct Ground {
 
 /// A clip for all pieces that follow; nothing lifts it.
 struct LastingClip {
-  Shape shape;
+  Area area;
 };
 
 /// Ends the image context on top of the stack. In a renderer's canvas there is none, and nothing

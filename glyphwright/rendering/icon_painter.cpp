@@ -73,7 +73,7 @@ void fillWithGradient(CGContextRef context, const UIBezierPath& path, const CGAf
     return CGPoint{inset / 2 + unit.x * (paint.size.width - inset),
                    inset / 2 + unit.y * (paint.size.height - inset)};
   };
-  context->fillWithLinearGradient(path.cgPath(), fit, raster::FillRule::evenOdd, *gradient,
+  context->fillWithLinearGradient(path.cgPath(), fit, FillRule::evenOdd, *gradient,
                                   inBox(paint.gradient->start), inBox(paint.gradient->end),
                                   CGGradientDrawingOptions::drawsBeforeStartLocation);
 }
@@ -83,7 +83,7 @@ void fillShape(CGContextRef context, const UIBezierPath& path, const CGAffineTra
   if (paint.gradient) return fillWithGradient(context, path, fit, paint);
   if (paint.fill) CGContextSetFillColor(context, *paint.fill);
   // A flat fill takes nothing but points from user space.
-  context->withTransform(fit, [&] { context->fill(path.cgPath(), raster::FillRule::evenOdd); });
+  context->withTransform(fit, [&] { context->fill(path.cgPath(), FillRule::evenOdd); });
 }
 
 StrokeStyle outlineStyle(const UIBezierPath& path, const IconPaint& paint) {
@@ -99,7 +99,7 @@ void fillAndOutlineShape(CGContextRef context, const UIBezierPath& path,
                          const CGAffineTransform& fit, const IconPaint& paint) {
   if (paint.fill) CGContextSetFillColor(context, *paint.fill);
   if (paint.strokeColor) CGContextSetStrokeColor(context, *paint.strokeColor);
-  context->fillAndStroke(path.cgPath(), fit, raster::FillRule::evenOdd, outlineStyle(path, paint));
+  context->fillAndStroke(path.cgPath(), fit, FillRule::evenOdd, outlineStyle(path, paint));
 }
 
 // Fill, inset shadow, outline, and the drop shadow that they cast together. `fit` places a path

@@ -86,7 +86,7 @@ UIImage UIBezierPath::imageWithStrokeColor(const std::optional<UIColor>& strokeC
   const std::optional<UIColor>& fill = fillColor ? fillColor : strokeColor;
   if (stroke) CGContextSetStrokeColor(context, *stroke);
   if (fill) CGContextSetFillColor(context, *fill);
-  CGContextFillPath(context, path_, false);
+  CGContextFillPath(context, path_, FillRule::nonZero);
   CGContextStrokePath(context, path_, {lineWidth_, lineCapStyle_, lineJoinStyle_, miterLimit_});
   return scope.image();
 }

@@ -35,10 +35,6 @@ contexts::InsetShadow insetShadow(const CGRect& bounds, const NSShadow& shadow) 
           *shadow.shadowColor()};
 }
 
-raster::FillRule ruleOf(const UIBezierPath& path) {
-  return path.usesEvenOddFillRule() ? raster::FillRule::evenOdd : raster::FillRule::nonZero;
-}
-
 bool showsInset(CGContextRef context, const UIBezierPath& path, const NSShadow& shadow) {
   return context && !path.isEmpty() && shadow.shadowColor() && shadow.shadowColor()->alpha() != 0;
 }
@@ -52,15 +48,15 @@ bool castsShadow(CGSize offset, CGFloat blur, const std::optional<UIColor>& colo
 
 void drawInsetShadow(CGContextRef context, const UIBezierPath& path, const NSShadow& shadow) {
   if (!showsInset(context, path, shadow)) return;
-  context->castInset(path.cgPath(), ruleOf(path), insetShadow(path.bounds(), shadow));
+  context->castInset(path.cgPath(), path.fillRule(), insetShadow(path.bounds(), shadow));
 }
 
 void fillWithInsetShadow(CGContextRef context, const UIBezierPath& path, const NSShadow& shadow) {
   if (!showsInset(context, path, shadow)) {
-    CGContextFillPath(context, path.cgPath(), true);
+    CGContextFillPath(context, path.cgPath(), FillRule::evenOdd);
     return;
   }
-  context->fillWithInset(path.cgPath(), ruleOf(path), insetShadow(path.bounds(), shadow));
+  context->fillWithInset(path.cgPath(), path.fillRule(), insetShadow(path.bounds(), shadow));
 }
 
 UIImage redrawWithShadow(const UIImage& image, CGSize offset, CGFloat blur,

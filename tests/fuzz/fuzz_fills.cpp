@@ -69,7 +69,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool evenOdd = input.coin();
   const CGPath path = pathOf(input);
   UIGraphicsBeginImageContextWithOptions({kSide, kSide}, false, 1);
-  CGContextFillPath(UIGraphicsGetCurrentContext(), path, evenOdd);
+  CGContextFillPath(UIGraphicsGetCurrentContext(), path,
+                    evenOdd ? FillRule::evenOdd : FillRule::nonZero);
   const UIImage image = UIGraphicsGetImageFromCurrentImageContext().value_or(UIImage());
   UIGraphicsEndImageContext();
   const auto rgba = image.cgImage().rgba();

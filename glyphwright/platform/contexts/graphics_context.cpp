@@ -12,7 +12,6 @@ namespace glyphwright {
 
 using contexts::GraphicsState;
 using drawing::Shadow;
-using raster::FillRule;
 using raster::Paint;
 using raster::PixelRect;
 
@@ -223,13 +222,13 @@ drawing::Inset CGContext::insetOf(const CGPath& path, FillRule rule,
 
 void CGContext::castInset(const CGPath& path, FillRule rule, const contexts::InsetShadow& shadow) {
   pendingPath_ = {};
-  if (canPaint()) drawing::castInset(target(), insetOf(path, rule, shadow));
+  if (canPaint()) drawing::paintInset(target(), insetOf(path, rule, shadow));
 }
 
 void CGContext::fillWithInset(const CGPath& path, FillRule rule,
                               const contexts::InsetShadow& shadow) {
   pendingPath_ = {};
-  if (canPaint()) drawing::fillWithInset(target(), insetOf(path, rule, shadow), fillPaint());
+  if (canPaint()) drawing::paintFillAndInset(target(), insetOf(path, rule, shadow), fillPaint());
 }
 
 template <typename Source>

@@ -46,7 +46,7 @@ class CGContext {
   void concat(const CGAffineTransform& transform);
   const raster::PixelRect& clipBounds() const { return state_.clip.bounds; }
   /// Tells whether what is left may be cut through pixels there.
-  bool clipTo(const CGPath& path, raster::FillRule rule);
+  bool clipTo(const CGPath& path, FillRule rule);
   bool clipTo(const CGRect& rect);
   void setFillColor(const CGColor& color) { state_.fillColor = color; }
   void setStrokeColor(const CGColor& color) { state_.strokeColor = color; }
@@ -63,26 +63,25 @@ class CGContext {
 
   // The pending path, which every other drawing drops
   void addToPath(const CGPath& path);
-  void fillPendingPath(raster::FillRule rule);
-  void clipToPendingPath(raster::FillRule rule);
+  void fillPendingPath(FillRule rule);
+  void clipToPendingPath(FillRule rule);
 
   // Drawing
-  void fill(const CGPath& path, raster::FillRule rule);
+  void fill(const CGPath& path, FillRule rule);
   void fill(const CGRect& rect);
   void stroke(const CGPath& path, const StrokeStyle& style);
   /// Fills the path mapped through `placing`, and strokes it so mapped. The pen is not.
-  void fillAndStroke(const CGPath& path, const CGAffineTransform& placing, raster::FillRule rule,
+  void fillAndStroke(const CGPath& path, const CGAffineTransform& placing, FillRule rule,
                      const StrokeStyle& style);
   /// Casts an inset shadow into the path, which shows inside of it by the rule.
-  void castInset(const CGPath& path, raster::FillRule rule, const contexts::InsetShadow& shadow);
+  void castInset(const CGPath& path, FillRule rule, const contexts::InsetShadow& shadow);
   /// The same after filling the path even-odd.
-  void fillWithInset(const CGPath& path, raster::FillRule rule,
-                     const contexts::InsetShadow& shadow);
+  void fillWithInset(const CGPath& path, FillRule rule, const contexts::InsetShadow& shadow);
   /// Clipping to the path mapped through `placing`, drawing the gradient and taking the clip off
   /// again.
-  void fillWithLinearGradient(const CGPath& path, const CGAffineTransform& placing,
-                              raster::FillRule rule, const CGGradient& gradient, CGPoint start,
-                              CGPoint end, CGGradientDrawingOptions options);
+  void fillWithLinearGradient(const CGPath& path, const CGAffineTransform& placing, FillRule rule,
+                              const CGGradient& gradient, CGPoint start, CGPoint end,
+                              CGGradientDrawingOptions options);
   void drawLinearGradient(const CGGradient& gradient, CGPoint start, CGPoint end,
                           CGGradientDrawingOptions options);
   void drawRadialGradient(const CGGradient& gradient, CGPoint center, CGFloat radius);
@@ -125,7 +124,7 @@ class CGContext {
   raster::Paint sourcePaint(const raster::PixelSource& source, CGFloat alpha) const;
   drawing::Target target();
   std::optional<drawing::Shadow> shadowOf(CGSize offset, CGFloat blur, const CGColor& color) const;
-  drawing::Inset insetOf(const CGPath& path, raster::FillRule rule,
+  drawing::Inset insetOf(const CGPath& path, FillRule rule,
                          const contexts::InsetShadow& shadow) const;
   template <typename Source>
   void paintSource(const Source& source);

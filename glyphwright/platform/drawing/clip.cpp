@@ -19,7 +19,7 @@ void Clip::intersect(const PixelRect& area) {
   if (bounds.isEmpty()) *this = {};
 }
 
-void Clip::intersect(CGPath devicePath, raster::FillRule rule) {
+void Clip::intersect(CGPath devicePath, FillRule rule) {
   bounds = pixelsTouched(raster::boxOfPoints(devicePath), bounds);
   if (bounds.isEmpty()) {
     *this = {};

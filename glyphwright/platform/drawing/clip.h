@@ -11,7 +11,7 @@ namespace glyphwright::drawing {
 /// A path that the clip was intersected with, in device pixels.
 class ClipNode {
  public:
-  ClipNode(CGPath devicePath, raster::FillRule rule, const raster::PixelRect& bounds,
+  ClipNode(CGPath devicePath, FillRule rule, const raster::PixelRect& bounds,
            std::shared_ptr<const ClipNode> parent)
       : path_(std::move(devicePath)), rule_(rule), bounds_(bounds), parent_(std::move(parent)) {}
   ClipNode(const ClipNode&) = delete;
@@ -20,7 +20,7 @@ class ClipNode {
   ~ClipNode();
 
   const CGPath& path() const { return path_; }
-  raster::FillRule rule() const { return rule_; }
+  FillRule rule() const { return rule_; }
   const raster::PixelRect& bounds() const { return bounds_; }
   bool isSingle() const { return parent_ == nullptr; }
 
@@ -28,7 +28,7 @@ class ClipNode {
   friend class ClipMasks;
 
   CGPath path_;
-  raster::FillRule rule_;
+  FillRule rule_;
   raster::PixelRect bounds_;
   mutable std::shared_ptr<const ClipNode> parent_;
   mutable std::unique_ptr<raster::Mask> mask_;
@@ -40,7 +40,7 @@ struct Clip {
   std::shared_ptr<const ClipNode> node;
 
   void intersect(const raster::PixelRect& area);
-  void intersect(CGPath devicePath, raster::FillRule rule);
+  void intersect(CGPath devicePath, FillRule rule);
 };
 
 /// Makes the masks of clips when a drawing first needs one, which a gradient painted straight

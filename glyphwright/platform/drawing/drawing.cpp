@@ -13,7 +13,6 @@ namespace glyphwright::drawing {
 using raster::Canvas;
 using raster::CoverageSpan;
 using raster::DeviceBox;
-using raster::FillRule;
 using raster::For;
 using raster::Mask;
 using raster::Paint;

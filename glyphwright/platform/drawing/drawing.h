@@ -14,7 +14,7 @@ void paintStroke(const Target& target, const Stroke& stroke, const raster::Paint
 struct FillAndStroke {
   const CGPath& path;
   CGAffineTransform placing;
-  raster::FillRule rule;
+  FillRule rule;
   raster::Paint fill;
   const StrokeStyle& style;
   raster::Paint stroke;

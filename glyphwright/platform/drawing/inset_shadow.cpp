@@ -10,7 +10,6 @@ namespace glyphwright::drawing {
 
 using raster::Canvas;
 using raster::CoverageRow;
-using raster::FillRule;
 using raster::InsetMasks;
 using raster::Kernels;
 using raster::Mask;
@@ -142,7 +141,7 @@ void castFromAside(const Target& target, const Inset& inset) {
 
 }  // namespace
 
-void castInset(const Target& target, const Inset& inset) {
+void paintInset(const Target& target, const Inset& inset) {
   if (target.clip.bounds.isEmpty()) return;
   std::optional<InPlace> place;
   const Way way = choose(target.plans, Task::inset, [&](Fact fact) {
@@ -163,7 +162,7 @@ void castInset(const Target& target, const Inset& inset) {
   castFromAside(target, inset);
 }
 
-void fillWithInset(const Target& target, const Inset& inset, const Paint& paint) {
+void paintFillAndInset(const Target& target, const Inset& inset, const Paint& paint) {
   std::optional<InPlace> place;
   raster::ShapeMemory* edges = nullptr;
   const Way way = choose(target.plans, Task::fillAndInset, [&](Fact fact) {
@@ -195,7 +194,7 @@ void fillWithInset(const Target& target, const Inset& inset, const Paint& paint)
   }
   place.reset();
   paintFill(target, {inset.path, inset.toDevice, FillRule::evenOdd}, paint);
-  castInset(target, inset);
+  paintInset(target, inset);
 }
 
 }  // namespace glyphwright::drawing

@@ -9,7 +9,7 @@ struct Inset {
   const CGPath& path;
   CGAffineTransform toDevice;
   /// Where the shadow shows.
-  raster::FillRule shows;
+  FillRule shows;
   /// Where the surroundings end, in the path's space; filling the path even-odd cuts it out of
   /// them.
   CGRect around;
@@ -26,9 +26,9 @@ struct Inset {
 /// Paints the shadow: the surroundings stand beside the path, and cast it through the path as a
 /// clip. Where they would move by whole pixels they cast it from where they are, which is the same
 /// within a level.
-void castInset(const Target& target, const Inset& inset);
+void paintInset(const Target& target, const Inset& inset);
 /// The same after filling the path even-odd with a colour, in one pass over the pixels where
 /// nothing has been painted yet.
-void fillWithInset(const Target& target, const Inset& inset, const raster::Paint& paint);
+void paintFillAndInset(const Target& target, const Inset& inset, const raster::Paint& paint);
 
 }  // namespace glyphwright::drawing

@@ -17,7 +17,7 @@ raster::Paint solidPaint(const CGColor& color, CGFloat alpha);
 struct Fill {
   const CGPath& path;
   CGAffineTransform toDevice;
-  raster::FillRule rule;
+  FillRule rule;
 };
 
 /// A path to be stroked, its points and the pen under a transform to device pixels.
@@ -43,7 +43,7 @@ class Shape {
         const Shape* filled = nullptr);
 
   const raster::DeviceBox& box() const { return box_; }
-  raster::FillRule rule() const { return rule_; }
+  FillRule rule() const { return rule_; }
   /// Works out the edges inside a region and gives the memory that they are in.
   raster::ShapeMemory& edgesWithin(const raster::PixelRect& region);
   /// The same, and hands their coverage to a sink.
@@ -59,7 +59,7 @@ class Shape {
   bool isWhole_ =
       true;  // or the outline is too long to be kept, and worked out again for its edges
   raster::DeviceBox box_;
-  raster::FillRule rule_ = raster::FillRule::nonZero;
+  FillRule rule_ = FillRule::nonZero;
 };
 
 }  // namespace glyphwright::drawing

@@ -37,7 +37,7 @@ void paintStrokeWithFill(const Target& target, const SolidShape& below, const So
     if (row == lower.end()) lower.openNext();
     if (row == upper.end()) upper.openNext();
     const int rows = pixels.rowsAtOnce(std::min(lower.end(), upper.end()) - row);
-    const auto cellsOf = [&](const NarrowBands& bands, raster::FillRule rule) {
+    const auto cellsOf = [&](const NarrowBands& bands, FillRule rule) {
       return raster::CellRows{bands.cells(row),
                               bands.stride(),
                               bands.touched(row),

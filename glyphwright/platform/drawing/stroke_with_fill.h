@@ -9,7 +9,7 @@ namespace glyphwright::drawing {
 struct SolidShape {
   raster::ShapeMemory& shape;
   const raster::DeviceBox& box;
-  raster::FillRule rule;
+  FillRule rule;
   const raster::Paint& paint;
 };
 

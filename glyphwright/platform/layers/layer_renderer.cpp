@@ -50,7 +50,7 @@ void CALayer::drawPart(LayerPart part, CGContextRef context, CGFloat alpha) cons
 
 void CALayer::drawBackground(CGContextRef context, CGFloat alpha, const CGPath& outside) const {
   CGContextSetFillColor(context, faded(*model_.backgroundColor, alpha));
-  CGContextFillPath(context, outside, false);
+  CGContextFillPath(context, outside, FillRule::nonZero);
 }
 
 void CALayer::drawBorder(CGContextRef context, CGFloat alpha, CGPath outside) const {
@@ -64,7 +64,7 @@ void CALayer::drawBorder(CGContextRef context, CGFloat alpha, CGPath outside) co
                         {radius, radius});
   }
   CGContextSetFillColor(context, faded(*model_.borderColor, alpha));
-  CGContextFillPath(context, ring, true);
+  CGContextFillPath(context, ring, FillRule::evenOdd);
 }
 
 CGFloat CALayer::boundsRadius() const {
@@ -175,7 +175,7 @@ void LayerRenderer::renderGroup(const Content& content) {
 
 bool LayerRenderer::clipToBounds(const CALayer& layer) {
   if (layer.model_.cornerRadius > 0) {
-    return context_.clipTo(layer.boundsPath(), raster::FillRule::nonZero);
+    return context_.clipTo(layer.boundsPath(), FillRule::nonZero);
   }
   return context_.clipTo(layer.model_.bounds);
 }

@@ -51,7 +51,7 @@ class LayerRenderer {
   /// The path that clips as the mask does, in the masked layer's coordinates, when one does.
   struct MaskClip {
     CGPath path;
-    bool evenOdd;
+    FillRule rule;
   };
   static std::optional<MaskClip> clipOf(const CALayer& mask);
   void renderThroughAlpha(const Content& content, const CALayer& mask);

@@ -9,10 +9,10 @@ std::optional<LayerRenderer::MaskClip> LayerRenderer::clipOf(const CALayer& mask
   if (content.alpha < 1 || content.sublayers > 0 || mask.mask_ || mask.model_.masksToBounds) {
     return std::nullopt;
   }
-  MaskClip clip{{}, false};
+  MaskClip clip{{}, FillRule::nonZero};
   const auto* shape = dynamic_cast<const CAShapeLayer*>(&mask);
   if (shape && content.parts.isOnly(LayerPart::fill) && shape->fillColor()->alpha() == 1) {
-    clip = {*shape->path(), shape->fillRule() == CAShapeLayerFillRule::evenOdd};
+    clip = {*shape->path(), shape->fillRule()};
   } else if (content.parts.isOnly(LayerPart::background) &&
              mask.model_.backgroundColor->alpha() == 1) {
     clip.path = mask.boundsPath();
@@ -30,7 +30,7 @@ void LayerRenderer::renderMasked(const Content& content) {
   const std::optional<MaskClip> clip = clipOf(mask);
   if (!clip) return renderThroughAlpha(content, mask);
   CGContextSaveGState(&context_);
-  CGContextClipToPath(&context_, clip->path, clip->evenOdd);
+  CGContextClipToPath(&context_, clip->path, clip->rule);
   // Several operations through one clip would show each other at its edges.
   if (content.isOneOperation()) {
     Content clipped = content;

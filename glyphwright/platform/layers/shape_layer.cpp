@@ -17,11 +17,12 @@ std::shared_ptr<CAShapeLayer> CAShapeLayer::layer() {
 }
 
 void CAShapeLayer::setPath(std::optional<CGPath> path) {
-  shape_.path = std::move(path);
+  appearance_.path = std::move(path);
 }
 
 CAShapeLayer::CAShapeLayer(PresentationPass& pass, CALayer& layer) : CALayer(pass, layer) {
-  if (const auto* shape = dynamic_cast<const CAShapeLayer*>(&layer)) shape_ = shape->shape_;
+  if (const auto* shape = dynamic_cast<const CAShapeLayer*>(&layer))
+    appearance_ = shape->appearance_;
 }
 
 std::shared_ptr<CALayer> CAShapeLayer::newWithLayer(PresentationPass& pass, CALayer& layer) const {
@@ -30,10 +31,11 @@ std::shared_ptr<CALayer> CAShapeLayer::newWithLayer(PresentationPass& pass, CALa
 
 LayerParts CAShapeLayer::visibleParts() const {
   LayerParts parts = CALayer::visibleParts();
-  if (!shape_.path) return parts;
-  if (isVisible(shape_.fillColor)) parts.add(LayerPart::fill);
-  const bool anyLength = shape_.strokeEnd > 0 && !(shape_.strokeStart >= shape_.strokeEnd);
-  if (isVisible(shape_.strokeColor) && shape_.style.width >= 0 && anyLength) {
+  if (!appearance_.path) return parts;
+  if (isVisible(appearance_.fillColor)) parts.add(LayerPart::fill);
+  const bool anyLength =
+      appearance_.strokeEnd > 0 && !(appearance_.strokeStart >= appearance_.strokeEnd);
+  if (isVisible(appearance_.strokeColor) && appearance_.style.width >= 0 && anyLength) {
     parts.add(LayerPart::stroke);
   }
   return parts;
@@ -41,17 +43,18 @@ LayerParts CAShapeLayer::visibleParts() const {
 
 void CAShapeLayer::drawPart(LayerPart part, CGContextRef context, CGFloat alpha) const {
   if (part == LayerPart::fill) {
-    const CGColor& color = *shape_.fillColor;
+    const CGColor& color = *appearance_.fillColor;
     CGContextSetFillColor(context, color.colorWithAlphaComponent(color.alpha() * alpha));
-    CGContextFillPath(context, *shape_.path, shape_.fillRule == CAShapeLayerFillRule::evenOdd);
+    CGContextFillPath(context, *appearance_.path, appearance_.fillRule);
   } else if (part == LayerPart::stroke) {
-    const CGColor& color = *shape_.strokeColor;
+    const CGColor& color = *appearance_.strokeColor;
     CGContextSetStrokeColor(context, color.colorWithAlphaComponent(color.alpha() * alpha));
-    if (!(shape_.strokeStart > 0) && shape_.strokeEnd >= 1) {
-      CGContextStrokePath(context, *shape_.path, shape_.style);
+    if (!(appearance_.strokeStart > 0) && appearance_.strokeEnd >= 1) {
+      CGContextStrokePath(context, *appearance_.path, appearance_.style);
     } else {
-      const CGPath drawn = trimmedPath(*shape_.path, shape_.strokeStart, shape_.strokeEnd);
-      CGContextStrokePath(context, drawn, shape_.style);
+      const CGPath drawn =
+          trimmedPath(*appearance_.path, appearance_.strokeStart, appearance_.strokeEnd);
+      CGContextStrokePath(context, drawn, appearance_.style);
     }
   } else {
     CALayer::drawPart(part, context, alpha);
@@ -83,13 +86,13 @@ bool CAShapeLayer::visitAnimatable(Fields& shape, std::string_view key, Visit vi
 std::optional<AnimationValue> CAShapeLayer::valueForKey(std::string_view key) const {
   std::optional<AnimationValue> value;
   const bool known =
-      visitAnimatable(shape_, key, [&](const auto& field) { animatable::read(field, value); });
+      visitAnimatable(appearance_, key, [&](const auto& field) { animatable::read(field, value); });
   return known ? value : CALayer::valueForKey(key);
 }
 
 void CAShapeLayer::setAnimatedValueForKey(const AnimationValue& value, std::string_view key) {
   const bool known =
-      visitAnimatable(shape_, key, [&](auto& field) { animatable::write(field, value); });
+      visitAnimatable(appearance_, key, [&](auto& field) { animatable::write(field, value); });
   if (!known) CALayer::setAnimatedValueForKey(value, key);
 }
 

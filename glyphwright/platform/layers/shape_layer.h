@@ -3,13 +3,13 @@
 #include <memory>
 #include <optional>
 
+#include <glyphwright/platform/fill_rule.h>
 #include <glyphwright/platform/layers/layer.h>
 
 namespace glyphwright {
 
-/// What is inside a path that crosses or surrounds itself: wherever it winds around at all, or
-/// where it winds around an odd number of times.
-enum class CAShapeLayerFillRule : std::uint8_t { nonZero, evenOdd };
+/// The rule of a fill under the layer's name for it.
+using CAShapeLayerFillRule = FillRule;
 
 /// A layer that fills and strokes a path in its own coordinates, above its contents. The path is
 /// not cut off at the bounds.
@@ -23,35 +23,35 @@ class CAShapeLayer : public CALayer {
   CAShapeLayer(PresentationPass& pass, CALayer& layer);
 
   /// Nothing when new: nothing is drawn.
-  const std::optional<CGPath>& path() const { return shape_.path; }
+  const std::optional<CGPath>& path() const { return appearance_.path; }
   void setPath(std::optional<CGPath> path);
   /// Opaque black when new; none fills nothing.
-  const std::optional<CGColor>& fillColor() const { return shape_.fillColor; }
-  void setFillColor(std::optional<CGColor> color) { shape_.fillColor = color; }
+  const std::optional<CGColor>& fillColor() const { return appearance_.fillColor; }
+  void setFillColor(std::optional<CGColor> color) { appearance_.fillColor = color; }
   /// Non-zero when new, whatever rule the path was made for.
-  CAShapeLayerFillRule fillRule() const { return shape_.fillRule; }
-  void setFillRule(CAShapeLayerFillRule rule) { shape_.fillRule = rule; }
+  CAShapeLayerFillRule fillRule() const { return appearance_.fillRule; }
+  void setFillRule(CAShapeLayerFillRule rule) { appearance_.fillRule = rule; }
   /// None when new: no stroke.
-  const std::optional<CGColor>& strokeColor() const { return shape_.strokeColor; }
-  void setStrokeColor(std::optional<CGColor> color) { shape_.strokeColor = color; }
+  const std::optional<CGColor>& strokeColor() const { return appearance_.strokeColor; }
+  void setStrokeColor(std::optional<CGColor> color) { appearance_.strokeColor = color; }
   /// In points, 1 when new; 0 is one device pixel, negative or NaN strokes nothing.
-  CGFloat lineWidth() const { return shape_.style.width; }
-  void setLineWidth(CGFloat width) { shape_.style.width = width; }
+  CGFloat lineWidth() const { return appearance_.style.width; }
+  void setLineWidth(CGFloat width) { appearance_.style.width = width; }
   /// How open ends look; butt when new.
-  CGLineCap lineCap() const { return shape_.style.cap; }
-  void setLineCap(CGLineCap cap) { shape_.style.cap = cap; }
+  CGLineCap lineCap() const { return appearance_.style.cap; }
+  void setLineCap(CGLineCap cap) { appearance_.style.cap = cap; }
   /// How corners look; miter when new.
-  CGLineJoin lineJoin() const { return shape_.style.join; }
-  void setLineJoin(CGLineJoin join) { shape_.style.join = join; }
+  CGLineJoin lineJoin() const { return appearance_.style.join; }
+  void setLineJoin(CGLineJoin join) { appearance_.style.join = join; }
   /// Above this ratio of miter length to line width a miter join becomes a bevel; 10 when new.
-  CGFloat miterLimit() const { return shape_.style.miterLimit; }
-  void setMiterLimit(CGFloat limit) { shape_.style.miterLimit = limit; }
+  CGFloat miterLimit() const { return appearance_.style.miterLimit; }
+  void setMiterLimit(CGFloat limit) { appearance_.style.miterLimit = limit; }
   /// Where along the whole length of the path the stroke starts and ends, 0 to 1; 0 and 1 when new.
   /// Clamped when drawn, NaN counts as 0. A start that is not below the end strokes nothing.
-  CGFloat strokeStart() const { return shape_.strokeStart; }
-  void setStrokeStart(CGFloat start) { shape_.strokeStart = start; }
-  CGFloat strokeEnd() const { return shape_.strokeEnd; }
-  void setStrokeEnd(CGFloat end) { shape_.strokeEnd = end; }
+  CGFloat strokeStart() const { return appearance_.strokeStart; }
+  void setStrokeStart(CGFloat start) { appearance_.strokeStart = start; }
+  CGFloat strokeEnd() const { return appearance_.strokeEnd; }
+  void setStrokeEnd(CGFloat end) { appearance_.strokeEnd = end; }
 
   std::shared_ptr<CALayer> newWithLayer(PresentationPass& pass, CALayer& layer) const override;
 
@@ -62,7 +62,7 @@ class CAShapeLayer : public CALayer {
   void setAnimatedValueForKey(const AnimationValue& value, std::string_view key) override;
 
  private:
-  struct Shape {
+  struct Appearance {
     std::optional<CGPath> path;
     std::optional<CGColor> fillColor = CGColor::blackColor();
     std::optional<CGColor> strokeColor;
@@ -74,7 +74,7 @@ class CAShapeLayer : public CALayer {
   template <typename Fields, typename Visit>
   static bool visitAnimatable(Fields& shape, std::string_view key, Visit visit);
 
-  Shape shape_;
+  Appearance appearance_;
 };
 
 }  // namespace glyphwright

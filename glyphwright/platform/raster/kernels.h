@@ -5,12 +5,11 @@
 #include <cstring>
 #include <span>
 
+#include <glyphwright/platform/fill_rule.h>
 #include <glyphwright/platform/raster/pixel_source.h>
 #include <glyphwright/platform/raster/stroke_kernels.h>
 
 namespace glyphwright::raster {
-
-enum class FillRule : std::uint8_t { nonZero, evenOdd };
 
 /// Coverage and other fractions travel as 15-bit fixed point; this is one.
 inline constexpr int kOne = 32767;

@@ -46,19 +46,19 @@ void sumInset(std::int16_t* cells, std::size_t count, FillRule rule, std::uint16
 /// 1/1024 times a channel in 1/32 level is 2¹⁵ to a level: one product with one rounding makes the
 /// byte.
 template <typename L>
-class Writer {
+class ColorWriter {
  public:
   using Shorts = typename L::Shorts;
   static constexpr bool kRepeats = true;  // pixels of untouched cells are like those before them
   /// The first half has the first colour.
-  Writer(const SolidColor& first, const SolidColor& second) {
+  ColorWriter(const SolidColor& first, const SolidColor& second) {
     const auto half = [](const SolidColor& color, std::size_t c) {
       return Shorts::every(static_cast<std::int16_t>(color.channels[c] >> 1));
     };
     for (std::size_t c = 0; c < 4; ++c) channels_[c] = firstHalves(half(first, c), half(second, c));
   }
   /// The colours of premultiplied pixels.
-  Writer(std::uint32_t first, std::uint32_t second) {
+  ColorWriter(std::uint32_t first, std::uint32_t second) {
     using Ints = typename L::Ints;
     const auto all = [](std::uint32_t pixel) {
       return Ints::every(static_cast<std::int32_t>(pixel));
@@ -138,7 +138,7 @@ class Blender {
 
  private:
   Ink<L> ink_;
-  Writer<L> writer_;
+  ColorWriter<L> writer_;
   bool isOpaque_;
 };
 
@@ -168,7 +168,7 @@ auto byRow(const std::uint32_t* colors) {
 template <typename L>
 void writeCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                 const SolidColor& color) {
-  paintCells<L>(rgba, rowBytes, rows, evenly(Writer<L>(color, color)));
+  paintCells<L>(rgba, rowBytes, rows, evenly(ColorWriter<L>(color, color)));
 }
 
 template <typename L>
@@ -180,7 +180,7 @@ void blendCells(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
 template <typename L>
 void writeCellsByRow(std::uint8_t* rgba, std::size_t rowBytes, const CellRows& rows,
                      const std::uint32_t* colors) {
-  paintCells<L>(rgba, rowBytes, rows, byRow<Writer<L>>(colors));
+  paintCells<L>(rgba, rowBytes, rows, byRow<ColorWriter<L>>(colors));
 }
 
 template <typename L>

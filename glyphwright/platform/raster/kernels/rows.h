@@ -211,9 +211,9 @@ class TwoRowsEnd : public TwoRows<L> {
   Woven<L> written_;
 };
 
-/// Runs `step(stretch, at)` over a row, sixteen pixels at a time.
+/// Runs `step(block, at)` over a row, sixteen pixels at a time.
 template <typename L, typename Step>
-void inStretches(std::size_t count, const Step& step) {
+void inBlocks(std::size_t count, const Step& step) {
   std::size_t at = 0;
   for (; at + kBlock <= count; at += kBlock) step(OneRow<L>{}, at);
   if (at < count) step(OneRowEnd<L>{count - at}, at);
@@ -222,7 +222,7 @@ void inStretches(std::size_t count, const Step& step) {
 /// The same for a step that puts whole pixels down, whatever is there: the last sixteen may then be
 /// done twice, which is faster than a part of them.
 template <typename L, typename Step>
-void inWholeStretches(std::size_t count, const Step& step) {
+void inWholeBlocks(std::size_t count, const Step& step) {
   if (count < kBlock) return step(OneRowEnd<L>{count}, std::size_t{0});
   std::size_t at = 0;
   for (; at + kBlock <= count; at += kBlock) step(OneRow<L>{}, at);

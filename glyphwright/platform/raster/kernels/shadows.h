@@ -24,16 +24,16 @@ void writeOver(std::uint8_t* rgba, std::size_t rowBytes, const TwoCoverages& cov
   const TwoCoverages& c = coverages;
   const Channels<L> lower(belowColor);
   const Channels<L> upper(aboveColor);
-  inWholeStretches<L>(c.count, [&](const auto& stretch, std::size_t at) {
+  inWholeBlocks<L>(c.count, [&](const auto& block, std::size_t at) {
     std::uint8_t* to = rgba + at * 4;
     const std::uint16_t* below = c.below + at;
     const Shorts nothing = Shorts::every(0);
     if (at + kBlock <= c.from || at >= c.until) {
       for (std::size_t row = 0; row < c.rows; ++row, below += c.belowStride, to += rowBytes) {
-        const Shorts covered = stretch.coverage(below);
-        stretch.write(to, woven<L>([&](std::size_t k) {
-                        return isBlack && k < 3 ? nothing : rounded(lower.alone(k, covered));
-                      }));
+        const Shorts covered = block.coverage(below);
+        block.write(to, woven<L>([&](std::size_t k) {
+                      return isBlack && k < 3 ? nothing : rounded(lower.alone(k, covered));
+                    }));
       }
       return;
     }
@@ -42,13 +42,13 @@ void writeOver(std::uint8_t* rgba, std::size_t rowBytes, const TwoCoverages& cov
     const std::uint16_t* above =
         c.above + (static_cast<std::ptrdiff_t>(at) - static_cast<std::ptrdiff_t>(c.from));
     for (std::size_t row = 0; row < c.rows; ++row) {
-      const Shorts covered = stretch.coverage(below);
+      const Shorts covered = block.coverage(below);
       const Shorts seen = Shorts::load(above) & shows;
       const Shorts rest = upper.rest(seen);
-      stretch.write(to, woven<L>([&](std::size_t k) {
-                      if (isBlack && k < 3) return rounded(upper.alone(k, seen));
-                      return upper.over(k, seen, wholeLevels(lower.alone(k, covered)), rest);
-                    }));
+      block.write(to, woven<L>([&](std::size_t k) {
+                    if (isBlack && k < 3) return rounded(upper.alone(k, seen));
+                    return upper.over(k, seen, wholeLevels(lower.alone(k, covered)), rest);
+                  }));
       below += c.belowStride;
       above += c.aboveStride;
       to += rowBytes;
@@ -75,16 +75,15 @@ void writeInset(std::uint8_t* rgba, const InsetRow& row, std::size_t count, cons
     filled[c] = Shorts::every(static_cast<std::int16_t>(color.channels[c] >> 1));
   }
   const Channels<L> upper(shade);
-  inWholeStretches<L>(count, [&](const auto& stretch, std::size_t at) {
-    const Shorts around = stretch.coverage(row.around + at);
+  inWholeBlocks<L>(count, [&](const auto& block, std::size_t at) {
+    const Shorts around = block.coverage(row.around + at);
     // Before it was a fraction.
     const Shorts units = Shorts::every(kUnitsPerPixel) - shiftRight<5>(around + Shorts::every(1));
-    const Shorts shaded =
-        scaled(stretch.coverage(row.cast + at), stretch.coverage(row.inside + at));
+    const Shorts shaded = scaled(block.coverage(row.cast + at), block.coverage(row.inside + at));
     const Shorts rest = upper.rest(shaded);
-    stretch.write(rgba + at * 4, woven<L>([&](std::size_t c) {
-                    return upper.over(c, shaded, shiftLeft<6>(scaled(filled[c], units)), rest);
-                  }));
+    block.write(rgba + at * 4, woven<L>([&](std::size_t c) {
+                  return upper.over(c, shaded, shiftLeft<6>(scaled(filled[c], units)), rest);
+                }));
   });
 }
 

@@ -86,7 +86,9 @@ TEST(Bounds, HostileRequestsTakeBoundedMemory) {
       {"100,000 cubics all over a picture of 2048 pixels a side, filled", (16 + 64) * kMiB,
        [&] {
          return [path = cubics(100000, 1, 2047)] {
-           drawOn(2048, [&](CGContextRef context) { CGContextFillPath(context, path, true); });
+           drawOn(2048, [&](CGContextRef context) {
+             CGContextFillPath(context, path, FillRule::evenOdd);
+           });
          };
        }},
       {"20,000 cubics that reach a million pixels, stroked, 2048 pixels a side", (16 + 64) * kMiB,

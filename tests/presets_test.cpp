@@ -73,7 +73,7 @@ struct ShapesOf {
 
 bool isOneOf(const Area& area, std::initializer_list<const paths::Step*> steps) {
   for (const paths::Step* first : steps) {
-    if (shape.steps.data() == first) return true;
+    if (area.steps.data() == first) return true;
   }
   return false;
 }
@@ -83,18 +83,18 @@ TEST(PresetsArtwork, OutlinesKeepTheRulesOfDrawing) {
   for (const Painting& painting : allPaintings()) {
     for (const Piece& piece : painting.pieces) {
       for (const Area& area : std::visit(ShapesOf{}, piece)) {
-        if (shape.kind != Area::Kind::outline) continue;
+        if (area.kind != Area::Kind::outline) continue;
         ++seen;
-        const outline_check::Report report = outline_check::check(pathOf(shape).cgPath());
+        const outline_check::Report report = outline_check::check(pathOf(area).cgPath());
         SCOPED_TRACE(testing::PrintToString(painting.frame) + ", from " +
                      testing::PrintToString(report.frame.origin.x) + ", " +
                      testing::PrintToString(report.frame.origin.y));
         // The beam is an open line, to be stroked. The sticker's disc runs from its top to the
         // left. The letters of the animated pictures are holes of the plate, also where they are
         // painted on it.
-        const bool isLine = isOneOf(shape, {artwork::beam});
+        const bool isLine = isOneOf(area, {artwork::beam});
         const bool runsBack =
-            isOneOf(shape, {artwork::stickerDisc, afterFirstContour(artwork::gif).data()});
+            isOneOf(area, {artwork::stickerDisc, afterFirstContour(artwork::gif).data()});
         EXPECT_EQ(report.openContours(), isLine ? 1U : 0U);
         EXPECT_EQ(report.impliedReturns(), 0U);
         EXPECT_EQ(report.emptyEdges, 0U);

@@ -33,7 +33,7 @@ class Dots : public CALayer {
     for (int i = 0; i < int(count_); ++i) {
       path.addPath(UIBezierPath::bezierPathWithOvalInRect({8 + i * 12.0, 12, 8, 8}).cgPath());
     }
-    CGContextFillPath(context, path, false);
+    CGContextFillPath(context, path, FillRule::nonZero);
   }
   std::optional<AnimationValue> valueForKey(std::string_view key) const override {
     return key == "count" ? AnimationValue(count_) : CALayer::valueForKey(key);

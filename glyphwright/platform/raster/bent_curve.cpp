@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include <glyphwright/platform/raster/chords.h>
+
 namespace glyphwright::raster {
 
 using namespace pen;
@@ -44,7 +46,7 @@ struct BentCurve::Piece {
   // How many chords it would take for its bend; this halves with it, and so does its turn.
   double chords(double tolerance) const {
     const double bend = std::max(length(p0 - p1 * 2 + p2), length(p1 - p2 * 2 + p3));
-    return std::sqrt(bend * (6.0 / 8.0) / tolerance);
+    return chordsOf(bend, tolerance);
   }
 
   bool isPoint() const {
@@ -144,7 +146,7 @@ void BentCurve::cutEvenly(const Piece& whole, Vector direction) const {
   const double ofBend = whole.chords(tolerance_);
   const double ofTurn = whole.turn() / mostTurn_;
   const double wanted = std::sqrt(ofBend * ofBend + ofTurn * ofTurn);
-  const int count = static_cast<int>(std::min(wanted, 1023.0)) + 1;
+  const int count = wholeChords(wanted);
   const double h = 1.0 / count;
   const Vector u = whole.p0 - whole.p1 * 2 + whole.p2;
   const Vector a = whole.p3 - whole.p2 * 3 + whole.p1 * 3 - whole.p0;

@@ -1,9 +1,9 @@
 #include <glyphwright/platform/raster/edges.h>
 
 #include <algorithm>
-#include <cmath>
 
 #include <glyphwright/platform/raster/cells.h>
+#include <glyphwright/platform/raster/chords.h>
 #include <glyphwright/platform/raster/edge_writer.h>
 #include <glyphwright/platform/raster/inside_edges.h>
 
@@ -13,62 +13,6 @@ namespace {
 // All corners of a path that lies inside are kept at once, up to 500 of them for each curve across
 // a picture of 2048 pixels, 24 bytes each: of longer paths they come one by one.
 constexpr std::size_t kMostSegmentsAtOnce = 4096;
-
-// The step between samples of a cubic with its inner samples moved out of the hollow, as forward
-// differences: adding them up gives the next sample with nothing but additions.
-struct CubicSteps {
-  int count;
-  double x, y;
-  double dx, dy;
-  double ddx, ddy;
-  double dddx, dddy;
-
-  void advance() {
-    x += dx;
-    y += dy;
-    dx += ddx;
-    dy += ddy;
-    ddx += dddx;
-    ddy += dddy;
-  }
-};
-
-int chordCount(double bend, double tolerance) {
-  // |p''| ≤ 6·bend, and a chord over a parameter step h strays by at most h²·|p''|/8.
-  const double count = std::sqrt(bend * (6.0 / 8.0) / tolerance);
-  return count < kMaxChords ? static_cast<int>(count) + 1 : kMaxChords;
-}
-
-// Points relative to the region.
-CubicSteps stepsOf(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3, double tolerance) {
-  const double ux = p0.x - 2 * p1.x + p2.x;
-  const double uy = p0.y - 2 * p1.y + p2.y;
-  const double vx = p1.x - 2 * p2.x + p3.x;
-  const double vy = p1.y - 2 * p2.y + p3.y;
-  const double bend = std::sqrt(std::max(ux * ux + uy * uy, vx * vx + vy * vy));
-  const int count = chordCount(bend, tolerance);
-  const double h = 1.0 / count;
-  const double h2 = h * h;
-  // p(t) = a·t³ + b·t² + c·t + p0. Chords of a curve lose area to its hollow side; moving the
-  // inner points by −h²·p''/12 gives it back, and folds into the two lower coefficients because
-  // p'' = 6a·t + 2b is linear in t.
-  const double ax = vx - ux;
-  const double ay = vy - uy;
-  const double bx = 3 * ux;
-  const double by = 3 * uy;
-  const double cx = 3 * (p1.x - p0.x) - ax * (h2 / 2);
-  const double cy = 3 * (p1.y - p0.y) - ay * (h2 / 2);
-  const double h3 = h2 * h;
-  return {count,
-          p0.x - bx * (h2 / 6),
-          p0.y - by * (h2 / 6),
-          ax * h3 + bx * h2 + cx * h,
-          ay * h3 + by * h2 + cy * h,
-          6 * ax * h3 + 2 * bx * h2,
-          6 * ay * h3 + 2 * by * h2,
-          6 * ax * h3,
-          6 * ay * h3};
-}
 
 // For shapes that the region cuts.
 class ClippedWriter : public CuttingWriter {
@@ -108,11 +52,8 @@ class ClippedWriter : public CuttingWriter {
     const double maxY = std::max(std::max(p0.y, p1.y), std::max(p2.y, p3.y));
     // Outside, only the rows that it spans count.
     if (maxY > 0 && minY < height_ && minX < width_ && maxX > 0) {
-      CubicSteps steps = stepsOf(p0, p1, p2, p3, tolerance_);
-      for (int k = 1; k < steps.count; ++k) {
-        steps.advance();
-        segmentTo({steps.x, steps.y});
-      }
+      ChordSteps steps(p0, p1, p2, p3, tolerance_);
+      for (int k = 1; k < steps.count(); ++k) segmentTo(steps.next());
     }
     segmentTo(p3);
   }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <glyphwright/platform/raster/chords.h>
+
 // Nearly all shapes lie inside their region, and need no clipping. Their corners are worked out
 // kind by kind instead of segment by segment: first what each segment is, then how many chords each
 // curve takes, then where the corners of each segment go, then the corners. Each of these is a
@@ -86,7 +88,7 @@ void edgesInside(const CGPath& path, std::vector<CGPoint>& devicePoints, const P
                  double tolerance, const Kernels& kernels, EdgeList& out) {
   const auto [segments, curves] = readSegments(path, devicePoints, out);
 
-  const double factor = 6.0 / 8.0 / tolerance;
+  const double factor = squaredChordsOverBend(tolerance);
   const CurveFrame frame{static_cast<double>(region.x0), static_cast<double>(region.y0),
                          static_cast<float>(region.width()), region.height() * kUnitsPerPixel,
                          static_cast<float>(factor * factor)};

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include <glyphwright/platform/raster/bent_curve.h>
+#include <glyphwright/platform/raster/chords.h>
 #include <glyphwright/platform/raster/kernels/folds.h>
 #include <glyphwright/platform/raster/stroke_pen.h>
 #include <glyphwright/platform/raster/stroke_segments.h>
@@ -380,7 +381,7 @@ bool strokeOutline(const CGPath& path, const std::vector<CGPoint>& points, const
   const StrokePen pen(std::min(stroke.width, kWidest), stroke.style, stroke.tolerance, origin,
                       stroke.shown, out);
   const SegmentPen segmentPen{origin.x, origin.y, static_cast<float>(pen.half()),
-                              static_cast<float>(6.0 / 8.0 / stroke.tolerance),
+                              static_cast<float>(squaredChordsOverBend(stroke.tolerance)),
                               static_cast<float>(pen.half() / (8 * stroke.tolerance))};
   ContourWriter writer(pen, segmentPen, stroke, kernels, sink);
   const std::size_t most = out.mostSegments;

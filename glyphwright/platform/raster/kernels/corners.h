@@ -9,9 +9,8 @@
 namespace glyphwright::raster::loops {
 namespace {
 
-/// |p''| ≤ 6·bend, and a chord over a parameter step h strays by at most h²·|p''|/8: the count of
-/// chords goes with the root of the bend, and so with the fourth root of its square. Up to eight,
-/// which is nearly always, comparing is faster than roots.
+/// The count of chords (chords.h) goes with the root of the bend, and so with the fourth root of
+/// its square. Up to eight, which is nearly always, comparing is faster than roots.
 template <typename L>
 std::uint32_t chordCount(float chords4) {
   using Floats = typename L::Floats;
@@ -57,10 +56,8 @@ void countChords(Curve* curves, std::size_t count, const double* points, const C
   }
 }
 
-/// p(t) = a·t³ + b·t² + c·t + p0. Chords of a curve lose area to its hollow side; moving the inner
-/// points by −h²·p''/12 gives it back, and folds into the two lower coefficients because
-/// p'' = 6a·t + 2b is linear in t. Eight samples at a time; the last eight may run past the curve's
-/// end.
+/// Inner points moved out of the hollow as chords.h has it, eight samples at a time; the last eight
+/// may run past the curve's end.
 template <typename L>
 void sampleCurves(const Curve* curves, std::size_t count, const double* points,
                   const CurveFrame& frame, float* xs, std::int32_t* ys) {

@@ -28,7 +28,7 @@ void drawSome(fuzz::Input& input, CGContextRef context) {
         break;
       }
       case 3:
-        CGContextClipToPath(context, input.path(), input.coin());
+        CGContextClipToPath(context, input.path(), input.rule());
         break;
       case 4:
         CGContextClipToRect(context, input.rect());
@@ -70,7 +70,7 @@ void drawSome(fuzz::Input& input, CGContextRef context) {
         break;
       }
       default:
-        CGContextFillPath(context, input.path(), input.coin());
+        CGContextFillPath(context, input.path(), input.rule());
         break;
     }
   }

@@ -7,6 +7,7 @@
 #include <string>
 
 #include <glyphwright/platform/color.h>
+#include <glyphwright/platform/fill_rule.h>
 #include <glyphwright/platform/path.h>
 
 /// The fuzzers' entry, called with one input after the other; the same for every engine.
@@ -28,6 +29,7 @@ class Input {
   /// 0 to `count` − 1.
   std::size_t below(std::size_t count) { return byte() % count; }
   bool coin() { return (byte() & 1) != 0; }
+  FillRule rule() { return coin() ? FillRule::evenOdd : FillRule::nonZero; }
 
   /// Mostly a number an icon might have, at times an odd one, at times any bits at all.
   double number() {

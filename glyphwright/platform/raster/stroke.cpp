@@ -4,7 +4,6 @@
 #include <array>
 #include <cstdlib>
 #include <cstring>
-#include <span>
 #include <utility>
 
 #include <glyphwright/platform/raster/bent_curve.h>

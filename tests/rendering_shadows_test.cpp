@@ -74,8 +74,13 @@ TEST(DropShadow, RedrawsAtTheScreenScale) {
 TEST(InsetShadow, AgreesWithThePlainSteps) {
   UIBezierPath filledTwice = UIBezierPath::bezierPathWithRect({2, 2, 36, 30});
   filledTwice.appendPath(UIBezierPath::bezierPathWithRect({10, 10, 12, 12}));
+  UIBezierPath filledOften = filledTwice;  // more often than narrow cells hold
+  for (int i = 0; i < 200; ++i) {
+    filledOften.appendPath(UIBezierPath::bezierPathWithRect({20, 16, 9, 8}));
+  }
   const UIBezierPath paths[] = {
       filledTwice,
+      filledOften,
       UIBezierPath::bezierPathWithOvalInRect({5.3, 4.1, 30.7, 29.2}),
       UIBezierPath::heartPath(),
       UIBezierPath::gearPath(),

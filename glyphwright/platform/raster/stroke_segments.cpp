@@ -13,10 +13,15 @@ void raise(const CGPoint& from, const CGPoint& to, CGPoint* cubic) {
   cubic[3] = to;
 }
 
+// One look at both coordinates: that one of them is the same says little.
+bool isSame(const CGPoint& a, const CGPoint& b) {
+  return (static_cast<unsigned>(a.x == b.x) & static_cast<unsigned>(a.y == b.y)) != 0;
+}
+
 // Whether it has any length.
 unsigned leads(const CGPoint* cubic) {
-  if (!(cubic[0] == cubic[3])) return 1;
-  return cubic[0] == cubic[1] && cubic[0] == cubic[2] ? 0 : 1;
+  if (!isSame(cubic[0], cubic[3])) return 1;
+  return isSame(cubic[0], cubic[1]) && isSame(cubic[0], cubic[2]) ? 0 : 1;
 }
 
 }  // namespace
@@ -93,7 +98,7 @@ std::size_t listSegments(const PathStretch& contours, StrokeOutline& out) {
         break;
     }
     curves[count] = &raised->x;
-    count += raised[0] == raised[3] ? 0 : 1;
+    count += isSame(raised[0], raised[3]) ? 0 : 1;
     raised += 4;
   }
   finish(verbs.size());
@@ -127,7 +132,7 @@ bool SegmentReader::read(CGPoint* cubic) {
         break;
     }
     const bool isLine = verb == PathVerb::line || verb == PathVerb::close;
-    if (isLine ? !(cubic[0] == cubic[3]) : leads(cubic) != 0) return true;
+    if (isLine ? !isSame(cubic[0], cubic[3]) : leads(cubic) != 0) return true;
   }
   return false;
 }

@@ -35,6 +35,21 @@ class Fold {
            (isBetween(wide) || (wide <= 0.5F * farther() && turnSquare() < kQuarterTurn));
   }
 
+  /// True when all of a side, whose corners are these, is too short to be seen.
+  bool isShort(bool isLeft, const float* x, const float* y, int corners) const {
+    if (!turnsOneWay()) return false;
+    const float half = isLeft ? pen_.half : -pen_.half;
+    float lastX = s_.cubics[i_].startX + s_.startAlongY[i_] * half;
+    float lastY = s_.cubics[i_].startY - s_.startAlongX[i_] * half;
+    float sum = 0;
+    for (int k = 0; k < corners; ++k) {
+      sum += __builtin_fabsf(x[k] - lastX) + __builtin_fabsf(y[k] - lastY);
+      lastX = x[k];
+      lastY = y[k];
+    }
+    return sum <= pen_.spare;
+  }
+
   /// And true when the sector lies within both bands, so that it makes no difference that the side
   /// runs backwards there: twice covered less once.
   bool isInsideTwice() const {
@@ -43,6 +58,10 @@ class Fold {
 
   /// True when two chords are close enough to the sector's arc.
   bool isSmall() const { return s_.sector[i_] * root(turnSquare()) <= 8.0F * pen_.spare; }
+
+  bool turnsLeft() const {
+    return s_.startAlongX[i_] * s_.endAlongY[i_] < s_.startAlongY[i_] * s_.endAlongX[i_];
+  }
 
   /// Leads the side through the curve's middle.
   void putMiddle(float* x, float* y) const {

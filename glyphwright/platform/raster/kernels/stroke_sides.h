@@ -91,15 +91,16 @@ std::size_t putSides(const StrokeSegments& s, const StrokeNode* nodes, const Seg
       // What is known of the start is known long before what the samples tell.
       if (chords < 0 || bend != PenBend::follows) {
         const Fold fold(s, nodes, range, i, pen);
-        const bool isLeft = bend == PenBend::foldsLeft;
+        const bool isMixed = bend != PenBend::foldsLeft && bend != PenBend::foldsRight;
+        const bool isLeft = isMixed ? fold.turnsLeft() : bend == PenBend::foldsLeft;
         float* const x = isLeft ? to.leftX : to.rightX;
         float* const y = isLeft ? to.leftY : to.rightY;
         int& corners = isLeft ? left : right;
-        if (!isLeft && bend != PenBend::foldsRight) {
-          if (!fold.isInsideTwice()) break;
-        } else if (fold.isInside()) {
+        if (isMixed ? fold.isShort(isLeft, x, y, count) : fold.isInside()) {
           fold.putMiddle(x, y);
           corners = 1;
+        } else if (isMixed) {
+          if (!fold.isInsideTwice()) break;
         } else if (fold.isSmall()) {
           fold.putSector(isLeft, x, y);
           corners = 5;

@@ -52,18 +52,17 @@ class ColorWriter {
   static constexpr bool kRepeats = true;  // pixels of untouched cells are like those before them
   /// The first half has the first colour.
   ColorWriter(const SolidColor& first, const SolidColor& second) {
-    const auto half = [](const SolidColor& color, std::size_t c) {
-      return Shorts::every(static_cast<std::int16_t>(color.channels[c] >> 1));
-    };
-    for (std::size_t c = 0; c < 4; ++c) channels_[c] = firstHalves(half(first, c), half(second, c));
+    for (std::size_t c = 0; c < 4; ++c) {
+      channels_[c] =
+          L::template inHalves<Shorts>(static_cast<std::int16_t>(first.channels[c] >> 1),
+                                       static_cast<std::int16_t>(second.channels[c] >> 1));
+    }
   }
   /// The colours of premultiplied pixels.
   ColorWriter(std::uint32_t first, std::uint32_t second) {
     using Ints = typename L::Ints;
-    const auto all = [](std::uint32_t pixel) {
-      return Ints::every(static_cast<std::int32_t>(pixel));
-    };
-    const Ints pixels = firstHalves(all(first), all(second));
+    const Ints pixels = L::template inHalves<Ints>(static_cast<std::int32_t>(first),
+                                                   static_cast<std::int32_t>(second));
     const auto channel = [](Ints moved) {
       const Ints levels = moved & Ints::every(0xFF);
       return as<Shorts>(shiftLeft<5>(levels) | shiftLeft<21>(levels));

@@ -108,9 +108,9 @@ class Ink {
   // Channels `from` and `from` + 2 in turn.
   static Shorts pairs(const SolidColor& first, const SolidColor& second, int from) {
     const auto pair = [from](const SolidColor& color) {
-      return Ints::every(color.channels[from] | color.channels[from + 2] << 16);
+      return color.channels[from] | color.channels[from + 2] << 16;
     };
-    return as<Shorts>(firstHalves(pair(first), pair(second)));
+    return as<Shorts>(L::template inHalves<Ints>(pair(first), pair(second)));
   }
 
   Halves<L> color_;

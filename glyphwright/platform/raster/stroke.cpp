@@ -90,10 +90,9 @@ class ContourWriter {
   // Where both sides of a contour begin, or begin again; straight ends may lead across.
   void begin(bool hasStart) { part_ = {out_.left.count, 0, out_.right.count, 0, hasStart, false}; }
   void end(bool hasEnd) {
-    part_.leftEnd = out_.left.count;
-    part_.rightEnd = out_.right.count;
-    part_.hasEnd = hasEnd;
-    out_.contours.push_back(part_);
+    // One by one: what has just been stored in parts cannot be read as a whole at once.
+    out_.contours.push_back({part_.leftBegin, out_.left.count, part_.rightBegin, out_.right.count,
+                             part_.hasStart, hasEnd});
   }
   void close();
 

@@ -30,6 +30,12 @@ ColorStretch between(const CGColor& from, const CGColor& to) {
   return colors;
 }
 
+// Places have 24 bits; a part that grows this much faster still tells 1/100 of a level apart.
+constexpr double kSteepest = 256;
+constexpr double kFlattest = 1.0 / (1 << 20);
+// Farther out no place counts.
+constexpr double kFarthest = 1e30;
+
 }  // namespace
 
 GradientRamp::GradientRamp(const CGGradient& gradient, CGGradientDrawingOptions options,
@@ -72,6 +78,33 @@ GradientRamp::GradientRamp(const CGGradient& gradient, CGGradientDrawingOptions 
     add(-infinity, lowest, 0, nothing);
     std::rotate(stretches_.begin(), stretches_.end() - 1, stretches_.end());
   }
+}
+
+std::vector<ColorRun> GradientRamp::runs() const {
+  std::vector<ColorRun> runs;
+  runs.reserve(stretches_.size());
+  for (const Stretch& stretch : stretches_) {
+    const double steepness = stretch.perUnit * (1 + std::fabs(stretch.from));
+    if (stretch.perUnit != 0 && !(stretch.perUnit >= kFlattest && steepness <= kSteepest)) {
+      return {};
+    }
+    ColorRun& run = runs.emplace_back();
+    run.from = static_cast<float>(std::clamp(stretch.from, -kFarthest, kFarthest));
+    run.until = static_cast<float>(std::clamp(stretch.until, -kFarthest, kFarthest));
+    run.perUnit = static_cast<float>(stretch.perUnit);
+    const ColorStretch& colors = stretch.colors;
+    for (int c = 0; c < 4; ++c) {
+      run.start[c] = static_cast<float>(colors.start[c]);
+      run.change[c] = static_cast<float>(colors.change[c]);
+      run.bend[c] = static_cast<float>(colors.bend[c]);
+    }
+    for (int c = 0; c < 4; ++c) {
+      run.pixel |= static_cast<std::uint32_t>(std::min(run.start[c], run.start[3])) << 8 * c;
+    }
+    run.bends = colors.bends;
+    run.isOpaque = colors.start[3] >= 255.5 && colors.change[3] == 0;
+  }
+  return runs;
 }
 
 void GradientRamp::setStep(double step) {

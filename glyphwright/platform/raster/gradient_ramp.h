@@ -27,6 +27,10 @@ class GradientRamp {
   /// The same at places in any order.
   void readEach(const double (&places)[kAtOnce], std::size_t count, std::uint8_t* rgba);
 
+  /// The colours in single precision, which no level tells from double; none where some stops are
+  /// so near to each other, or so far out, that one could.
+  std::vector<ColorRun> runs() const;
+
  private:
   // The colours between two stops, or beyond the ends.
   struct Stretch {

@@ -13,17 +13,20 @@ bool isInvertible(const CGAffineTransform& t) {
   return determinant != 0 && std::isfinite(determinant);
 }
 
-// The colours at places that are worked out from points, from the centre of the pixel at x, y on.
+PixelPlaces placesOf(const CGAffineTransform& t, int x, int y) {
+  return {x + 0.5, t.a, t.b, t.c * (y + 0.5) + t.tx, t.d * (y + 0.5) + t.ty};
+}
+
+// The colours at places that are worked out from points one by one.
 template <typename Place>
-void putEach(GradientRamp& ramp, const CGAffineTransform& t, int x, int y, std::size_t count,
-             std::uint8_t* rgba, const Place& place) {
-  const CGPoint row{t.c * (y + 0.5) + t.tx, t.d * (y + 0.5) + t.ty};
+void putEach(GradientRamp& ramp, const PixelPlaces& at, std::size_t count, std::uint8_t* rgba,
+             const Place& place) {
   for (std::size_t from = 0; from < count; from += GradientRamp::kAtOnce) {
     double places[GradientRamp::kAtOnce];
     const std::size_t some = std::min(count - from, GradientRamp::kAtOnce);
     for (std::size_t i = 0; i < some; ++i) {
-      const double column = x + static_cast<double>(from + i) + 0.5;
-      places[i] = place(t.a * column + row.x, t.b * column + row.y);
+      const double column = at.column + static_cast<double>(from + i);
+      places[i] = place(at.perColumnX * column + at.x, at.perColumnY * column + at.y);
     }
     ramp.readEach(places, some, rgba + from * 4);
   }
@@ -73,7 +76,9 @@ void LinearGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t*
 RadialGradientSource::RadialGradientSource(const CGGradient& gradient, CGPoint center,
                                            CGFloat radius, const CGAffineTransform& toDevice,
                                            const Kernels& kernels)
-    : ramp_(gradient, CGGradientDrawingOptions::drawsBeforeAndAfter, kernels) {
+    : ramp_(gradient, CGGradientDrawingOptions::drawsBeforeAndAfter, kernels),
+      runs_(ramp_.runs()),
+      kernels_(kernels) {
   if (!(radius > 0) || !std::isfinite(radius) || !isInvertible(toDevice)) return;
   toUnit_ = CGAffineTransformConcat(
       CGAffineTransformConcat(CGAffineTransformInvert(toDevice),
@@ -83,24 +88,35 @@ RadialGradientSource::RadialGradientSource(const CGGradient& gradient, CGPoint c
 }
 
 void RadialGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const {
-  putEach(ramp_, toUnit_, x, y, count, rgba,
+  const PixelPlaces places = placesOf(toUnit_, x, y);
+  if (!runs_.empty()) return kernels_.mixRings(runs_, places, count, rgba);
+  putEach(ramp_, places, count, rgba,
           [](double px, double py) { return std::sqrt(px * px + py * py); });
 }
 
 ConicGradientSource::ConicGradientSource(const CGGradient& gradient, CGPoint center, CGFloat angle,
                                          const CGAffineTransform& toDevice, const Kernels& kernels)
-    : ramp_(gradient, CGGradientDrawingOptions::drawsBeforeAndAfter, kernels), angle_(angle) {
+    : ramp_(gradient, CGGradientDrawingOptions::drawsBeforeAndAfter, kernels),
+      runs_(ramp_.runs()),
+      kernels_(kernels) {
   if (!std::isfinite(angle) || !isInvertible(toDevice)) return;
-  toCentered_ = CGAffineTransformConcat(CGAffineTransformInvert(toDevice),
-                                        CGAffineTransformMakeTranslation(-center.x, -center.y));
+  const double turns = angle / (2 * math::kPi);
+  origin_ = turns - std::floor(turns);
+  const CGAffineTransform centered = CGAffineTransformConcat(
+      CGAffineTransformInvert(toDevice), CGAffineTransformMakeTranslation(-center.x, -center.y));
+  // Pixels are about one apart then, whatever the scale, and no float is too small for them.
+  const double scale = 1 / std::max({std::fabs(centered.a), std::fabs(centered.b),
+                                     std::fabs(centered.c), std::fabs(centered.d)});
+  toCentered_ = CGAffineTransformConcat(centered, CGAffineTransformMakeScale(scale, scale));
   drawable_ = std::isfinite(toCentered_.tx) && std::isfinite(toCentered_.ty);
 }
 
 void ConicGradientSource::pixels(int x, int y, std::size_t count, std::uint8_t* rgba) const {
-  constexpr double turn = 2 * math::kPi;
-  putEach(ramp_, toCentered_, x, y, count, rgba, [&](double px, double py) {
-    const double part = (math::atan2(py, px) - angle_) / turn;
-    return part - std::floor(part);
+  const PixelPlaces places = placesOf(toCentered_, x, y);
+  if (!runs_.empty()) return kernels_.mixRays(runs_, places, origin_, count, rgba);
+  putEach(ramp_, places, count, rgba, [&](double px, double py) {
+    const double past = math::atan2(py, px) / (2 * math::kPi) - origin_;
+    return past - std::floor(past);
   });
 }
 

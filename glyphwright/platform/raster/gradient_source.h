@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include <glyphwright/platform/geometry.h>
 #include <glyphwright/platform/gradient.h>
@@ -43,6 +44,8 @@ class RadialGradientSource final : public PixelSource {
 
  private:
   mutable GradientRamp ramp_;
+  std::vector<ColorRun> runs_;
+  const Kernels& kernels_;
   CGAffineTransform toUnit_;  // device pixels to a space where the radius is 1
   bool drawable_ = false;
 };
@@ -57,8 +60,10 @@ class ConicGradientSource final : public PixelSource {
 
  private:
   mutable GradientRamp ramp_;
-  CGAffineTransform toCentered_;
-  double angle_;
+  std::vector<ColorRun> runs_;
+  const Kernels& kernels_;
+  CGAffineTransform toCentered_;  // of any scale
+  double origin_ = 0;             // where the first colour is, in turns from 0 to 1
   bool drawable_ = false;
 };
 

@@ -6,6 +6,7 @@
 #include <span>
 
 #include <glyphwright/platform/fill_rule.h>
+#include <glyphwright/platform/raster/gradient_kernels.h>
 #include <glyphwright/platform/raster/pixel_source.h>
 #include <glyphwright/platform/raster/stroke_kernels.h>
 
@@ -165,28 +166,6 @@ struct Pieces {
   std::uint8_t wide[kCapacity / 8];
 };
 
-/// Colours along a way between two stops: premultiplied levels at `part` of it are
-/// start + part × (change + part × bend), alpha last, which does not bend. The levels begin with
-/// what rounds them when the rest is cut off.
-struct ColorStretch {
-  double start[4] = {};
-  double change[4] = {};
-  double bend[4] = {};
-  bool bends = false;
-};
-
-/// Colours along a way in even steps from pixel to pixel. Where they do not bend, levels are
-/// counted in units of 2⁻²³, and what pixels add to them stands ready.
-struct ColorSteps {
-  ColorStretch colors;
-  double step = 0;  // in parts of the way
-  double start[4] = {};
-  double change[4] = {};
-  double perPixel[4] = {};
-  std::int32_t ahead[4][8] = {};  // of no pixel, one, two…
-  std::int32_t eight[4] = {};     // of eight pixels
-};
-
 /// A source of pixels for rows of cells.
 struct SourceRows {
   const PixelSource& source;
@@ -331,6 +310,12 @@ struct Kernels {
   /// The same at parts in any order. Reads whole eights of them.
   void (*mixParts)(const ColorStretch& stretch, const double* parts, std::size_t count,
                    std::uint8_t* rgba);
+  /// The colours at the distances of a row's pixels from 0, 0.
+  void (*mixRings)(std::span<const ColorRun> runs, const PixelPlaces& places, std::size_t count,
+                   std::uint8_t* rgba);
+  /// The colours at the angles about 0, 0, clockwise from `origin` on: all are turns, from 0 to 1.
+  void (*mixRays)(std::span<const ColorRun> runs, const PixelPlaces& places, double origin,
+                  std::size_t count, std::uint8_t* rgba);
   /// coverage := coverage × other.
   void (*multiplyCoverage)(std::uint16_t* coverage, const std::uint16_t* other, std::size_t count);
   /// A symmetric filter downwards: taps[0] weighs the middle, taps[k] the two values k away from it

@@ -9,6 +9,7 @@
 #include <glyphwright/platform/raster/kernels/pieces.h>
 #include <glyphwright/platform/raster/kernels/pixels.h>
 #include <glyphwright/platform/raster/kernels/points.h>
+#include <glyphwright/platform/raster/kernels/rings_and_rays.h>
 #include <glyphwright/platform/raster/kernels/shadows.h>
 #include <glyphwright/platform/raster/kernels/source_cells.h>
 #include <glyphwright/platform/raster/kernels/stroke_curves.h>
@@ -50,6 +51,8 @@ inline constexpr Kernels kLoops{
     .prepareSteps = prepareSteps<L>,
     .mixAlong = mixAlong<L>,
     .mixParts = mixParts<L>,
+    .mixRings = mixRings<L>,
+    .mixRays = mixRays<L>,
     .multiplyCoverage = multiplyCoverage<L>,
     .filterDown = filterDown<L>,
     .filterAlong = filterAlong<L>,

@@ -248,36 +248,6 @@ TEST_P(RasterKernels, PointsMapAndBoxTheSame) {
   EXPECT_TRUE(box.hasNaN);
 }
 
-TEST_P(RasterKernels, ColoursMixTheSame) {
-  for (std::size_t round = 0; round < 2000; ++round) {
-    // Levels from 0.5 to 255.5 at either end; where they bend, they stay within.
-    ColorStretch stretch;
-    for (int c = 0; c < 4; ++c) {
-      const auto level = [&] { return upTo(2) == 0 ? 255 * upTo(1) : upTo(255); };
-      stretch.start[c] = level() + 0.5;
-      stretch.change[c] = level() + 0.5 - stretch.start[c];
-      stretch.bends = round % 2 == 0;
-      if (c < 3 && stretch.bends) {
-        stretch.bend[c] = upTo(8) * stretch.change[c] / 8;
-        stretch.change[c] -= stretch.bend[c];
-      }
-    }
-    double parts[75] = {};
-    for (double& part : parts) part = upTo(1000) / 1000.0;
-    const std::size_t count = round % 67 + 1;
-    expectSame([&](const Kernels& loops) {
-      std::array<std::uint8_t, 136 * 4> pixels{};
-      loops.mixParts(stretch, parts, count, &pixels[0]);
-      ColorSteps steps;
-      steps.colors = stretch;
-      steps.step = (parts[1] - parts[0]) / static_cast<double>(count);
-      loops.prepareSteps(steps);
-      loops.mixAlong(steps, parts[0], count, &pixels[68 * 4]);
-      return pixels;
-    });
-  }
-}
-
 TEST_P(RasterKernels, CurvesSampleTheSame) {
   for (const double size : {3.0, 40.0, 900.0, 16000.0}) {
     const CurveFrame frame{-3, 7, static_cast<float>(size),

@@ -1,4 +1,4 @@
-#include <fstream>
+#include <cstdio>
 #include <iomanip>
 #include <sstream>
 
@@ -29,26 +29,34 @@ std::uint64_t hashOf(const CGImage& image) {
   return hash.value();
 }
 
+// Files as C has them: libraries for WebAssembly may come without file streams.
 Manifest readManifest(const std::string& file) {
   Manifest manifest;
-  std::ifstream in(file);
-  for (std::string line; std::getline(in, line);) {
-    if (line.empty() || line[0] == '#') continue;
+  std::FILE* in = std::fopen(file.c_str(), "r");
+  if (in == nullptr) return manifest;
+  char line[256];
+  while (std::fgets(line, sizeof(line), in) != nullptr) {
+    if (line[0] == '#') continue;
     std::istringstream fields(line);
     std::string name;
     std::uint64_t hash = 0;
     if (fields >> name >> std::hex >> hash) manifest[name] = hash;
   }
+  std::fclose(in);
   return manifest;
 }
 
 void writeManifest(const std::string& file, const Manifest& manifest) {
-  std::ofstream out(file);
-  out << "# The hash of each picture's raw pixels. A change here is a change of what users see:\n"
-         "# look at the sheet that the failing test left, then run scripts/renew-hashes.\n";
+  std::ostringstream text;
+  text << "# The hash of each picture's raw pixels. A change here is a change of what users see:\n"
+          "# look at the sheet that the failing test left, then run scripts/renew-hashes.\n";
   for (const auto& [name, hash] : manifest) {
-    out << name << ' ' << std::hex << std::setw(16) << std::setfill('0') << hash << '\n';
+    text << name << ' ' << std::hex << std::setw(16) << std::setfill('0') << hash << '\n';
   }
+  std::FILE* out = std::fopen(file.c_str(), "w");
+  if (out == nullptr) return;
+  std::fputs(text.str().c_str(), out);
+  std::fclose(out);
 }
 
 }  // namespace glyphwright::pixel_manifest

@@ -78,8 +78,9 @@ struct Row {
   Way way;
   std::string_view name;
   Facts needs;
-  /// By how much a channel may differ from what the plain way gives: a level where edges are cut by
-  /// another region, or a shadow is rounded at another place.
+  /// By how much a channel may differ from what the plain way gives, and does in some scenes: a
+  /// level where edges are counted from, or cut by, another region's side, or a shadow is rounded
+  /// at another place. All other ways give the same bytes.
   int levels = 0;
 };
 

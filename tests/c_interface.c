@@ -34,7 +34,7 @@ static const char *drawInto(const glyphwright_path *path, uint8_t *pixels, char 
   buffer.row_bytes = 127;
   CHECK(glyphwright_render(path, &look, &buffer, 0) == GLYPHWRIGHT_INVALID_ARGUMENT);
   buffer.row_bytes = 0;
-  look.parts = 32;
+  look.parts = 64;
   CHECK(glyphwright_render(path, &look, &buffer, 0) == GLYPHWRIGHT_INVALID_ARGUMENT);
   look.parts = GLYPHWRIGHT_GRADIENT;
   CHECK(glyphwright_render(path, &look, &buffer, 0) == GLYPHWRIGHT_INVALID_ARGUMENT);

@@ -83,6 +83,40 @@ TEST(CInterface, DrawsTheSamePixels) {
   EXPECT_EQ(pixelsOf(image), same.cgImage().pixels(PixelFormat::straightRGBA));
 }
 
+// A drawing of bare strokes in a gradient, and a ring over an opaque ground: both as the program
+// draws them.
+TEST(CInterface, DrawsIconsThatStandOnTheirOwn) {
+  const glyphwright_color colors[] = {{1, 0.5, 0, 1}, {0.5, 0, 0.5, 1}};
+  const pixels::ScreenScale scale(2);
+  for (const bool hasBorder : {false, true}) {
+    glyphwright_attributes a = {};
+    a.struct_size = sizeof a;
+    a.width = a.height = 24;
+    a.scale = 2;
+    a.parts = GLYPHWRIGHT_STANDALONE | GLYPHWRIGHT_GRADIENT;
+    if (hasBorder) a.parts |= GLYPHWRIGHT_BORDER;
+    a.background = {1, 1, 1, 1};
+    a.border_color = {0, 0, 1, 1};
+    a.border_width = 2;
+    a.gradient_colors = colors;
+    a.gradient_count = 2;
+    IconAttributes look{.backgroundColor = UIColor::whiteColor(),
+                        .stroke = IconStroke(UIColor::clearColor(), 0),
+                        .gradient = IconGradient({UIColor(1, 0.5, 0, 1), UIColor(0.5, 0, 0.5, 1)}),
+                        .size = {24, 24}};
+    if (hasBorder) look.border = IconBorder(UIColor(0, 0, 1, 1), 2);
+    for (const char* name : {"heartPath", "chatActionBarCloseIcon"}) {
+      std::vector<std::uint8_t> drawn(48 * 48 * 4);
+      const glyphwright_buffer into = {sizeof into, GLYPHWRIGHT_RGBA_PREMULTIPLIED, drawn.data(), 48, 48, 0};
+      ASSERT_EQ(glyphwright_render(named(name).get(), &a, &into, nullptr), GLYPHWRIGHT_OK);
+      const UIImage same = performSelector(name).makeStandaloneImage(look);
+      EXPECT_TRUE(std::ranges::equal(drawn, same.cgImage().rgba())) << name;
+      EXPECT_EQ(pixels::at(same, 0, 0), pixels::kWhite) << "the ground lies under the ring";
+      EXPECT_NE(pixels::at(same, 24, 24), pixels::kWhite) << "something is drawn";
+    }
+  }
+}
+
 TEST(CInterface, DrawsEveryReadyMadeImageAtTheAskedScale) {
   const pixels::ScreenScale other(3);
   ASSERT_EQ(glyphwright_painting_count(), presets::readyMadeImages().size());

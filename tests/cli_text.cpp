@@ -14,10 +14,10 @@
 #include <glyphwright/catalogue/icons.h>
 #include <glyphwright/paths/method_names.h>
 #include <glyphwright/paths/registry.h>
+#include <glyphwright/rendering/bare_strokes.h>
 
 #include "cli_program.h"
 #include "places.h"
-#include "tools/bare_strokes.h"
 #include "tools/path_text.h"
 #include "tools/stage_pictures.h"
 
@@ -133,10 +133,10 @@ TEST(CliPath, DrawsAsSvg) {
 
 // A fill of two bare lines paints nothing; shown as a document they are stroked.
 TEST(CliPath, StrokesWhatHasNoInside) {
-  EXPECT_TRUE(cli::isBareStrokes(UIBezierPath::chatActionBarCloseIcon().cgPath()));
-  EXPECT_FALSE(cli::isBareStrokes(UIBezierPath::dropDownArrowIcon().cgPath()));
-  EXPECT_FALSE(cli::isBareStrokes(UIBezierPath::homeCircleIcon().cgPath()));
-  EXPECT_FALSE(cli::isBareStrokes(CGPath()));
+  EXPECT_TRUE(rendering::isBareStrokes(UIBezierPath::chatActionBarCloseIcon().cgPath()));
+  EXPECT_FALSE(rendering::isBareStrokes(UIBezierPath::dropDownArrowIcon().cgPath()));
+  EXPECT_FALSE(rendering::isBareStrokes(UIBezierPath::homeCircleIcon().cgPath()));
+  EXPECT_FALSE(rendering::isBareStrokes(CGPath()));
   const std::string svg = run({"path", "chatActionBarCloseIcon", "--svg"}).out;
   EXPECT_NE(svg.find("fill=\"none\" stroke=\"currentColor\" stroke-width=\"2\""), std::string::npos)
       << svg;

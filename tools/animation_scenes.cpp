@@ -5,8 +5,8 @@
 #include <vector>
 
 #include <glyphwright/layers/gradient_shape_layer.h>
+#include <glyphwright/rendering/bare_strokes.h>
 
-#include "bare_strokes.h"
 #include "path_morph.h"
 
 namespace glyphwright::cli {
@@ -37,7 +37,7 @@ CGPath fitted(UIBezierPath icon, CGSize box, CGSize size) {
 
 /// The width of the icon's own pen when it is a drawing of bare strokes, otherwise 0.
 CGFloat penOf(const UIBezierPath& icon, CGSize size) {
-  return isBareStrokes(icon.cgPath()) ? ownPenWidth(icon, size) : 0;
+  return rendering::isBareStrokes(icon.cgPath()) ? rendering::ownPenWidth(icon, size) : 0;
 }
 
 CGSize lessPen(CGSize size, CGFloat pen) {

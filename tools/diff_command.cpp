@@ -10,7 +10,6 @@
 #include <glyphwright/platform/image.h>
 #include <glyphwright/platform/vantel_kit.h>
 
-#include "icon_image.h"
 #include "icon_names.h"
 #include "numbers.h"
 #include "output.h"
@@ -53,7 +52,7 @@ Pixels rendered(const std::string& name, const DiffOptions& options, CGSize size
   if (named.icon.builder == nullptr) throw std::runtime_error(name + " has no drawing");
   IconAttributes attributes = options.paint.attributes;
   attributes.size = size;
-  const UIImage image = imageOf(named.icon.builder(), attributes);
+  const UIImage image = named.icon.builder().makeStandaloneImage(attributes);
   if (!image.hasPixels()) throw std::runtime_error(name + " cannot be drawn at this size");
   const CGImage& drawn = image.cgImage();
   // A file has been through straight alpha, which rounds: so that it equals what it was written

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <span>
 
-#include "bare_strokes.h"
+#include <glyphwright/rendering/bare_strokes.h>
+
 #include "numbers.h"
 
 namespace glyphwright::cli {
@@ -83,7 +84,7 @@ std::string svgPathData(const CGPath& path) {
 }
 
 std::string svgElement(const UIBezierPath& path, const SvgStyle& style) {
-  const bool bare = isBareStrokes(path.cgPath());
+  const bool bare = rendering::isBareStrokes(path.cgPath());
   const std::string stroke = style.stroke.empty() && bare ? style.fill : style.stroke;
   const double width = style.stroke.empty() && bare ? path.lineWidth() : style.strokeWidth;
   const double margin = stroke.empty() ? 0 : width / 2;

@@ -9,7 +9,6 @@
 #include <glyphwright/platform/image.h>
 #include <glyphwright/platform/vantel_kit.h>
 
-#include "icon_image.h"
 #include "icon_names.h"
 #include "image_output.h"
 #include "paint_text.h"
@@ -53,8 +52,8 @@ void render(const Job& job, const RenderOptions& options, Console& console) {
   if (options.format == OutputFormat::svg) {
     writeOutput(job.file, svgDocument(path, paint), console);
   } else {
-    writeImage(imageOf(path, paint.attributes), job.icon->name, job.file, options.format, console,
-               options.compression);
+    writeImage(path.makeStandaloneImage(paint.attributes), job.icon->name, job.file, options.format,
+               console, options.compression);
   }
 }
 

@@ -10,7 +10,6 @@
 #include <glyphwright/platform/image.h>
 #include <glyphwright/platform/vantel_kit.h>
 
-#include "icon_image.h"
 #include "icon_names.h"
 #include "image_output.h"
 #include "label_font.h"
@@ -97,7 +96,7 @@ UIColor labelColorOn(const UIColor& ground) {
 UIImage pictureOf(const NamedIcon& icon, IconAttributes attributes) {
   if (icon.icon.builder == nullptr) return {};
   attributes.backgroundColor = UIColor::clearColor();  // the sheet's ground lies below
-  return imageOf(icon.icon.builder(), attributes);
+  return icon.icon.builder().makeStandaloneImage(attributes);
 }
 
 void put(PixelSheet& sheet, const Layout& layout, std::size_t index, const std::string& name,

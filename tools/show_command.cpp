@@ -11,7 +11,6 @@
 #include <glyphwright/platform/image.h>
 #include <glyphwright/platform/vantel_kit.h>
 
-#include "icon_image.h"
 #include "icon_names.h"
 #include "png.h"
 #include "terminal.h"
@@ -158,7 +157,7 @@ int runShow(const ShowOptions& options, Console& console) {
   // The size asked for, in whole characters: one is a pixel wide and two high.
   const CGFloat scale = picture ? 2 : static_cast<CGFloat>(columns) / attributes.size.width;
   VantelKit::Screen::setScale(scale);
-  const UIImage image = imageOf(named.icon.builder(), attributes);
+  const UIImage image = named.icon.builder().makeStandaloneImage(attributes);
   if (!image.hasPixels()) throw std::runtime_error(named.name + " cannot be drawn at this size");
   const CGImage& pixels = image.cgImage();
   if (!picture) {

@@ -10,8 +10,7 @@
 #include <glyphwright/platform/raster/blur.h>
 #include <glyphwright/platform/raster/cell_bands.h>
 #include <glyphwright/platform/raster/mask_writer.h>
-
-#include "bare_strokes.h"
+#include <glyphwright/rendering/bare_strokes.h>
 
 // The only part of the program that looks behind the public headers.
 namespace glyphwright::cli {
@@ -32,7 +31,7 @@ struct Cast {
 /// Puts the path and half of its pen inside a margin that the shadow needs.
 void place(const UIBezierPath& icon, std::size_t size, const Cast& cast, Stages& stages) {
   stages.path = icon.cgPath();
-  const bool isStroked = isBareStrokes(stages.path);
+  const bool isStroked = rendering::isBareStrokes(stages.path);
   const CGFloat pen = isStroked ? icon.lineWidth() : 0;
   const CGRect box = icon.bounds();
   const CGFloat side = std::max(box.size.width, box.size.height);

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <limits>
 
-#include "bare_strokes.h"
-#include "icon_image.h"
+#include <glyphwright/rendering/bare_strokes.h>
+
 #include "numbers.h"
 #include "path_text.h"
 #include "usage_error.h"
@@ -70,7 +70,7 @@ Place placeIn(const UIBezierPath& path, CGSize size, CGFloat inset) {
 class Document {
  public:
   Document(const UIBezierPath& path, const Paint& paint)
-      : path_(path), paint_(paint), bare_(isBareStrokes(path.cgPath())) {
+      : path_(path), paint_(paint), bare_(rendering::isBareStrokes(path.cgPath())) {
     const CGSize size = paint.attributes.size;
     frame_ = std::max(size.width, size.height);
     // Documents may stand in one page: their names must not meet.
@@ -138,9 +138,9 @@ class Document {
   std::string ringOf(const IconAttributes& attributes, CGFloat ring) {
     const UIColor& color = attributes.border->color;
     CGFloat width = attributes.border->width;
-    if (bare_ && hasNoStroke(attributes)) {
+    if (bare_ && rendering::hasNoStroke(attributes)) {
       const CGSize inner{attributes.size.width - 2 * ring, attributes.size.height - 2 * ring};
-      width = ownPenWidth(path_, inner) + 2 * ring;
+      width = rendering::ownPenWidth(path_, inner) + 2 * ring;
     }
     const Place place = placeIn(path_, attributes.size, width);
     const std::string fill = bare_ ? " fill=\"none\"" : colored("fill", color);
@@ -149,10 +149,10 @@ class Document {
 
   std::string icon(const IconAttributes& attributes) {
     const CGFloat room = roomOfShadow(attributes);
-    const bool ownPen = bare_ && hasNoStroke(attributes);
-    const CGFloat width =
-        ownPen ? ownPenWidth(path_, {attributes.size.width - room, attributes.size.height - room})
-               : strokeWidth(attributes);
+    const bool ownPen = bare_ && rendering::hasNoStroke(attributes);
+    const CGFloat width = ownPen ? rendering::ownPenWidth(path_, {attributes.size.width - room,
+                                                                  attributes.size.height - room})
+                                 : strokeWidth(attributes);
     const Place place = placeIn(path_, attributes.size, room + width);
     std::string parts;
     if (ownPen) {
@@ -264,7 +264,7 @@ std::string plainDocument(const UIBezierPath& path, const Paint& paint) {
     style.stroke = paint.strokeIsCurrentColor ? "currentColor" : hexOf(stroke->color);
     style.strokeWidth = stroke->width / placeIn(path, attributes.size, stroke->width).scale;
     add("stroke-opacity", stroke->color);
-  } else if (isBareStrokes(path.cgPath())) {
+  } else if (rendering::isBareStrokes(path.cgPath())) {
     add("stroke-opacity", attributes.fillColor);
   }
   return svgElement(path, style) + '\n';

@@ -3,7 +3,7 @@
 
 // The C interface's numbers and the places of its fields, for 32-bit addresses.
 const RGBA_PREMULTIPLIED = 0, RGBA_STRAIGHT = 2;
-const STROKE = 1, BORDER = 2, DROP_SHADOW = 4, INSET_SHADOW = 8, GRADIENT = 16;
+const STROKE = 1, BORDER = 2, DROP_SHADOW = 4, INSET_SHADOW = 8, GRADIENT = 16, STANDALONE = 32;
 const SELECTED = 1, WITH_BACKGROUND = 2;
 const ATTRIBUTES_SIZE = 336, BUFFER_SIZE = 24, ELEMENTS_SIZE = 20, PEN_SIZE = 32, RECT_SIZE = 32;
 const PAINTING_SIZE = 40, PAINTING_OPTIONS_SIZE = 64, ICON_SIZE = 24;
@@ -181,11 +181,11 @@ export class Glyphwright {
   }
 
   #setAttributes({ fill = '#000', background, stroke, border, dropShadow, insetShadow, gradient,
-    size = 24, scale = 1 }) {
+    size = 24, scale = 1, standalone = false }) {
     const at = this.#at.attributes;
     new Uint8Array(this.#c.memory.buffer, at, ATTRIBUTES_SIZE).fill(0);
     const view = this.#view();
-    let parts = stroke ? STROKE : 0;
+    let parts = (stroke ? STROKE : 0) | (standalone ? STANDALONE : 0);
     view.setUint32(at, ATTRIBUTES_SIZE, true);
     const [width, height] = sides(size);
     [width, height, scale].forEach((value, i) =>

@@ -52,6 +52,10 @@ export interface Attributes {
   insetShadow?: Shadow;
   /** In place of the flat fill. */
   gradient?: Gradient;
+  /** As an icon that stands on its own: bare strokes, which have nothing to fill, are drawn with a
+   * pen of their own, and the ground lies under a border's ring, where there is a black frame
+   * otherwise. */
+  standalone?: boolean;
   /** Whether colours are multiplied by alpha, as `glyphwright render -o x.rgba` gives them. */
   premultiplied?: boolean;
   /** Whether pixels stay in the module's memory, where the next call writes over them: for those

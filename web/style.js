@@ -48,8 +48,8 @@ function optionsOf(state) {
 // C99, straight from the header.
 function cCode(name, state) {
   const { fill, background, gradient, stroke, border, dropShadow, insetShadow, size, scale } = attributesOf(state);
-  const parts = ['GLYPHWRIGHT_STROKE', border && 'GLYPHWRIGHT_BORDER', dropShadow && 'GLYPHWRIGHT_DROP_SHADOW',
-    insetShadow && 'GLYPHWRIGHT_INSET_SHADOW', gradient && 'GLYPHWRIGHT_GRADIENT'].filter(Boolean);
+  const parts = ['GLYPHWRIGHT_STANDALONE', stroke && 'GLYPHWRIGHT_STROKE', border && 'GLYPHWRIGHT_BORDER',
+    dropShadow && 'GLYPHWRIGHT_DROP_SHADOW', insetShadow && 'GLYPHWRIGHT_INSET_SHADOW', gradient && 'GLYPHWRIGHT_GRADIENT'].filter(Boolean);
   const cColor = (hex) => `{${channels(hex).join(', ')}}`;
   const shadow = ({ color: c, x, y, blur }) => `{${cColor(c)}, ${x}, ${y}, ${blur}}`;
   const ends = { topToBottom: ['0, 0', '0, 1'], leftToRight: ['0, 0', '1, 0'],
@@ -104,7 +104,7 @@ export const cppName = (name, method) =>
 
 function jsAttributes(state) {
   const { scale, ...attributes } = attributesOf(state);
-  return JSON.stringify({ ...attributes, scale }, null, 2).replace(/"(\w+)":/g, '$1:').replaceAll('"', "'");
+  return JSON.stringify({ ...attributes, scale, standalone: true }, null, 2).replace(/"(\w+)":/g, '$1:').replaceAll('"', "'");
 }
 
 // The ways of asking for an icon, each a title and a text; `icon` has name, method, type.
@@ -112,13 +112,13 @@ export function codeFor({ name, method, type }, state) {
   const scale = `VantelKit::Screen::setScale(${state.scale});\n`;
   const look = `const ${cppAttributes(state).replace('IconAttributes', 'IconAttributes look')};\n`;
   const typed = name.includes('.')
-    ? `UIBezierPath::newImage(${cppName(name, method)}, look)`
-    : `UIBezierPath::${method}().makeImage(look)`;
+    ? `${cppName(name, method)}.path().makeStandaloneImage(look)`
+    : `UIBezierPath::${method}().makeStandaloneImage(look)`;
   return [
     ['C++', `${scale}${look}const UIImage image = ${typed};`],
-    ['By name', `${scale}${look}const UIImage image = performSelector("${method}").makeImage(look);`],
+    ['By name', `${scale}${look}const UIImage image = performSelector("${method}").makeStandaloneImage(look);`],
     type && ['By number', `${scale}${look}const UIImage image =\n    UIBezierPath::pathForIcon(` +
-      `static_cast<VNTLIconType>(${type}))->makeImage(look);`],
+      `static_cast<VNTLIconType>(${type}))->makeStandaloneImage(look);`],
     ['Command line', `glyphwright render ${name} -o ${method}.png ${optionsOf(state)}`],
     ['C', cCode(name, state)],
     ['JavaScript', `import { load } from 'glyphwright';\n\nconst glyphwright = await load();\n` +

@@ -3,6 +3,7 @@
 #include <glyphwright/c/boundary.h>
 #include <glyphwright/platform/context.h>
 #include <glyphwright/rendering/icon_attributes.h>
+#include <glyphwright/rendering/standalone_image.h>
 
 using namespace glyphwright;
 
@@ -64,7 +65,7 @@ IconGradient gradientOf(const glyphwright_attributes& a) {
 }
 
 IconAttributes attributesOf(const glyphwright_attributes& a) {
-  if (a.parts >= 2 * GLYPHWRIGHT_GRADIENT) refuse("attributes->parts has an unknown bit");
+  if (a.parts >= 2 * GLYPHWRIGHT_STANDALONE) refuse("attributes->parts has an unknown bit");
   const auto has = [&](std::uint32_t part) { return (a.parts & part) != 0; };
   IconAttributes look{.fillColor = colorOf(a.fill),
                       .backgroundColor = colorOf(a.background),
@@ -76,6 +77,15 @@ IconAttributes attributesOf(const glyphwright_attributes& a) {
   if (has(GLYPHWRIGHT_INSET_SHADOW)) look.insetShadow = shadowOf(a.inset_shadow);
   if (has(GLYPHWRIGHT_GRADIENT)) look.gradient = gradientOf(a);
   return look;
+}
+
+void draw(const UIBezierPath& path, const glyphwright_attributes& a, const IconAttributes& look,
+          CGFloat scale, const PixelBuffer& into) {
+  if ((a.parts & GLYPHWRIGHT_STANDALONE) == 0) {
+    path.drawImage(look, scale, into);
+  } else {
+    rendering::standaloneImage(path, look, scale).cgImage().copyPixels(into);
+  }
 }
 
 PixelSize drawablePixels(CGSize size, CGFloat scale) {
@@ -113,7 +123,7 @@ glyphwright_status glyphwright_render(const glyphwright_path* path,
     const CGFloat scale = c::scaleOr1(known.scale);
     const PixelSize pixels = c::drawablePixels(look.size, scale);
     const PixelBuffer into = c::bufferOf(buffer, pixels.width, pixels.height);
-    c::given(path, "path").path.drawImage(look, scale, into);
+    c::draw(c::given(path, "path").path, known, look, scale, into);
   });
 }
 
@@ -130,9 +140,8 @@ glyphwright_status glyphwright_image_new(const glyphwright_path* path,
     auto made = std::make_unique<glyphwright_image>();
     *made = {std::vector<std::uint8_t>(pixels.width * pixels.height * 4), pixels.width,
              pixels.height, c::formatOf(format)};
-    c::given(path, "path")
-        .path.drawImage(look, scale,
-                        {made->pixels.data(), made->width, made->height, 0, made->format});
+    c::draw(c::given(path, "path").path, known, look, scale,
+            {made->pixels.data(), made->width, made->height, 0, made->format});
     *image = made.release();
   });
 }

@@ -1,11 +1,11 @@
-#include "bare_strokes.h"
+#include <glyphwright/rendering/bare_strokes.h>
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <span>
 
-namespace glyphwright::cli {
+namespace glyphwright::rendering {
 
 bool isBareStrokes(const CGPath& path) {
   // Twice the area within each outline's control polygon, without regard to its direction.
@@ -43,4 +43,9 @@ CGFloat ownPenWidth(const UIBezierPath& path, CGSize room) {
   return std::isfinite(scale) ? std::max(0.0, pen * scale) : 0;
 }
 
-}  // namespace glyphwright::cli
+bool hasNoStroke(const IconAttributes& attributes) {
+  const auto& stroke = attributes.stroke;
+  return stroke && stroke->color.alpha() == 0 && stroke->width == 0;
+}
+
+}  // namespace glyphwright::rendering

@@ -1,22 +1,28 @@
-#include "icon_image.h"
-
 #include <algorithm>
 #include <cmath>
 #include <functional>
 
+#include <glyphwright/bezier_path.h>
 #include <glyphwright/platform/context.h>
 #include <glyphwright/platform/layers/gradient_layer.h>
 #include <glyphwright/platform/layers/shape_layer.h>
+#include <glyphwright/platform/screen.h>
+#include <glyphwright/rendering/bare_strokes.h>
+#include <glyphwright/rendering/icon_attributes.h>
+#include <glyphwright/rendering/icon_painter.h>
+#include <glyphwright/rendering/standalone_image.h>
 
-#include "bare_strokes.h"
-
-namespace glyphwright::cli {
+namespace glyphwright {
+namespace rendering {
 namespace {
 
-/// What `draw` puts on a clear canvas at the screen's scale; without pixels where there is no
-/// canvas of this size.
-UIImage drawn(CGSize size, const std::function<void(CGContextRef)>& draw) {
-  UIGraphicsBeginImageContextWithOptions(size, false, 0);
+UIImage painted(const UIBezierPath& path, const IconAttributes& attributes, CGFloat scale) {
+  return paintIcon(path, Placement::fromOrigin, paintOf(attributes), scale);
+}
+
+/// What `draw` puts on a clear canvas; without pixels where there is no canvas of this size.
+UIImage drawn(CGSize size, CGFloat scale, const std::function<void(CGContextRef)>& draw) {
+  UIGraphicsBeginImageContextWithOptions(size, false, scale);
   if (CGContextRef context = UIGraphicsGetCurrentContext()) draw(context);
   const auto image = UIGraphicsGetImageFromCurrentImageContext();
   UIGraphicsEndImageContext();
@@ -41,7 +47,8 @@ CGSize less(CGSize size, CGFloat both) {
 }
 
 /// The strokes painted with the gradient, as an image of the attributes' size.
-UIImage strokesOfGradient(const UIBezierPath& path, const IconAttributes& attributes, CGFloat pen) {
+UIImage strokesOfGradient(const UIBezierPath& path, const IconAttributes& attributes, CGFloat pen,
+                          CGFloat scale) {
   const CGSize room = less(attributes.size, shadowRoom(attributes));
   if (!(room.width > 0 && room.height > 0)) return {};  // the shadow leaves nothing
   UIBezierPath fitted = path;
@@ -67,68 +74,74 @@ UIImage strokesOfGradient(const UIBezierPath& path, const IconAttributes& attrib
     layer->setEndPoint(attributes.gradient->locations.back());
   }
   layer->setMask(strokes);
-  return drawn(attributes.size, [&](CGContextRef context) {
+  return drawn(attributes.size, scale, [&](CGContextRef context) {
     const CGFloat margin = shadowRoom(attributes) / 2;
     CGContextTranslateCTM(context, margin, margin);
     layer->renderInContext(context);
   });
 }
 
-UIImage withoutBorder(const UIBezierPath& path, const IconAttributes& attributes) {
-  if (!hasNoStroke(attributes) || !isBareStrokes(path.cgPath())) return path.makeImage(attributes);
+UIImage withoutBorder(const UIBezierPath& path, const IconAttributes& attributes, CGFloat scale) {
+  if (!hasNoStroke(attributes) || !isBareStrokes(path.cgPath())) {
+    return painted(path, attributes, scale);
+  }
   const CGFloat pen = ownPenWidth(path, less(attributes.size, shadowRoom(attributes)));
   IconAttributes stroked = attributes;
   stroked.insetShadow.reset();
   stroked.gradient.reset();
   stroked.stroke = IconStroke(attributes.fillColor, pen);
-  if (!attributes.gradient) return path.makeImage(stroked);
-  return drawn(attributes.size, [&](CGContextRef context) {
+  if (!attributes.gradient) return painted(path, stroked, scale);
+  return drawn(attributes.size, scale, [&](CGContextRef context) {
     fillGround(context, attributes);
     if (const auto& shadow = attributes.dropShadow) {
       CGContextSetShadowWithColor(context, shadow->offset, shadow->blur, shadow->color);
     }
     CGContextDrawImage(context, {CGPoint{}, attributes.size},
-                       strokesOfGradient(path, attributes, pen));
+                       strokesOfGradient(path, attributes, pen, scale));
   });
 }
 
 /// The ring of bare strokes: their own pen, wider by the border on either side.
-UIImage ringOfStrokes(const UIBezierPath& path, const IconAttributes& attributes, CGFloat width) {
+UIImage ringOfStrokes(const UIBezierPath& path, const IconAttributes& attributes, CGFloat width,
+                      CGFloat scale) {
   const CGFloat pen = ownPenWidth(path, less(attributes.size, 2 * width)) + 2 * width;
-  return path.makeImage({.fillColor = attributes.border->color,
-                         .backgroundColor = UIColor::clearColor(),
-                         .stroke = IconStroke(attributes.border->color, pen),
-                         .size = attributes.size});
+  return painted(path,
+                 {.fillColor = attributes.border->color,
+                  .backgroundColor = UIColor::clearColor(),
+                  .stroke = IconStroke(attributes.border->color, pen),
+                  .size = attributes.size},
+                 scale);
 }
 
-UIImage onGround(const UIBezierPath& path, const IconAttributes& attributes) {
+UIImage onGround(const UIBezierPath& path, const IconAttributes& attributes, CGFloat scale) {
   IconAttributes clear = attributes;
   clear.backgroundColor = UIColor::clearColor();
   const CGFloat width = std::trunc(attributes.border->width);
   const bool strokes = hasNoStroke(attributes) && isBareStrokes(path.cgPath());
   const CGRect whole{CGPoint{}, attributes.size};
   const CGRect within = CGRectInset(whole, width, width);
-  return drawn(attributes.size, [&](CGContextRef context) {
+  return drawn(attributes.size, scale, [&](CGContextRef context) {
     fillGround(context, attributes);
-    if (!strokes) return CGContextDrawImage(context, whole, path.makeImage(clear));
-    CGContextDrawImage(context, whole, ringOfStrokes(path, attributes, width));
+    if (!strokes) return CGContextDrawImage(context, whole, painted(path, clear, scale));
+    CGContextDrawImage(context, whole, ringOfStrokes(path, attributes, width, scale));
     if (CGRectIsEmpty(within)) return;
     clear.border.reset();
     clear.size = within.size;
-    CGContextDrawImage(context, within, withoutBorder(path, clear));
+    CGContextDrawImage(context, within, withoutBorder(path, clear, scale));
   });
 }
 
 }  // namespace
 
-bool hasNoStroke(const IconAttributes& attributes) {
-  const auto& stroke = attributes.stroke;
-  return stroke && stroke->color.alpha() == 0 && stroke->width == 0;
-}
-
-UIImage imageOf(const UIBezierPath& path, const IconAttributes& attributes) {
+UIImage standaloneImage(const UIBezierPath& path, const IconAttributes& attributes, CGFloat scale) {
   const bool ring = attributes.border && attributes.border->width >= 1;
-  return ring ? onGround(path, attributes) : withoutBorder(path, attributes);
+  return ring ? onGround(path, attributes, scale) : withoutBorder(path, attributes, scale);
 }
 
-}  // namespace glyphwright::cli
+}  // namespace rendering
+
+UIImage UIBezierPath::makeStandaloneImage(const IconAttributes& attributes) const {
+  return rendering::standaloneImage(*this, attributes, screen::scale());
+}
+
+}  // namespace glyphwright

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <glyphwright/bezier_path.h>
+#include <glyphwright/rendering/icon_attributes.h>
 
-namespace glyphwright::cli {
-
-// A drawing of bare strokes encloses nothing: a fill of it paints nothing. It is drawn with the pen
-// that it brings along, wherever nobody asks for another.
+/// A drawing of bare strokes encloses nothing: a fill of it paints nothing. It is drawn with the
+/// pen that it brings along, wherever nobody asks for another.
+namespace glyphwright::rendering {
 
 /// Whether a fill of the path paints nothing, because its outlines enclose nothing.
 bool isBareStrokes(const CGPath& path);
@@ -15,4 +15,7 @@ bool isBareStrokes(const CGPath& path);
 /// part; 0 for a path without any.
 CGFloat ownPenWidth(const UIBezierPath& path, CGSize room);
 
-}  // namespace glyphwright::cli
+/// Whether the attributes leave the outline alone: a clear stroke without width.
+bool hasNoStroke(const IconAttributes& attributes);
+
+}  // namespace glyphwright::rendering

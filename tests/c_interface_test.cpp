@@ -107,7 +107,8 @@ TEST(CInterface, DrawsIconsThatStandOnTheirOwn) {
     if (hasBorder) look.border = IconBorder(UIColor(0, 0, 1, 1), 2);
     for (const char* name : {"heartPath", "chatActionBarCloseIcon"}) {
       std::vector<std::uint8_t> drawn(48 * 48 * 4);
-      const glyphwright_buffer into = {sizeof into, GLYPHWRIGHT_RGBA_PREMULTIPLIED, drawn.data(), 48, 48, 0};
+      const glyphwright_buffer into = {
+          sizeof into, GLYPHWRIGHT_RGBA_PREMULTIPLIED, drawn.data(), 48, 48, 0};
       ASSERT_EQ(glyphwright_render(named(name).get(), &a, &into, nullptr), GLYPHWRIGHT_OK);
       const UIImage same = performSelector(name).makeStandaloneImage(look);
       EXPECT_TRUE(std::ranges::equal(drawn, same.cgImage().rgba())) << name;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <ostream>
 #include <random>
 #include <vector>
 
@@ -16,6 +17,11 @@ namespace glyphwright::raster {
 inline constexpr std::uint16_t kGuard = 0x5A5A;
 inline constexpr std::size_t kCounts[] = {1,  2,  7,  8,  9,  15, 16, 17,
                                           23, 24, 31, 32, 33, 63, 64, 100};
+
+// What a parameter is called in lists of tests.
+inline void PrintTo(const KernelSet& set, std::ostream* to) {
+  *to << set.name;
+}
 
 class RasterKernels : public testing::TestWithParam<KernelSet> {
  protected:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 
 namespace glyphwright::raster {
 namespace {
@@ -31,9 +32,15 @@ class Accumulator {
     } else {
       addNarrow(pieces);
     }
-    for (std::size_t group = 0; group * 8 < pieces.count; ++group) {
-      for (unsigned wide = pieces.wide[group]; wide != 0; wide &= wide - 1) {
-        const std::size_t i = group * 8 + static_cast<std::size_t>(std::countr_zero(wide));
+    // Seldom is any of 64 wide.
+    const std::size_t groups = (pieces.count + 7) / 8;
+    for (std::size_t from = 0; from < groups; from += 8) {
+      std::uint64_t wide = 0;
+      std::memcpy(&wide, pieces.wide + from, sizeof(wide));
+      // Bytes beyond the last group are those of earlier pieces.
+      if (groups - from < 8) wide &= (std::uint64_t{1} << 8 * (groups - from)) - 1;
+      for (; wide != 0; wide &= wide - 1) {
+        const std::size_t i = from * 8 + static_cast<std::size_t>(std::countr_zero(wide));
         addWide(pieces.xa[i], pieces.xb[i], pieces.cover[i], pieces.cell[i]);
       }
     }

@@ -29,8 +29,8 @@ class RowRuns {
   }
 
   // Edges that follow one another make a run, in whichever order they stand; few are put down.
+  // None may be level.
   void add(const Edge& e) {
-    if (e.y0 == e.y1) return;
     Run& run = runs_[e.y1 > e.y0 ? 1 : 0];
     if (e.y0 == run.end) {
       run.end = e.y1;
@@ -107,7 +107,11 @@ void OutlineEdges::finish() {
   // A stroke has a run on either side of each of the path's, but they seldom lie abreast.
   if (runs_ / 2 <= kNarrowWindingLimit || !out_.sums.empty()) return;
   RowRuns rows(out_.region.height(), outline_.rowRuns);
-  for (std::size_t i = 0; i < count_; ++i) rows.add(out_.storage[i]);
+  for (std::size_t i = 0; i < count_; ++i) {
+    const Edge& e = out_.storage[i];
+    // Rings of which nothing was dropped run up through each row as far as down.
+    if (e.y1 > e.y0 || (!isWhole_ && e.y1 < e.y0)) rows.add(e);
+  }
   runs_ = std::min(runs_, 2 * rows.most());
 }
 

@@ -43,6 +43,7 @@ AnimateOptions optionsFor(const std::string& output) {
   AnimateOptions options;
   options.name = "heartPath";
   options.output = output;
+  options.parents = true;
   options.framesPerSecond = 5;
   options.duration = 1;
   options.size = {20, 10};

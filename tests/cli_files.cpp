@@ -107,17 +107,18 @@ TEST(CliFiles, GoWhereTheyAreSentTo) {
   EXPECT_EQ(filesIn(folder), 4U);
 }
 
-TEST(CliFiles, SayWhichFolderTheyMade) {
+TEST(CliFiles, MakeFoldersOnlyWhereTheyAreAskedTo) {
   const fs::path folder = cli_test::freshFolder("folders");
   const auto render = [&](const char* name, std::vector<std::string> options) {
     options.insert(options.begin(), {"render", "xPath", "-o", (folder / name / "x.png").string()});
     return run(options);
   };
-  const Outcome made = render("new", {});
-  EXPECT_EQ(made.status, 0);
-  EXPECT_EQ(made.err, "glyphwright: made the folder " + (folder / "new").string() + "\n");
-  EXPECT_EQ(render("new", {}).err, "");
-  EXPECT_EQ(render("another", {"--parents"}).err, "");
+  const Outcome missing = render("new", {});
+  EXPECT_EQ(missing.status, 1);
+  EXPECT_NE(missing.err.find("no folder " + (folder / "new").string()), missing.err.npos);
+  EXPECT_FALSE(fs::exists(folder / "new"));
+  EXPECT_EQ(render("new", {"--parents"}).err, "");
+  EXPECT_EQ(render("new", {}).status, 0);
 }
 
 TEST(CliFiles, AClosedPipeIsAFailureAndNoCrash) {

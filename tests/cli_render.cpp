@@ -99,7 +99,7 @@ TEST(CliRender, PutsNameAndScaleIntoTheFileName) {
   const auto folder = cli_test::freshFolder("pattern");
   const std::string pattern = (folder / "deep" / "{name}@{scale}x.png").string();
   const Outcome result = run({"render", "7", "App.Shapes.Checks.checkmark", "-o", pattern,
-                              "--scale", "1,2.5", "--size", "20x10"});
+                              "--scale", "1,2.5", "--size", "20x10", "--parents"});
   ASSERT_EQ(result.status, 0) << result.err;
   for (const char* name : {"7", "App.Shapes.Checks.checkmark"}) {
     const Picture one = readPng(readFile(folder / "deep" / (std::string(name) + "@1x.png")));

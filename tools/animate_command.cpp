@@ -173,8 +173,9 @@ int runAnimate(const AnimateOptions& options, Console& console) {
   }
   const AnimatedPicture picture = renderAnimation(options, console);
   if (isClear(picture)) throw std::runtime_error("nothing to see: every frame would be clear");
-  // A folder of frames is asked for by its name.
-  if (format != Format::folder) makeFolders({&options.output, 1}, options.parents, console);
+  // A folder of frames is asked for by its name; what lies above it is not.
+  const std::string place = options.output.substr(0, options.output.find_last_not_of('/') + 1);
+  makeFolders({&place, 1}, options.parents);
   switch (format) {
     case Format::png:
       writeOutput(options.output, encodeAnimatedPng(picture), console);

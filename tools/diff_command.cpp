@@ -162,7 +162,7 @@ int runDiff(const DiffOptions& options, Console& console) {
   const Difference difference = differenceOf(a, b);
   report(options, difference, a.width * a.height, console.out);
   if (!options.output.empty()) {
-    makeFolders({&options.output, 1}, options.parents, console);
+    makeFolders({&options.output, 1}, options.parents);
     writeOutput(options.output, encodePng(3 * a.width, a.height, pictureOf(a, b)), console);
   }
   return difference.worst <= options.tolerance ? statusDone : statusFailed;

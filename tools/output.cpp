@@ -68,14 +68,17 @@ void writeOutput(const std::string& file, std::string_view text, Console& consol
               console);
 }
 
-void makeFolders(std::span<const std::string> files, bool asked, Console& console) {
+void makeFolders(std::span<const std::string> files, bool asked) {
   for (const std::string& file : files) {
     const fs::path folder = fs::path(file).parent_path();
     std::error_code error;
     if (file == "-" || folder.empty() || fs::exists(folder, error)) continue;
+    if (!asked) {
+      throw std::runtime_error("cannot write " + file + ": there is no folder " + folder.string() +
+                               "; --parents makes it");
+    }
     fs::create_directories(folder, error);
     if (error) throw std::runtime_error("cannot make " + folder.string() + ": " + error.message());
-    if (!asked) console.err << "glyphwright: made the folder " << folder.string() << '\n';
   }
 }
 

@@ -40,10 +40,9 @@ std::string expandPattern(std::string_view pattern, const PatternWords& words);
 void writeOutput(const std::string& file, std::span<const std::uint8_t> bytes, Console& console);
 void writeOutput(const std::string& file, std::string_view text, Console& console);
 
-/// Makes the folder of each file that is missing, and says so once for each, on stderr, unless
-/// `asked`: a folder that appears by itself may be a slip of the keyboard. Throws
-/// std::runtime_error.
-void makeFolders(std::span<const std::string> files, bool asked, Console& console);
+/// Makes the folder of each file that is missing if `asked`, and otherwise throws: a folder that is
+/// not there may be a slip of the keyboard. Throws std::runtime_error, too, where it cannot.
+void makeFolders(std::span<const std::string> files, bool asked);
 
 /// A line on stderr that counts up and says how much longer it will take, while it is a terminal
 /// and there is more than one step. May be used from several threads.

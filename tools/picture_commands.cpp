@@ -17,7 +17,7 @@ Compression compressionFrom(const std::string& text) {
 template <class Options>
 void addParents(CLI::App& app, const std::shared_ptr<Options>& options) {
   app.add_flag("--parents", options->parents,
-               "make folders that are missing without saying so on standard error");
+               "make the folders of the output that are missing");
 }
 
 /// How files are written.
@@ -61,7 +61,7 @@ void addRender(CLI::App& program, std::optional<Command>& command) {
   app->footer(
       "Example:\n  glyphwright render facebookLogo -o logo.png --size 64 --scale 2 --fill "
       "'#3355ff' --drop-shadow '#0008:0,3:4'\n  glyphwright render --all -o "
-      "'out/{name}@{scale}x.png' --scale 1,2,3");
+      "'out/{name}@{scale}x.png' --scale 1,2,3 --parents");
   app->callback([&command, options] {
     if (options->names.empty() && !options->all) {
       throw UsageError("render: give at least one icon, or --all");

@@ -112,7 +112,7 @@ int runPreset(const PresetOptions& options, Console& console) {
                        ": use {name} in the name of the output");
     }
   }
-  makeFolders(std::vector(files.begin(), files.end()), options.parents, console);
+  makeFolders(std::vector(files.begin(), files.end()), options.parents);
   VantelKit::Screen::setScale(options.scale);
   std::vector<std::string> errors(presets.size());
   {

@@ -99,7 +99,7 @@ int runRender(const RenderOptions& options, Console& console) {
   for (const CGFloat scale : options.scales) {
     batches.push_back(jobsFor(options, icons, scale, files));
   }
-  makeFolders(std::vector(files.begin(), files.end()), options.parents, console);
+  makeFolders(std::vector(files.begin(), files.end()), options.parents);
   std::vector<std::string> errors;
   {
     Progress progress(console, "rendering", files.size());

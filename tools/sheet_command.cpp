@@ -149,7 +149,7 @@ int runSheet(const SheetOptions& options, Console& console) {
       options.names.empty() ? allIcons() : iconsNamed(options.names, console.in);
   const Layout layout = layoutFor(options, icons);
   VantelKit::Screen::setScale(options.scale);
-  makeFolders({&options.output, 1}, options.parents, console);
+  makeFolders({&options.output, 1}, options.parents);
   const std::vector<UIImage> images = pictures(icons, options, console);
   const UIColor& ground = options.paint.attributes.backgroundColor;
   PixelSheet sheet(layout.width(), layout.height(), ground);

@@ -183,6 +183,8 @@ TEST(CliUsage, AnswersMistakesWithStatusTwoAndAHint) {
            Row{{"render", "-", "-o", "{name}.png"}, "standard input"},
            Row{{"sheet", "-o", "x.png", "--size", "8,16"}, "one size"},
            Row{{"help", "rendr"}, "did you mean render"},
+           Row{{"help", "-"}, "name one command"},
+           Row{{"help", "--"}, "name one command"},
            Row{{"render", "xPath", "-o", "x.png", "--stroke", "red:1", "--hairline"}, "excludes"},
            Row{{"sheet", "-o", "x.svg"}, ".png"},
            Row{{"gallery"}, "--output"},

@@ -65,6 +65,8 @@ std::variant<Command, HelpText> parseCommandLine(std::vector<std::string> argume
     if (program->exit(error, text, ignored) == 0) return HelpText{text.str()};
     throw UsageError(error.what() + helpHint(*program));
   }
+  // What `help` was given may be no command and no option either.
+  if (!command) throw UsageError("help: name one command" + helpHint(*program));
   return *command;
 }
 

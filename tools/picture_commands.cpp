@@ -16,8 +16,7 @@ Compression compressionFrom(const std::string& text) {
 
 template <class Options>
 void addParents(CLI::App& app, const std::shared_ptr<Options>& options) {
-  app.add_flag("--parents", options->parents,
-               "make the folders of the output that are missing");
+  app.add_flag("--parents", options->parents, "make the folders of the output that are missing");
 }
 
 /// How files are written.

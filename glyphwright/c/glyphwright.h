@@ -204,9 +204,9 @@ enum {
   GLYPHWRIGHT_DROP_SHADOW = 4,
   GLYPHWRIGHT_INSET_SHADOW = 8,
   GLYPHWRIGHT_GRADIENT = 16, /* in place of the flat fill */
-  /* As an icon that stands on its own: a drawing of bare strokes, which has nothing to fill, is drawn
-   * with the pen that it brings along where no stroke is given, and the ground lies under a border's
-   * ring, too, where the library leaves a black frame round an opaque one. */
+  /* As an icon that stands on its own: a drawing of bare strokes, which has nothing to fill, is
+   * drawn with the pen that it brings along where no stroke is given, and the ground lies under a
+   * border's ring, too, where the library leaves a black frame round an opaque one. */
   GLYPHWRIGHT_STANDALONE = 32
 };
 

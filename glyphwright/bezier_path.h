@@ -191,11 +191,11 @@ class UIBezierPath {
                                Borrowed<CALayer> backgroundLayer = {});
   /// Moves the path to the origin and renders it as `attributes` say, at the screen scale.
   UIImage makeImage(const IconAttributes& attributes) const;
-  /// The same for an icon that stands on its own, as `glyphwright render` draws it. A drawing of bare
-  /// strokes, which has nothing to fill, is drawn with the pen that it brings along, in the fill's
-  /// colour or gradient, where the stroke is clear and without width; it takes no inset shadow. And
-  /// the ground lies under a border's ring, too, where makeImage leaves a black frame round an
-  /// opaque one.
+  /// The same for an icon that stands on its own, as `glyphwright render` draws it. A drawing of
+  /// bare strokes, which has nothing to fill, is drawn with the pen that it brings along, in the
+  /// fill's colour or gradient, where the stroke is clear and without width; it takes no inset
+  /// shadow. And the ground lies under a border's ring, too, where makeImage leaves a black frame
+  /// round an opaque one.
   UIImage makeStandaloneImage(const IconAttributes& attributes) const;
   /// The same in the memory of an image that is no longer needed, as long as nobody else holds a
   /// copy of it, the library drew it and it has at least as many pixels; otherwise in new memory:

@@ -131,8 +131,9 @@ class Sweeper {
       const CGPoint after = across(way[i].heading) * half_;
       const double angle = angleBetween(before, after);
       for (const double side : {1.0, -1.0}) {
-        if (std::abs(angle) > 0.3) {
-          // Where it turns back, the pen turns on the spot.
+        if (std::abs(angle) > 0.03) {
+          // Where it turns back, or by this much between places that are no longer halved, the pen
+          // turns on the spot.
           fan(way[i].at, before * (side / half_), angle);
         } else {
           strip(way[i - 1].at, before * side, way[i].at, after * side);

@@ -54,24 +54,26 @@ Place placeOf(const CGPoint* p, double t, CGPoint fallback) {
           hasLength(heading) ? unit(heading) : fallback};
 }
 
-/// Adds what lies between two places, and the second one. Where it bends the other way, both may be
-/// heading alike, and the middle is not.
-void addBetween(const CGPoint* p, const Place& from, const Place& to, int depth, Way& way) {
+/// Adds what lies between two places, and the second one, until the heading changes by no more than
+/// `turn` from one to the next. Where it bends the other way, both may be heading alike, and the
+/// middle is not.
+void addBetween(const CGPoint* p, const Place& from, const Place& to, double turn, int depth,
+                Way& way) {
   const CGPoint step = to.at - from.at;
   const Place middle = placeOf(p, (from.t + to.t) / 2, from.heading);
   const auto turns = [&](const Place& place) {
-    return std::abs(angleBetween(place.heading, middle.heading)) > 0.012;
+    return std::abs(angleBetween(place.heading, middle.heading)) > turn;
   };
   if (depth < 4 ||
       (depth < 18 && std::hypot(step.x, step.y) > 1e-5 && (turns(from) || turns(to)))) {
-    addBetween(p, from, middle, depth + 1, way);
-    addBetween(p, middle, to, depth + 1, way);
+    addBetween(p, from, middle, turn, depth + 1, way);
+    addBetween(p, middle, to, turn, depth + 1, way);
   } else {
     way.push_back(to);
   }
 }
 
-Way wayOf(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3) {
+Way wayOf(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3, double turn) {
   const CGPoint p[] = {p0, p1, p2, p3};
   Place first{0, p0, {}};
   Place last{1, p3, {}};
@@ -84,7 +86,7 @@ Way wayOf(CGPoint p0, CGPoint p1, CGPoint p2, CGPoint p3) {
   const double bend = std::max(std::hypot(p0.x - 2 * p1.x + p2.x, p0.y - 2 * p1.y + p2.y),
                                std::hypot(p1.x - 2 * p2.x + p3.x, p1.y - 2 * p2.y + p3.y));
   Way way{first};
-  addBetween(p, first, last, bend < 1e-9 ? 18 : 0, way);
+  addBetween(p, first, last, turn, bend < 1e-9 ? 18 : 0, way);
   return way;
 }
 
@@ -249,6 +251,12 @@ SweptPen sweptPen(const CGPath& path, const StrokeStyle& style, const CGAffineTr
                   std::size_t width, std::size_t height) {
   SweptPen out{Plane(width, height), Plane(width, height)};
   Sweeper sweeper(style, toPixels, out);
+  // Where a curve begins to bend the other way its heading goes further than at the places around,
+  // by up to half a step: the end of a long pen shall not miss more than a tenth of a pixel by it.
+  const double reach =
+      style.width / 2 *
+      std::hypot(std::hypot(toPixels.a, toPixels.b), std::hypot(toPixels.c, toPixels.d));
+  const double turn = std::clamp(0.2 / reach, 0.001, 0.012);
   const auto points = path.points();
   const CGPoint* p = points.data();
   CGPoint start;
@@ -259,7 +267,7 @@ SweptPen sweptPen(const CGPath& path, const StrokeStyle& style, const CGAffineTr
   const auto add = [&](CGPoint p1, CGPoint p2, CGPoint p3) {
     isDot = true;
     if (hasLength(p1 - last) || hasLength(p2 - last) || hasLength(p3 - last)) {
-      ways.push_back(wayOf(last, p1, p2, p3));
+      ways.push_back(wayOf(last, p1, p2, p3, turn));
     }
     last = p3;
   };
